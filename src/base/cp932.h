@@ -1,0 +1,31 @@
+// Code page 932 (Shift-JIS with the Microsoft mapping), the encoding of every file of the system, and UTF-8,
+// the encoding of every text in memory. Files are converted here, whole, and split afterwards: a second byte
+// may be '\'.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zorlan {
+
+/// The UTF-8 text of bytes in code page 932. Never fails: 80, A0 and FD to FF become U+0080 and U+F8F0 to
+/// U+F8F3, a pair that the code page doesn't define becomes U+30FB (・), as Windows reads them.
+std::string Utf8FromCp932(std::string_view bytes);
+
+/// A text in code page 932, and what could not be put into it.
+struct Cp932Text {
+  std::string bytes;
+  std::string
+      lost;  // UTF-8 of the first character that the code page lacks ("?" stands for it in bytes), or empty
+};
+Cp932Text Cp932FromUtf8(std::string_view text);
+
+/// Width of a UTF-8 text in half-width columns: its length in bytes of code page 932.
+std::size_t HalfWidth(std::string_view text);
+
+/// The text with blanks in front, or behind, up to `width` half-width columns; a wider text stays as it is.
+std::string PadLeft(std::string_view text, std::size_t width);
+std::string PadRight(std::string_view text, std::size_t width);
+
+}  // namespace zorlan

@@ -1,0 +1,106 @@
+#include "base/number.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace zorlan {
+namespace {
+
+constexpr int kSignificantDigits = 15;
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+/// Length of the digits, point and digits at the front of `text`; 0 if there is no digit.
+std::size_t MantissaLength(std::string_view text) {
+  std::size_t at = 0, digits = 0;
+  bool point = false;
+  for (; at < text.size(); ++at) {
+    if (IsDigit(text[at]))
+      ++digits;
+    else if (text[at] == '.' && !point)
+      point = true;
+    else
+      break;
+  }
+  return digits == 0 ? 0 : at;
+}
+
+/// Length of "E+07" at the front of `text`, 0 if it isn't one.
+std::size_t ExponentLength(std::string_view text) {
+  if (text.empty() || std::string_view("eEdD").find(text[0]) == std::string_view::npos) return 0;
+  std::size_t at = 1;
+  if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
+  const std::size_t firstDigit = at;
+  while (at < text.size() && IsDigit(text[at])) ++at;
+  return at == firstDigit ? 0 : at;
+}
+
+double Unsigned(std::string_view digits) {
+  double value = 0;
+  const std::from_chars_result result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  // from_chars leaves the value untouched for both an overflow and an underflow; only the exponent's sign
+  // tells them apart where there is one, and without one a text of digits can only be too large.
+  const std::size_t e = digits.find('e');
+  const bool tiny = e != std::string_view::npos ? digits[e + 1] == '-'
+                                                : digits.find_first_of("123456789") > digits.find('.');
+  return tiny ? 0.0 : std::numeric_limits<double>::infinity();
+}
+
+}  // namespace
+
+double ReadReal(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(" \t");
+  if (start == std::string_view::npos) return 0;
+  text.remove_prefix(start);
+  const bool negative = text[0] == '-';
+  if (negative || text[0] == '+') text.remove_prefix(1);
+  const std::size_t mantissa = MantissaLength(text);
+  if (mantissa == 0) return 0;
+  const std::size_t exponent = ExponentLength(text.substr(mantissa));
+  double value = 0;
+  if (exponent != 0) {
+    std::string number(text.substr(0, mantissa + exponent));  // from_chars knows neither D nor a plus sign
+    number[mantissa] = 'e';
+    if (number[mantissa + 1] == '+') number.erase(mantissa + 1, 1);
+    value = Unsigned(number);
+  } else {
+    value = Unsigned(text.substr(0, mantissa));
+  }
+  return negative ? -value : value;
+}
+
+std::optional<std::int16_t> ReadInt16(std::string_view text) {
+  const double whole = std::trunc(ReadReal(text));
+  if (!(whole >= -32768 && whole <= 32767)) return std::nullopt;
+  return static_cast<std::int16_t>(whole);
+}
+
+void AppendReal(std::string& out, double value) {
+  if (value == 0) {  // minus zero too
+    out += '0';
+    return;
+  }
+  std::array<char, 32> buffer;
+  const std::to_chars_result result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                                    std::chars_format::general, kSignificantDigits);
+  out.append(buffer.data(), result.ptr);
+}
+
+void AppendPrinted(std::string& out, double value) {
+  if (!(value < 0)) out += ' ';
+  AppendReal(out, value);
+  out += ' ';
+}
+
+std::string RealText(double value) {
+  std::string text;
+  AppendReal(text, value);
+  return text;
+}
+
+}  // namespace zorlan

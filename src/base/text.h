@@ -1,0 +1,23 @@
+// Small text helpers that every floor uses. Texts are UTF-8.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zorlan {
+
+/// The text without the blanks, tabs and NUL characters around it; those inside stay, and so do full-width
+/// blanks.
+std::string_view NoSpc(std::string_view text);
+
+/// Takes the next line off `rest`, without its end (CR LF, LF or CR); nothing when `rest` is empty.
+std::optional<std::string_view> TakeLine(std::string_view& rest);
+
+/// The text with the letters a to z made A to Z.
+std::string UpperCase(std::string_view text);
+
+/// The text with the full-width letters, digits and signs (U+FF01 to U+FF5E, U+3000) made half-width.
+std::string Narrowed(std::string_view text);
+
+}  // namespace zorlan

@@ -1,0 +1,197 @@
+#include "base/text_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+#include <utility>
+
+#include "base/cp932.h"
+#include "base/fault.h"
+
+namespace zorlan {
+namespace fs = std::filesystem;
+namespace {
+
+constexpr std::size_t kDrainAt = std::size_t{1} << 18;  // bytes gathered before a write
+
+std::string ReasonOf(int error) {
+  switch (error) {
+    case ENOENT:
+      return "ファイルまたはフォルダがありません";
+    case EACCES:
+    case EPERM:
+      return "アクセスが許可されていません";
+    case EROFS:
+      return "書き込み禁止の場所です";
+    case ENOSPC:
+    case EDQUOT:
+      return "ディスクの空き容量が不足しています";
+    case EISDIR:
+      return "フォルダです";
+    case ENOTDIR:
+      return "フォルダではありません";
+    case ENAMETOOLONG:
+      return "名前が長すぎます";
+    default:
+      return std::strerror(error);
+  }
+}
+
+[[noreturn]] void Fail(const std::string& path, int error) {
+  throw FileFault(path, ReasonOf(error));
+}
+
+void WriteAll(int file, std::string_view bytes, const std::string& path) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(file, bytes.data(), bytes.size());
+    if (written < 0) {
+      if (errno == EINTR) continue;
+      Fail(path, errno);
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+}  // namespace
+
+/// A file beside `path` that is removed again unless it is renamed to it.
+class FileWriter::Neighbour {
+ public:
+  explicit Neighbour(const std::string& path) : path_(path), name_(path + ".~new") {
+    file_ = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (file_ < 0) Fail(path_, errno);
+  }
+  ~Neighbour() {
+    if (file_ >= 0) ::close(file_);
+    if (!renamed_) ::unlink(name_.c_str());
+  }
+  Neighbour(const Neighbour&) = delete;
+  Neighbour& operator=(const Neighbour&) = delete;
+
+  void Write(std::string_view bytes) { WriteAll(file_, bytes, path_); }
+  void TakePlace(bool flush) {
+    if (flush && ::fsync(file_) != 0 && errno != EINVAL) Fail(path_, errno);
+    if (::close(std::exchange(file_, -1)) != 0) Fail(path_, errno);
+    if (::rename(name_.c_str(), path_.c_str()) != 0) Fail(path_, errno);
+    renamed_ = true;
+  }
+
+ private:
+  std::string path_, name_;
+  int file_ = -1;
+  bool renamed_ = false;
+};
+
+FileFault::FileFault(const std::string& path, const std::string& reason) : Fault(path + " ： " + reason) {}
+
+fs::path NativePath(std::string_view path) {
+  return fs::path(std::u8string(path.begin(), path.end()));
+}
+
+std::string PathText(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+std::string FolderText(std::string_view folder) {
+  std::string text(folder);
+  const char separator = static_cast<char>(fs::path::preferred_separator);
+  if (!text.empty() && text.back() != separator && text.back() != '/') text += separator;
+  return text;
+}
+
+bool FileExists(std::string_view path) {
+  std::error_code ignored;  // what can't be looked at isn't there for us
+  return fs::is_regular_file(NativePath(path), ignored);
+}
+
+bool FolderExists(std::string_view path) {
+  std::error_code ignored;  // as above
+  return fs::is_directory(NativePath(path), ignored);
+}
+
+std::string ReadBytes(const std::string& path) {
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) Fail(path, errno);
+  struct stat state {};
+  std::string bytes;
+  if (::fstat(file, &state) == 0 && state.st_size > 0)
+    bytes.reserve(static_cast<std::size_t>(state.st_size) + 1);
+  int error = 0;
+  for (;;) {
+    const std::size_t have = bytes.size();
+    const std::size_t room = std::max(bytes.capacity() - have, std::size_t{1} << 16U);
+    bytes.resize(have + room);
+    const ssize_t got = ::read(file, bytes.data() + have, room);
+    bytes.resize(have + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) error = errno;
+    if (got <= 0) break;
+  }
+  ::close(file);
+  if (error != 0) Fail(path, error);
+  return bytes;
+}
+
+std::string ReadTextFile(const std::string& path) {
+  return Utf8FromCp932(ReadBytes(path));
+}
+
+void ReplaceBytes(const std::string& path, std::string_view bytes, Flush flush) {
+  FileWriter file(path);
+  file.Buffer() = bytes;
+  file.Commit(flush);
+}
+
+void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush) {
+  const Cp932Text converted = Cp932FromUtf8(text);
+  if (!converted.lost.empty())
+    throw FileFault(path, "文字 「" + converted.lost + "」 はシフトＪＩＳで表せないため、保存できません");
+  ReplaceBytes(path, converted.bytes, flush);
+}
+
+void MakeFolder(const std::string& folder) {
+  std::error_code error;
+  fs::create_directories(NativePath(folder), error);
+  if (error && !FolderExists(folder)) Fail(folder, error.value());
+}
+
+void RemoveFile(const std::string& path) {
+  if (::unlink(path.c_str()) != 0 && errno != ENOENT) Fail(path, errno);
+}
+
+void RemoveFilesIn(const std::string& folder) {
+  std::error_code error;
+  for (const fs::directory_entry& entry : fs::directory_iterator(NativePath(folder), error))
+    if (!entry.is_directory(error)) RemoveFile(PathText(entry.path()));
+}
+
+void CopyFileOver(const std::string& from, const std::string& to) {
+  FileWriter file(to);
+  file.Buffer() = ReadBytes(from);
+  file.Commit();
+}
+
+FileWriter::FileWriter(const std::string& path) : file_(std::make_unique<Neighbour>(path)) {
+  buffer_.reserve(kDrainAt + 4096);
+}
+
+FileWriter::~FileWriter() = default;
+
+void FileWriter::Drain() {
+  if (buffer_.size() < kDrainAt) return;
+  file_->Write(buffer_);
+  buffer_.clear();
+}
+
+void FileWriter::Commit(Flush flush) {
+  file_->Write(buffer_);
+  buffer_.clear();
+  file_->TakePlace(flush == Flush::Yes);
+}
+
+}  // namespace zorlan

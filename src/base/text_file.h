@@ -1,0 +1,67 @@
+// Whole files: reading, safe replacing, and a buffered writer for the large ones. Paths and texts are UTF-8;
+// the files are in code page 932 with CR LF line ends. Every failure is a FileFault that names the path and
+// the reason.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace zorlan {
+
+/// The path that a UTF-8 text names. Folders are held as text with a closing separator.
+std::filesystem::path NativePath(std::string_view path);
+std::string PathText(const std::filesystem::path& path);
+
+/// "DIR" -> "DIR/", with the platform's separator; an empty text stays empty.
+std::string FolderText(std::string_view folder);
+
+bool FileExists(std::string_view path);
+bool FolderExists(std::string_view path);
+
+/// The bytes of a file; the text of one in code page 932.
+std::string ReadBytes(const std::string& path);
+std::string ReadTextFile(const std::string& path);
+
+/// Whether a new file is flushed to the disk before it takes its name: for all that can't be made again by
+/// another run.
+enum class Flush { No, Yes };
+
+/// Writes a file anew: beside it, flushed, renamed over. When it fails the old file is still there, whole.
+void ReplaceBytes(const std::string& path, std::string_view bytes, Flush flush = Flush::Yes);
+
+/// ReplaceBytes of a text in code page 932. The text has its line ends already. A character that the code
+/// page lacks is a fault that names it, and nothing is written.
+void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush = Flush::Yes);
+
+/// Makes the folder and those above it; removes a file if it is there; removes every file directly in a
+/// folder.
+void MakeFolder(const std::string& folder);
+void RemoveFile(const std::string& path);
+void RemoveFilesIn(const std::string& folder);
+
+/// Copies a file over another, by a neighbouring name.
+void CopyFileOver(const std::string& from, const std::string& to);
+
+/// A large file written piece by piece: it takes its name only at Commit, and without it leaves nothing
+/// behind.
+class FileWriter {
+ public:
+  explicit FileWriter(const std::string& path);
+  ~FileWriter();
+  FileWriter(const FileWriter&) = delete;
+  FileWriter& operator=(const FileWriter&) = delete;
+
+  /// Bytes to come; call Drain from time to time, it writes them once they are many.
+  std::string& Buffer() { return buffer_; }
+  void Drain();
+  void Commit(Flush flush = Flush::No);
+
+ private:
+  class Neighbour;
+  std::unique_ptr<Neighbour> file_;
+  std::string buffer_;
+};
+
+}  // namespace zorlan

@@ -1,0 +1,50 @@
+// The deck: a model's sixteen tables joined into one text file, a section line before each table. "%" starts
+// a comment that runs to the end of its line, "@" in the first column of what is left starts a section.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "model/model_rec.h"
+
+namespace zorlan {
+
+/// The comma fields of a deck line, from place 1 on; a place behind the last field is the empty text, so its
+/// value is 0.
+inline constexpr int kMaxFields = 101;
+using Fields = std::array<std::string_view, kMaxFields + 1>;
+
+/// Cuts a deck line at its commas, trims each piece, and answers how many there are: a trailing comma counts
+/// as one more. The pieces point into `line`. More than kMaxFields are a Fault.
+int SplitFields(std::string_view line, Fields& fields);
+
+/// What is left of a deck line: without its comment and the blanks around it.
+std::string_view DeckLine(std::string_view line);
+
+/// Joins the table files of the work folder into a deck. `path` empty: the deck of the model in hand. With
+/// `deleteTables` each table file is removed once the deck stands. Throws FileFault; the old deck is whole
+/// then, and the tables are there.
+void SaveDeck(bool deleteTables = false, const std::string& path = {});
+
+/// Empties the work folder and splits the deck of the model in hand into table files; a missing deck leaves
+/// none. Comments are lost. (The shell keeps the path of the model in hand; it calls SaveDataPath behind
+/// this.)
+void LoadDeck();
+
+/// Reads the deck at `path` into RawModel, InpModel and CalcModel, and sets the units in force. Without the
+/// file RawModel is empty and the other two stay as they are. With `checkMode` the input check's messages are
+/// written to `InputErr.txt` in the work folder. A row with too few fields is dropped, and a spring against a
+/// direction without spring code is zeroed, in either mode. Throws Fault with file, line and words for a
+/// number that doesn't fit 16 bits, a value out of range, or a table beyond its limit; the model in hand then
+/// stays as it was.
+void ReadDeck(const std::string& path, bool checkMode = true);
+
+/// Arrays at their limits, contents kept.
+void StretchToLimits(ModelRec& model);
+
+/// From the user's units into tons, metres and radians; g in kN per t. Coordinates, temperature loads, rigid
+/// zones, forced displacements and magnifications stay; springs become t/cm and t*cm/rad.
+void ConvertToAnalysisUnits(ModelRec& model, double g);
+
+}  // namespace zorlan

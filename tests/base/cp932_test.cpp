@@ -1,0 +1,63 @@
+#include "base/cp932.h"
+
+#include <gtest/gtest.h>
+
+namespace zorlan {
+namespace {
+
+TEST(Cp932, FollowsTheMicrosoftMappingWhereMappingsDiffer) {
+  EXPECT_EQ(Utf8FromCp932("\x81\x60\x81\x7C\x81\x61\x81\x50\xFA\x55"), "～－∥￣￤");
+  EXPECT_EQ(Cp932FromUtf8("～－∥￣￤").bytes, "\x81\x60\x81\x7C\x81\x61\x81\x50\xFA\x55");
+}
+
+TEST(Cp932, ReadsAndWritesHalfWidthKatakanaInOneByte) {
+  EXPECT_EQ(Cp932FromUtf8("ｱﾟ").bytes, "\xB1\xDF");
+  EXPECT_EQ(Utf8FromCp932("\xB1\xDF"), "ｱﾟ");
+}
+
+TEST(Cp932, TakesTheCodeThatWindowsTakesWhereACharacterHasSeveral) {
+  EXPECT_EQ(Cp932FromUtf8("髙").bytes, "\xFB\xFC");
+  EXPECT_EQ(Cp932FromUtf8("ⅰ").bytes, "\xFA\x40");
+  EXPECT_EQ(Cp932FromUtf8("∵").bytes, "\x81\xE6");
+  EXPECT_EQ(Cp932FromUtf8("Ⅰ").bytes, "\x87\x54");
+}
+
+TEST(Cp932, KeepsASecondByteThatLooksLikeASeparator) {
+  EXPECT_EQ(Utf8FromCp932("\x95\x5C"), "表");
+  EXPECT_EQ(Utf8FromCp932("\x83\x5C"), "ソ");
+}
+
+TEST(Cp932, NamesTheFirstCharacterThatTheCodePageLacks) {
+  const Cp932Text text = Cp932FromUtf8("a²b€");
+  EXPECT_EQ(text.bytes, "a?b?");
+  EXPECT_EQ(text.lost, "²");
+}
+
+TEST(Cp932, NeverFailsOnForeignBytes) {
+  EXPECT_EQ(Utf8FromCp932("\x81"), "・");
+  EXPECT_EQ(Utf8FromCp932("\x81\x0D\x0A"), "・\r\n");
+  EXPECT_EQ(Utf8FromCp932("\x85\x40"), "・");
+  EXPECT_EQ(Utf8FromCp932("\xFF"), "\xEF\xA3\xB3");
+  EXPECT_EQ(Cp932FromUtf8("\xE3\x81").lost, "\xE3");
+}
+
+TEST(Cp932, EveryDefinedPairComesBackAsTheSameCharacter) {
+  for (unsigned lead = 0x81; lead <= 0xFC; ++lead)
+    for (unsigned trail = 0x40; trail <= 0xFC; ++trail) {
+      const std::string pair = {static_cast<char>(lead), static_cast<char>(trail)};
+      const std::string text = Utf8FromCp932(pair);
+      if (text.find("・") != std::string::npos) continue;
+      EXPECT_EQ(Utf8FromCp932(Cp932FromUtf8(text).bytes), text) << std::hex << lead << trail;
+    }
+}
+
+TEST(HalfWidth, CountsBytesOfTheCodePage) {
+  EXPECT_EQ(HalfWidth("abc"), 3u);
+  EXPECT_EQ(HalfWidth("節点ｱθ"), 7u);
+  EXPECT_EQ(PadLeft("節", 4), "  節");
+  EXPECT_EQ(PadRight("節", 4), "節  ");
+  EXPECT_EQ(PadLeft("abc", 2), "abc");
+}
+
+}  // namespace
+}  // namespace zorlan
