@@ -1,0 +1,53 @@
+// The four result files of an analysis: text, real after real, in t, m and rad.
+//
+// FT021   displacements: case, node row, the node's three equations
+// FT022   reactions: case, supported node in the order of FT022A, its number and three reactions
+// FT022A  cases, number of supported nodes, their numbers
+// FT031   member forces: case, element row, the seven values N(I) Q(I) M(I) N(J) Q(J) M(J) M(C)
+//
+// A reader splits at blanks, commas and line ends. Folders are texts with a closing separator.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace zorlan {
+
+inline constexpr int kForcesPerElement = 7;
+
+/// Place of a value in FT031, counted from 0: case and element row from 1, position 1 to 7.
+constexpr std::size_t ForcePlace(int loadCase, int elements, int elementRow, int position) {
+  return (static_cast<std::size_t>(loadCase - 1) * static_cast<std::size_t>(elements) +
+          static_cast<std::size_t>(elementRow - 1)) *
+             kForcesPerElement +
+         static_cast<std::size_t>(position - 1);
+}
+
+/// Reactions of all cases. Reaction d (0 to 2) of support s (from 0) in case c (from 1) stands at ((c-1)
+/// supports + s) 3 + d.
+struct Reactions {
+  int cases = 0;
+  std::vector<int> nodes;      // numbers of the supported nodes, in the order of the files
+  std::vector<double> values;  // t, t*m
+};
+
+/// Numbers of a result file; the file must hold at least `count` of them, what follows is left. Throws Fault:
+/// missing file, early end, no number.
+std::vector<double> ReadReals(const std::string& path, std::size_t count);
+
+/// FT022A and FT022 of a folder.
+Reactions ReadReactions(const std::string& folder);
+
+/// Writes FT021 (a real a line).
+void WriteDisplacements(const std::string& folder, std::span<const double> values);
+/// Writes FT031 (a real a line).
+void WriteForces(const std::string& folder, std::span<const double> values);
+
+/// How a record of FT022 is grouped: one line of four numbers, or four lines (as the merge writes it).
+enum class ReactionLines { One, Four };
+/// Writes FT022 and FT022A.
+void WriteReactions(const std::string& folder, const Reactions& reactions, ReactionLines lines);
+
+}  // namespace zorlan
