@@ -51,9 +51,8 @@ constexpr Command kCommands[] = {
 
 ExitCode RunOnDeck(const Command& command, const std::string& deck) {
   try {
-    if (FolderExists(deck)) throw FileFault(deck, "フォルダです");
     if (!FileExists(deck)) {
-      Tell(deck + " ： 入力データファイルがありません");
+      Tell(deck + (FolderExists(deck) ? " ： フォルダです" : " ： 入力データファイルがありません"));
       return kUsage;
     }
     SetModelInHand(deck);
