@@ -1,5 +1,9 @@
 #include "commands.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
@@ -32,10 +36,31 @@ void SetModelInHand(const std::string& deck) {
   ModelFile = deck.substr(nameAt);
 }
 
+/// Holds a deck while its results are written: who wants to write them at the same time waits. Where the file
+/// system has no locks nobody waits.
+class DeckHeld {
+ public:
+  explicit DeckHeld(const std::string& deck) : file_(::open(deck.c_str(), O_RDONLY | O_CLOEXEC)) {
+    while (file_ >= 0 && ::flock(file_, LOCK_EX) != 0 && errno == EINTR) {
+      ThrowIfInterrupted();
+    }
+  }
+  ~DeckHeld() {
+    if (file_ >= 0) ::close(file_);
+  }
+  DeckHeld(const DeckHeld&) = delete;
+  DeckHeld& operator=(const DeckHeld&) = delete;
+
+ private:
+  int file_;
+};
+
 ExitCode Analyze(const Request&) {
+  const DeckHeld held(DeckPath());
   const auto start = std::chrono::steady_clock::now();
   if (RunStaticAnalysis() == kFalse) {
-    Tell(DeckPath() + " ： 解析できませんでした");
+    const bool empty = RawModel.NodeCount == 0;
+    Tell(DeckPath() + " ： 解析できませんでした" + (empty ? "（節点データを１行も読み込めません）" : ""));
     return kFailed;
   }
   TellSummary(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());

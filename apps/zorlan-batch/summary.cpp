@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include <iterator>
+#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -41,7 +41,9 @@ std::string_view RoadName(Road road) {
 }
 
 std::string Cell(double value, std::size_t width) {
-  return PadLeft(FormatNumber(value, kThreeDecimals), width);
+  constexpr double kTooWide = 1e8;
+  const bool wide = !(std::abs(value) < kTooWide);
+  return PadLeft(wide ? fmt::format("{:.3e}", value) : FormatNumber(value, kThreeDecimals), width);
 }
 
 /// A line a case; in a grid the only direction is Z.
