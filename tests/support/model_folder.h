@@ -47,7 +47,7 @@ class ModelFolderTest : public testing::Test {
 
   /// Writes a text, given with LF, as a file of the system: code page 932, CR LF.
   static void Write(const std::string& path, std::string_view text) {
-    ReplaceBytes(path, Cp932FromUtf8(CrLf(text)).bytes);
+    ReplaceBytes(path, Cp932FromUtf8(CrLf(text)).bytes, Flush::No);
   }
   /// A table file of the work folder; the deck of the model in hand.
   static void WriteTable(const std::string& key, std::string_view text) { Write(WorkPath + key, text); }
