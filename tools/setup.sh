@@ -48,8 +48,11 @@ build() {
   fi
   local targets=()
   [[ $# -gt 0 ]] && targets=(--target "$@")
-  local quiet=(-- --quiet)
-  [[ -t 1 ]] && quiet=() # on a terminal ninja's line of progress
   echo "Building ($preset)"
-  cmake --build --preset "$preset" "${targets[@]}" "${quiet[@]}"
+  local command=(cmake --build --preset "$preset" "${targets[@]}")
+  if [[ -t 1 ]]; then
+    "${command[@]}" # ninja shows its progress
+  else
+    "${command[@]}" > "$folder/build.log" 2>&1 || { cat "$folder/build.log"; exit 1; }
+  fi
 }

@@ -168,7 +168,7 @@ void DieBySignal(int signal) {
 void PrintError(std::string_view line) {
   TheProgressLine().Wipe();
   const std::string text = std::string(line) + "\n";
-  std::fputs(text.c_str(), stderr);
+  std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
 }  // namespace zorlan::batch

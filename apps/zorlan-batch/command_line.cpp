@@ -53,19 +53,16 @@ std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
   app.add_option("--documents", request.documents, "ドキュメントフォルダ（断面テーブルの場所）")
       ->type_name("DIR")
       ->group(kOptionGroup);
-  const auto addCommand = [&](const char* name, const char* description) {
-    CLI::App* const command = app.add_subcommand(name, description);
-    command->group("コマンド");
-    command->fallthrough();
-    addCommon(*command);
-    command->callback([&request, name] { request.command = name; });
-    command->add_option("DECK", request.decks, "入力データファイル <model>.inp（いくつでも）")
+  for (const Command& command : Commands()) {
+    CLI::App* const level = app.add_subcommand(command.name, command.description);
+    level->group("コマンド");
+    level->fallthrough();
+    addCommon(*level);
+    level->callback([&request, &command] { request.command = &command; });
+    level->add_option("DECK", request.decks, "入力データファイル <model>.inp（いくつでも）")
         ->required()
         ->type_name("");
-    return command;
-  };
-  addCommand("analyze", "静解析を行い、<model>.ANA と <model>.out を作成します");
-  addCommand("check", "入力データのエラーチェックを行います");
+  }
 
   try {
     app.parse(argc, argv);

@@ -1,16 +1,24 @@
 #include "commands.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 
+#include "analysis/static_analysis.h"
 #include "base/fault.h"
 #include "base/host.h"
 #include "base/text_file.h"
 #include "batch_host.h"
 #include "model/deck.h"
 #include "model/model_state.h"
+#include "section_tables.h"
+#include "summary.h"
 
 namespace zorlan::batch {
 namespace {
@@ -28,7 +36,38 @@ void SetModelInHand(const std::string& deck) {
   ModelFile = deck.substr(nameAt);
 }
 
-ExitCode Check() {
+/// Holds a deck while its results are written: who wants to write them at the same time waits. Where the file
+/// system has no locks nobody waits.
+class DeckHeld {
+ public:
+  explicit DeckHeld(const std::string& deck) : file_(::open(deck.c_str(), O_RDONLY | O_CLOEXEC)) {
+    while (file_ >= 0 && ::flock(file_, LOCK_EX) != 0 && errno == EINTR) {
+      ThrowIfInterrupted();
+    }
+  }
+  ~DeckHeld() {
+    if (file_ >= 0) ::close(file_);
+  }
+  DeckHeld(const DeckHeld&) = delete;
+  DeckHeld& operator=(const DeckHeld&) = delete;
+
+ private:
+  int file_;
+};
+
+ExitCode Analyze(const Request&) {
+  const DeckHeld held(DeckPath());
+  const auto start = std::chrono::steady_clock::now();
+  if (RunStaticAnalysis() == kFalse) {
+    const bool empty = RawModel.NodeCount == 0;
+    Tell(DeckPath() + " ： 解析できませんでした" + (empty ? "（節点データを１行も読み込めません）" : ""));
+    return kFailed;
+  }
+  TellSummary(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+  return kDone;
+}
+
+ExitCode Check(const Request&) {
   ReadDeck(DeckPath(), /*checkMode=*/true);
   std::string text = ReadTextFile(WorkPath + "InputErr.txt");
   if (text.empty()) {
@@ -40,23 +79,19 @@ ExitCode Check() {
   return kFailed;
 }
 
-struct Command {
-  std::string_view name;
-  ExitCode (*run)();
-};
-
 constexpr Command kCommands[] = {
-    {"check", Check},
+    {"analyze", "静解析を行い、<model>.ANA と <model>.out を作成します", Analyze},
+    {"check", "入力データのエラーチェックを行います", Check},
 };
 
-ExitCode RunOnDeck(const Command& command, const std::string& deck) {
+ExitCode RunOnDeck(const Request& request, const std::string& deck) {
   try {
     if (!FileExists(deck)) {
       Tell(deck + (FolderExists(deck) ? " ： フォルダです" : " ： 入力データファイルがありません"));
       return kUsage;
     }
     SetModelInHand(deck);
-    return command.run();
+    return request.command->run(request);
   } catch (const std::bad_alloc&) {
     Tell(deck + " ： メモリが不足しています");
   } catch (const std::exception& fault) {
@@ -67,12 +102,16 @@ ExitCode RunOnDeck(const Command& command, const std::string& deck) {
 
 }  // namespace
 
+std::span<const Command> Commands() {
+  return kCommands;
+}
+
 ExitCode RunCommand(const Request& request) {
-  const auto* const command = std::ranges::find(kCommands, std::string_view(request.command), &Command::name);
+  FindSectionTables(request.documents);
   ExitCode gravest = kDone;
   for (const std::string& deck : request.decks) {
     ThrowIfInterrupted();
-    gravest = std::max(gravest, RunOnDeck(*command, deck));
+    gravest = std::max(gravest, RunOnDeck(request, deck));
   }
   return gravest;
 }
