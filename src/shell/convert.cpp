@@ -87,6 +87,7 @@ class OldValues {
   /// The next `count` values with commas between.
   std::vector<std::string> NextRecord(int count) {
     std::vector<std::string> record;
+    record.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) record.emplace_back(Next());
     return record;
   }

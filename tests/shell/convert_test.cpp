@@ -1,5 +1,7 @@
 #include "shell/convert.h"
 
+#include <random>
+
 #include "base/host.h"
 #include "model/deck.h"
 #include "support/model_folder.h"
@@ -183,6 +185,27 @@ TEST(ConvertedDeck, TheLoadRowsOfAllCasesShareTheTablesLimit) {
   std::string text = "2\n600\n";
   for (int r = 0; r < 600; ++r) text += "1,0,0,0\n";
   EXPECT_THAT(FaultOf([&] { Converted(Model({{4, (text + "401\n").c_str()}})); }), HasSubstr("（603行目）"));
+}
+
+TEST(ConvertedDeck, WhateverTheFilesHoldADeckOrAFaultComesOfIt) {
+  constexpr std::string_view kCharacters = "0123,,,,\n\n.-+eE %@\"x節\x1A";
+  std::mt19937 random(77);
+  int decks = 0;
+  for (int trial = 0; trial < 3000; ++trial) {
+    OldModel model;
+    for (const int number : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 77}) {
+      if (random() % 4 != 0) continue;
+      std::string text = std::to_string(random() % 3) + "\n";
+      for (std::size_t n = random() % 40; n > 0; --n)
+        text += kCharacters[random() % (random() % 2 ? 8 : kCharacters.size())];
+      model[number] = {"ft", text};
+    }
+    const std::string fault =
+        FaultOf([&] { decks += ConvertedDeck(model).ends_with("9.80665\r\n\r\n") ? 1 : 0; });
+    EXPECT_TRUE(fault.empty() || fault.starts_with("ft （")) << "trial " << trial << ": " << fault;
+  }
+  EXPECT_GT(decks, 100);  // both outcomes were met
+  EXPECT_LT(decks, 2900);
 }
 
 /// Records what is told and asked, and gives the answers of a script.

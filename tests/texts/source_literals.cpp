@@ -60,7 +60,7 @@ class LiteralReader {
     const std::size_t open = rest_.find('(');
     const std::string close = ")" + std::string(rest_.substr(2, open - 2)) + "\"";
     const std::size_t end = End(close, open);
-    const std::string text(rest_.substr(open + 1, end - close.size() - open - 1));
+    std::string text(rest_.substr(open + 1, end - close.size() - open - 1));
     Skip(end);
     return text;
   }
