@@ -6,6 +6,8 @@ std::string AnalysisError, AnalysisErrorDetail;
 double PivotTolerance = 1e-20;
 ModelRec SavedCalcModel;
 
-std::string StageNote(std::string_view stage) { return "エラー発生（IN " + std::string(stage) + "）"; }
+std::string StageNote(std::string_view stage) {
+  return "エラー発生（IN " + std::string(stage) + "）";
+}
 
 }  // namespace zorlan

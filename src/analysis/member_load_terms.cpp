@@ -32,8 +32,8 @@ double Divisor(double span) {
   return span;
 }
 
-// Each routine gives Ci, Cj (when asked for), Mo, Qi, Qj with both ends fixed for moments, as a simple beam for shears.
-// The tables of fixed-end moments that engineers know, in the order of their formulas.
+// Each routine gives Ci, Cj (when asked for), Mo, Qi, Qj with both ends fixed for moments, as a simple beam
+// for shears. The tables of fixed-end moments that engineers know, in the order of their formulas.
 
 void Symmetric(LoadTerms& t, double Mo, double Q) {
   t.Cj = -t.Ci;
@@ -117,8 +117,8 @@ LoadTerms EndParts(const SpanLoad& s) {
   return t;
 }
 
-// The decimal constants of the two triangles have seven and six digits and are not a thirtieth: results are compared to
-// the last printed digit.
+// The decimal constants of the two triangles have seven and six digits and are not a thirtieth: results are
+// compared to the last printed digit.
 LoadTerms TriangleToJ(const SpanLoad& s) {
   LoadTerms t;
   if (s.moments) {
@@ -165,8 +165,9 @@ struct TypeFormula {
   Formula formula;
 };
 constexpr TypeFormula kFormulasWithLength[] = {
-    {1, OnePoint},   {2, TwoPoints},  {10, Trapezoid}, {11, Type11},      {12, Type12},      {13, Type13},
-    {14, MiddlePart}, {15, EndParts}, {16, TriangleToJ}, {17, TriangleToI}, {18, TriangleToMiddle},
+    {1, OnePoint},     {2, TwoPoints},    {10, Trapezoid},        {11, Type11},
+    {12, Type12},      {13, Type13},      {14, MiddlePart},       {15, EndParts},
+    {16, TriangleToJ}, {17, TriangleToI}, {18, TriangleToMiddle},
 };
 
 LoadTerms SpanTerms(int type, const SpanLoad& load) {
@@ -247,8 +248,8 @@ LoadTerms TemperatureTerms(const TlodRec& load, const Member& member, bool grid)
   LoadTerms t = TemperatureAxialTerms(load, member);
   const double depth = kDepthPerY1 * load.Y1;
   if (depth == 0)
-    throw Fault("温度荷重 ： 荷重ケース " + std::to_string(load.loadCase) + " 要素番号 " + std::to_string(load.element) +
-                " のＹ１が０です");
+    throw Fault("温度荷重 ： 荷重ケース " + std::to_string(load.loadCase) + " 要素番号 " +
+                std::to_string(load.element) + " のＹ１が０です");
   if (member.TakesEndMoments()) {
     const double moment = member.section.E * member.section.I * load.alpha * (load.T1 - load.T2) / depth;
     t.Ci = grid ? moment : -moment;

@@ -18,7 +18,8 @@ constexpr int kLastType = 12;
 /// The section constants of each row that an element uses; the others stay empty.
 class SectionCache {
  public:
-  explicit SectionCache(const ModelRec& model) : model_(model), known_(static_cast<std::size_t>(model.SectCount) + 1) {}
+  explicit SectionCache(const ModelRec& model)
+      : model_(model), known_(static_cast<std::size_t>(model.SectCount) + 1) {}
   const MemberSection& Of(int row) {
     Entry& entry = known_[static_cast<std::size_t>(row)];
     if (!entry.filled) entry = {true, SectionOf(model_.Sect[row])};
@@ -51,8 +52,8 @@ MemberSection SectionOf(const SectRec& section) {
   if (section.TYPE < 0 || section.TYPE > kLastType)
     throw Fault("断面番号 " + std::to_string(section.number) + " ： TYPE " + std::to_string(section.TYPE) +
                 " は定義されていません");
-  const SectionConstants constants = SectionProperties(section.TYPE, section.timberSection, section.P1, section.P2,
-                                                       section.P3, section.P4, kMmPerM);
+  const SectionConstants constants = SectionProperties(section.TYPE, section.timberSection, section.P1,
+                                                       section.P2, section.P3, section.P4, kMmPerM);
   MemberSection result;
   result.A = constants.A;
   result.As = constants.As;
@@ -105,7 +106,8 @@ std::vector<Member> CollectMembers(const ModelRec& model) {
     member.II = element.II;
     member.JJ = element.JJ;
     const int sectionRow = sections.Row(element.section);
-    if (sectionRow == 0) FailElement(element, "断面番号 " + std::to_string(element.section) + " が存在しません");
+    if (sectionRow == 0)
+      FailElement(element, "断面番号 " + std::to_string(element.section) + " が存在しません");
     member.section = cache.Of(sectionRow);
     if (const int rigid = element.rigid == 0 ? 0 : rigids.Row(element.rigid); rigid != 0) {
       member.lambdaI = model.Rigd[rigid].lambdaI;
@@ -117,15 +119,16 @@ std::vector<Member> CollectMembers(const ModelRec& model) {
 }
 
 std::vector<NodeSpring> CollectSprings(const ModelRec& model) {
-  constexpr double kPerMFromPerCm = 100;     // t/cm -> t/m
-  constexpr double kTonMFromTonCm = 0.01;    // t*cm/rad -> t*m/rad
+  constexpr double kPerMFromPerCm = 100;   // t/cm -> t/m
+  constexpr double kTonMFromTonCm = 0.01;  // t*cm/rad -> t*m/rad
   const double second = model.ModelCode == kPlaneGrid ? kTonMFromTonCm : kPerMFromPerCm;
   const NumberMap nodes(model.Node, model.NodeCount);
   std::vector<NodeSpring> springs;
   for (int r = 1; r <= model.SprgCount; ++r) {
     const SprgRec& spring = model.Sprg[r];
     const int row = nodes.Row(spring.node);
-    if (row != 0) springs.push_back({row, {kPerMFromPerCm * spring.K1, second * spring.K2, kTonMFromTonCm * spring.K3}});
+    if (row != 0)
+      springs.push_back({row, {kPerMFromPerCm * spring.K1, second * spring.K2, kTonMFromTonCm * spring.K3}});
   }
   return springs;
 }

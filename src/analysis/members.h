@@ -1,5 +1,5 @@
-// What the analysis knows of a model, gathered once from CalcModel: rows in place of numbers, and the section constants of
-// each member. t, m, rad throughout.
+// What the analysis knows of a model, gathered once from CalcModel: rows in place of numbers, and the section
+// constants of each member. t, m, rad throughout.
 #pragma once
 
 #include <array>
@@ -16,7 +16,8 @@ struct MemberSection {
   double kappa = 1;  // shear shape factor
   double I = 0;      // inertia of the working axis, times the stiffness increase factor for TYPE 1 and above
   double E = 0, G = 0;
-  double P2 = 0;  // the section's second field: a member whose section has none carries no end moments from its loads
+  double P2 =
+      0;  // the section's second field: a member whose section has none carries no end moments from its loads
 };
 
 /// Section constants of a row of CalcModel's section table. Throws Fault for a TYPE that doesn't exist.
@@ -43,14 +44,15 @@ struct NodeSpring {
   std::array<double, 3> k{};
 };
 
-/// The rows of a table by number, as the analysis looks them up: of doubles the last one counts, and a number outside 0 to
-/// 5000 is unknown.
+/// The rows of a table by number, as the analysis looks them up: of doubles the last one counts, and a number
+/// outside 0 to 5000 is unknown.
 class NumberMap {
  public:
   template <class Record>
   NumberMap(const Rows<Record>& rows, int count) : row_(kHighestNumber + 1) {
     for (int r = 1; r <= count; ++r)
-      if (InRange(rows[r].number)) row_[static_cast<std::size_t>(rows[r].number)] = static_cast<std::uint16_t>(r);
+      if (InRange(rows[r].number))
+        row_[static_cast<std::size_t>(rows[r].number)] = static_cast<std::uint16_t>(r);
   }
   /// 0 if the number is unknown.
   int Row(int number) const { return InRange(number) ? row_[static_cast<std::size_t>(number)] : 0; }
@@ -61,16 +63,18 @@ class NumberMap {
   std::vector<std::uint16_t> row_;
 };
 
-/// The frame magnification at a point: the factor of the first row [X1, X2] in which x lies within the tolerance, else 1.
+/// The frame magnification at a point: the factor of the first row [X1, X2] in which x lies within the
+/// tolerance, else 1.
 double MagnificationAt(const ModelRec& model, double x, double tolerance);
 /// The factor of the first row in which both points lie, else 1.
 double MagnificationBetween(const ModelRec& model, double xi, double xj, double tolerance);
 
-inline constexpr double kMagnificationToleranceFileRoad = 0.01;      // m; the two roads differ on purpose:
-inline constexpr double kMagnificationToleranceInMemoryRoad = 1e-6;  // a node 5 mm outside is inside on the file road
+inline constexpr double kMagnificationToleranceFileRoad = 0.01;  // m; the two roads differ on purpose:
+inline constexpr double kMagnificationToleranceInMemoryRoad =
+    1e-6;  // a node 5 mm outside is inside on the file road
 
-/// Every element as a Member, in table order (index 0 is row 1). Throws Fault naming the element for an unknown node, an
-/// unknown section, or a length of 0, and the node for a number outside 0 to 5000.
+/// Every element as a Member, in table order (index 0 is row 1). Throws Fault naming the element for an
+/// unknown node, an unknown section, or a length of 0, and the node for a number outside 0 to 5000.
 std::vector<Member> CollectMembers(const ModelRec& model);
 
 /// Every row of the spring table on a known node, in table order.

@@ -10,7 +10,9 @@
 namespace zorlan {
 namespace {
 
-constexpr bool IsSeparator(char c) { return c == ' ' || c == ',' || c == '\r' || c == '\n' || c == '\t'; }
+constexpr bool IsSeparator(char c) {
+  return c == ' ' || c == ',' || c == '\r' || c == '\n' || c == '\t';
+}
 
 /// Free-form number input over a file's text.
 class NumberReader {
@@ -33,7 +35,8 @@ class NumberReader {
   /// A whole number from 0 to `limit`.
   int NextCount(int limit) {
     const double value = Next();
-    if (value < 0 || value > limit || value != std::trunc(value)) throw FileFault(path_, "データの個数が正しくありません");
+    if (value < 0 || value > limit || value != std::trunc(value))
+      throw FileFault(path_, "データの個数が正しくありません");
     return static_cast<int>(value);
   }
 
@@ -84,7 +87,9 @@ void WriteDisplacements(const std::string& folder, std::span<const double> value
   WriteLines(folder + "FT021", values);
 }
 
-void WriteForces(const std::string& folder, std::span<const double> values) { WriteLines(folder + "FT031", values); }
+void WriteForces(const std::string& folder, std::span<const double> values) {
+  WriteLines(folder + "FT031", values);
+}
 
 void WriteReactions(const std::string& folder, const Reactions& reactions, ReactionLines lines) {
   const std::string_view separator = lines == ReactionLines::Four ? "\r\n" : "";
@@ -103,7 +108,8 @@ void WriteReactions(const std::string& folder, const Reactions& reactions, React
     }
   file.Commit();
 
-  std::vector<double> index = {static_cast<double>(reactions.cases), static_cast<double>(reactions.nodes.size())};
+  std::vector<double> index = {static_cast<double>(reactions.cases),
+                               static_cast<double>(reactions.nodes.size())};
   index.insert(index.end(), reactions.nodes.begin(), reactions.nodes.end());
   WriteLines(folder + "FT022A", index);
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/result_files.h"
+#include "analysis/trust.h"
 #include "model/model_rec.h"
 
 namespace zorlan {
@@ -34,31 +35,15 @@ std::int16_t HasForcedDisplacement(int loadCase);
 /// Nodes with a code that is not 0, or with a forced displacement in this load case; each counts once.
 int CountSupports(const ModelRec& model, int loadCase);
 
-/// Which road the last run took, for who tells the user.
-enum class Road { None, InMemory, File, External };
-Road LastRoad();
+/// Which solver a run took.
+enum class Road { InMemory, File, External };
 
-/// Results of several runs, case by case, as the external road gathers them.
-struct MergedResults {
-  MergedResults(int caseCount, int nodeCount, int elementCount);
-  int cases, nodes, elements;
-  std::vector<double> displacements;  // case, node row, 3
-  std::vector<double> forces;         // case, element row, 7
-  std::vector<int> supports;          // node numbers in the order met
-  /// Place of a node in `supports` (from 0), appended if it is new.
-  int SupportPlace(int node);
-  /// The three reactions of support place s in a case (from 1).
-  double* Reaction(int loadCase, int supportPlace);
-
- private:
-  std::vector<double> reactions_;  // case, support place, 3; stretched as supports come
+/// What the last successful run did, for who tells the user.
+struct AnalysisReport {
+  int nodes = 0, elements = 0, cases = 0;
+  Road road = Road::InMemory;
+  std::vector<CaseTrust> trust;  // a case each, of the in-program solver
 };
-
-/// Takes one case (from 1) out of FT021, FT022 and FT031 in AnalysisPath. The reaction of a node with a code
-/// 3 or 23 in CalcModel is the sum of the member end forces that meet it.
-void CollectCaseResults(int loadCase, MergedResults& results);
-
-/// Writes the four result files of AnalysisPath, supported nodes in ascending order of number.
-void WriteMergedResults(const MergedResults& results);
+const AnalysisReport& LastAnalysis();
 
 }  // namespace zorlan

@@ -1,8 +1,10 @@
 #include "base/number.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 
 namespace zorlan {
@@ -39,16 +41,25 @@ std::size_t ExponentLength(std::string_view text) {
   return at == firstDigit ? 0 : at;
 }
 
-double Unsigned(std::string_view digits) {
+/// Whether "DIGITS.DIGITSe-07" is below 1: by the place of its first digit that counts, and the exponent.
+bool IsBelowOne(std::string_view number) {
+  const std::string_view mantissa = number.substr(0, number.find('e'));
+  const auto point = static_cast<std::ptrdiff_t>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto first = static_cast<std::ptrdiff_t>(mantissa.find_first_of("123456789"));
+  std::ptrdiff_t exponent = 0;
+  if (mantissa.size() < number.size()) {
+    const std::string_view digits = number.substr(mantissa.size() + 1);
+    if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
+      return digits[0] == '-';
+  }
+  return point - first + exponent <= 0;
+}
+
+double Unsigned(std::string_view number) {
   double value = 0;
-  const std::from_chars_result result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  const std::from_chars_result result = std::from_chars(number.data(), number.data() + number.size(), value);
   if (result.ec != std::errc::result_out_of_range) return value;
-  // from_chars leaves the value untouched for both an overflow and an underflow; only the exponent's sign
-  // tells them apart where there is one, and without one a text of digits can only be too large.
-  const std::size_t e = digits.find('e');
-  const bool tiny = e != std::string_view::npos ? digits[e + 1] == '-'
-                                                : digits.find_first_of("123456789") > digits.find('.');
-  return tiny ? 0.0 : std::numeric_limits<double>::infinity();
+  return IsBelowOne(number) ? 0.0 : std::numeric_limits<double>::infinity();
 }
 
 }  // namespace

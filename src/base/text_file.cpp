@@ -164,6 +164,10 @@ void RemoveFile(const std::string& path) {
   if (::unlink(path.c_str()) != 0 && errno != ENOENT) Fail(path, errno);
 }
 
+void RenameFile(const std::string& from, const std::string& to) {
+  if (::rename(from.c_str(), to.c_str()) != 0) Fail(from, errno);
+}
+
 void RemoveFilesIn(const std::string& folder) {
   std::error_code error;
   for (const fs::directory_entry& entry : fs::directory_iterator(NativePath(folder), error))

@@ -41,6 +41,9 @@ void MakeFolder(const std::string& folder);
 void RemoveFile(const std::string& path);
 void RemoveFilesIn(const std::string& folder);
 
+/// Gives a file another name in the same file system; a file of that name is replaced.
+void RenameFile(const std::string& from, const std::string& to);
+
 /// Copies a file over another, by a neighbouring name.
 void CopyFileOver(const std::string& from, const std::string& to);
 

@@ -80,7 +80,12 @@ void LoadDeck() {
       table->append(line).append("\r\n");
     }
   }
-  for (const auto& [name, contents] : tables) ReplaceTextFile(WorkPath + name, contents, Flush::No);
+  try {
+    for (const auto& [name, contents] : tables) ReplaceTextFile(WorkPath + name, contents, Flush::No);
+  } catch (const Fault&) {
+    ClearWork();  // half a model in the work folder would be saved over the whole deck
+    throw;
+  }
 }
 
 }  // namespace zorlan

@@ -29,15 +29,15 @@ void SaveDeck(bool deleteTables = false, const std::string& path = {});
 
 /// Empties the work folder and splits the deck of the model in hand into table files; a missing deck leaves
 /// none. Comments are lost. (The shell keeps the path of the model in hand; it calls SaveDataPath behind
-/// this.)
+/// this.) Throws FileFault; the work folder is empty then.
 void LoadDeck();
 
 /// Reads the deck at `path` into RawModel, InpModel and CalcModel, and sets the units in force. Without the
-/// file RawModel is empty and the other two stay as they are. With `checkMode` the input check's messages are
-/// written to `InputErr.txt` in the work folder. A row with too few fields is dropped, and a spring against a
-/// direction without spring code is zeroed, in either mode. Throws Fault with file, line and words for a
-/// number that doesn't fit 16 bits, a value out of range, or a table beyond its limit; the model in hand then
-/// stays as it was.
+/// file RawModel is empty and all else stays as it was. With `checkMode` the input check's messages are
+/// written to `InputErr.txt` in the work folder, in place of a former check's. A row with too few fields is
+/// dropped, and a spring against a direction without spring code is zeroed, in either mode. Throws Fault with
+/// file, line and words for a number that doesn't fit 16 bits, a value out of range, or a table beyond its
+/// limit; RawModel is empty then, and InpModel, CalcModel and the units stay as they were.
 void ReadDeck(const std::string& path, bool checkMode = true);
 
 /// Arrays at their limits, contents kept.

@@ -181,6 +181,7 @@ void DeckReader::ReadElement(const Row& row) {
   } else {
     const double dx = j->X - i->X, dy = j->Y - i->Y;
     element.length = std::sqrt(dx * dx + dy * dy);
+    if (!std::isfinite(element.length)) throw Fault("部材長が数値の範囲を超えています");
     if (element.length == 0) messages_.AboutLine(kElementLength, row.Line());
   }
   Append(model_.Elem, model_.ElemCount, kMaxElements, element);
@@ -348,6 +349,7 @@ void ConvertToAnalysisUnits(ModelRec& model, double g) {
 void ReadDeck(const std::string& path, bool checkMode) {
   RawModel = ModelRec();
   RawModel.SIFactor = kStandardGravity;
+  if (checkMode) RemoveFile(WorkPath + "InputErr.txt");
   if (!FileExists(path)) return;
 
   CheckMessages messages(checkMode);

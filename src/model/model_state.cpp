@@ -60,6 +60,7 @@ void StretchToLimits(ModelRec& model) {
 }
 
 void InitModelDefaults() {
+  InpModel = ModelRec();
   StretchToLimits(InpModel);
   InpModel.Title = "新規";
   InpModel.SubTitle = "New";

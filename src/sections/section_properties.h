@@ -16,9 +16,9 @@ struct SectionConstants {
   double I = 0;           // second moment about the axis that the TYPE bends about
 };
 
-/// TYPE 0 to 12. `name` is the timber section name. `scale` takes the fields to mm (1000 for m): a section
-/// that stands in the steel or timber tables answers with its row, in the unit of the fields; any other by
-/// its formula.
+/// TYPE 0 to 12; any other answers zeros. `name` is the timber section name. `scale` takes the fields to mm
+/// (1000 for m): a section that stands in the steel or timber tables answers with its row, in the unit of the
+/// fields; any other by its formula.
 SectionConstants SectionProperties(int type, std::string_view name, double P1, double P2, double P3,
                                    double P4, double scale);
 

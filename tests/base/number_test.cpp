@@ -38,6 +38,11 @@ TEST(ReadReal, MakesTheOutOfRangeInfiniteAndTheTinyZero) {
   EXPECT_EQ(ReadReal("1e-400"), 0);
   EXPECT_TRUE(std::isinf(ReadReal(std::string(400, '9'))));
   EXPECT_EQ(ReadReal("0." + std::string(400, '0') + "1"), 0);
+  EXPECT_EQ(ReadReal("0." + std::string(400, '0') + "1e+5"), 0);
+  EXPECT_TRUE(std::isinf(ReadReal("1" + std::string(400, '0') + "e-5")));
+  EXPECT_EQ(ReadReal("1e-99999999999999999999"), 0);
+  EXPECT_TRUE(std::isinf(ReadReal("-1e99999999999999999999")));
+  EXPECT_EQ(ReadReal("0e99999999999999999999"), 0);
 }
 
 TEST(ReadInt16, CutsDecimalsOffAndRefusesWhatDoesNotFit) {

@@ -1,0 +1,12 @@
+// The inner loop of every elimination: one row less multiples of pivot rows.
+#pragma once
+
+#include <cstddef>
+
+namespace zorlan {
+
+/// row[j] -= f[0] p[0][j], then f[1] p[1][j], then f[2] p[2][j], for j from 0 to width - 1: the same values,
+/// to the last bit, as three separate sweeps. `pivots` of them, 1 to 3, are used.
+void ReduceRow(double* row, const double* const* p, const double* f, int pivots, std::size_t width);
+
+}  // namespace zorlan

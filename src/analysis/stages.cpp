@@ -1,0 +1,201 @@
+#include "analysis/stages.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "analysis/analysis_state.h"
+#include "analysis/dense_solver.h"
+#include "analysis/front_solver.h"
+#include "analysis/member_forces.h"
+#include "analysis/reactions.h"
+#include "analysis/result_files.h"
+#include "base/fault.h"
+#include "base/host.h"
+#include "model/model_state.h"
+
+namespace zorlan {
+namespace {
+
+/// What the stages of the solve in hand have left for each other.
+struct StageResults {
+  std::vector<Member> members;
+  std::optional<Equations> equations;
+  std::optional<EliminatedRows> rows;
+  std::optional<CaseTable> layerDisplacements;
+  std::optional<CaseTable> displacements;
+  std::optional<CaseTable> reactions;
+  std::optional<std::vector<double>> forces;
+};
+StageResults Stage;
+
+/// The result that a stage needs of one before it.
+template <class Result>
+Result& Needed(std::optional<Result>& result) {
+  if (!result) throw Fault("前の段階の計算結果がありません");
+  return *result;
+}
+
+bool IsGrid() {
+  return CalcModel.ModelCode == kPlaneGrid;
+}
+
+void TellInstability(const NoStiffness& fault) {
+  Tell(InstabilityText(fault));
+}
+
+/// An overflow doesn't stop a real; it is a fault all the same.
+void RequireFinite(const CaseTable& table) {
+  if (table.Empty()) return;
+  const double* const first = table[0];
+  const double* const end = table[table.Equations() - 1] + table.Cases();
+  if (!std::all_of(first, end, [](double value) { return std::isfinite(value); }))
+    throw Fault("計算中に数値の範囲を超えました");
+}
+
+void BuildStage(SolverRoad road) {
+  Stage.members = CollectMembers(CalcModel);
+  Stage.equations = BuildEquations(CalcModel, Stage.members, road);
+  RequireFinite(Stage.equations->loads);
+}
+
+void Eliminate() {
+  NoStiffness fault;
+  Stage.rows = EliminateFront(Needed(Stage.equations), PivotTolerance, fault,
+                              [](double share) { TheHost().progress("応力解析", share); });
+  if (!Stage.rows) TellInstability(fault);
+}
+
+void SubstituteStage() {
+  const EliminatedRows& rows = Needed(Stage.rows);
+  Stage.displacements =
+      SubstituteBack(Needed(Stage.equations), rows, Stage.layerDisplacements.value_or(CaseTable()));
+  Stage.rows.reset();
+  RequireFinite(*Stage.displacements);
+}
+
+}  // namespace
+
+void ClearStages() {
+  Stage = {};
+}
+
+void DMATRIX() {
+  RunStage("DMATRIX", [] { BuildStage(SolverRoad::File); });
+}
+
+void DSOLVE_1() {
+  RunStage("DSOLVE_1", [] { BuildStage(SolverRoad::InMemory); });
+}
+
+void DFORWARA() {
+  RunStage("DFORWARA", Eliminate);
+}
+
+void DBACK_A() {
+  RunStage("DBACK_A", SubstituteStage);
+}
+
+void DFORWARB() {
+  RunStage("DFORWARB", [] {
+    Eliminate();
+    if (!Stage.rows) return;
+    NoStiffness fault;
+    Stage.layerDisplacements = SolveLayers(std::move(Stage.rows->layers), Stage.equations->layers, fault);
+    if (!Stage.layerDisplacements) {
+      Stage.rows.reset();
+      TellInstability(fault);
+    }
+  });
+}
+
+void DBACK_B() {
+  RunStage("DBACK_B", SubstituteStage);
+}
+
+void DSOLVE_2A() {
+  RunStage("DSOLVE_2A", [] {
+    NoStiffness fault;
+    std::optional<DenseSolution> solution = SolveDense(Needed(Stage.equations), PivotTolerance, fault);
+    if (!solution) {
+      TellInstability(fault);
+      return;
+    }
+    RequireFinite(solution->displacements);
+    Stage.displacements = std::move(solution->displacements);
+    Stage.reactions = std::move(solution->reactions);
+  });
+}
+
+void DSOLVE2B() {
+  RunStage("DSOLVE2B", [] {
+    NoStiffness fault;
+    Stage.displacements = SolveDenseWithLayers(Needed(Stage.equations), PivotTolerance, fault);
+    if (!Stage.displacements)
+      TellInstability(fault);
+    else
+      RequireFinite(*Stage.displacements);
+  });
+}
+
+void DREAC_C() {
+  RunStage("DREAC_C", [] {
+    const Equations& equations = Needed(Stage.equations);
+    const CaseTable& displacements = Needed(Stage.displacements);
+    Stage.reactions = FixedReactions(equations, displacements);
+    SetSpringReactions(CollectSprings(CalcModel), equations, displacements, *Stage.reactions);
+  });
+}
+
+void DREAC_A() {
+  RunStage("DREAC_A", [] {
+    const CaseTable& displacements = Needed(Stage.displacements);
+    SetSpringReactions(CollectSprings(CalcModel), Needed(Stage.equations), displacements,
+                       Needed(Stage.reactions));
+  });
+}
+
+void DREAC_B() {
+  RunStage("DREAC_B", [] {
+    const Equations& equations = Needed(Stage.equations);
+    const CaseTable& displacements = Needed(Stage.displacements);
+    Stage.reactions = ElementSumReactions(equations, CalcModel.ElemCount, displacements);
+    SetSpringReactions(CollectSprings(CalcModel), equations, displacements, *Stage.reactions);
+  });
+}
+
+void DSTRESS1() {
+  RunStage("DSTRESS1",
+           [] { Stage.forces = ElasticForces(Stage.members, IsGrid(), Needed(Stage.displacements)); });
+}
+
+void DSTRESS2() {
+  RunStage("DSTRESS2",
+           [] { AddLoadForces(CalcModel, Stage.members, AddedForces::All, Needed(Stage.forces)); });
+}
+
+void RecomputeMidspan() {
+  const std::size_t count = static_cast<std::size_t>(CalcModel.MaxLoadCase) *
+                            static_cast<std::size_t>(CalcModel.ElemCount) * kForcesPerElement;
+  std::vector<double> forces = ReadReals(AnalysisPath + "FT031", count);
+  AddLoadForces(CalcModel, CollectMembers(CalcModel), AddedForces::MidspanAlone, forces);
+  WriteForces(AnalysisPath, forces);
+}
+
+void WriteStageResults() {
+  const CaseTable& displacements = Needed(Stage.displacements);
+  std::vector<double> byCase;
+  byCase.reserve(static_cast<std::size_t>(displacements.Equations() * displacements.Cases()));
+  for (int c = 0; c < displacements.Cases(); ++c)
+    for (int e = 0; e < displacements.Equations(); ++e) byCase.push_back(displacements[e][c]);
+  WriteDisplacements(AnalysisPath, byCase);
+  WriteReactions(AnalysisPath, CollectReactions(Needed(Stage.equations), Needed(Stage.reactions)),
+                 ReactionLines::One);
+  WriteForces(AnalysisPath, Needed(Stage.forces));
+}
+
+std::vector<CaseTrust> AssessStages() {
+  return AssessSolution(Needed(Stage.equations), Needed(Stage.displacements), Needed(Stage.reactions));
+}
+
+}  // namespace zorlan

@@ -1,0 +1,205 @@
+#include "analysis/static_analysis.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "analysis/analysis_state.h"
+#include "analysis/stages.h"
+#include "base/fault.h"
+#include "base/host.h"
+#include "base/text_file.h"
+#include "model/deck.h"
+#include "model/model_state.h"
+
+namespace zorlan {
+namespace {
+
+AnalysisReport Report;
+
+constexpr int kInMemoryNodes = 29;  // more nodes take the file road
+constexpr double kPivotTolerance = 1e-20;
+
+constexpr std::string_view kResultFiles[] = {"FT031", "FT021", "FT022", "FT022A"};
+constexpr std::string_view kStaleAfterAnalysis[] = {"FT031", "FT021", "SIG_S", "DSNS", "DSNRC"};
+
+using StageRoutine = void (*)();
+
+/// Runs stages in their order until one leaves its note.
+bool RunStages(std::initializer_list<StageRoutine> stages) {
+  for (const StageRoutine stage : stages) {
+    stage();
+    if (!AnalysisError.empty()) return false;
+  }
+  return true;
+}
+
+bool RunFileRoad(bool groups) {
+  return groups ? RunStages({DMATRIX, DFORWARB, DBACK_B, DREAC_C, DSTRESS1, DSTRESS2})
+                : RunStages({DMATRIX, DFORWARA, DBACK_A, DREAC_C, DSTRESS1, DSTRESS2});
+}
+
+bool RunInMemoryRoad(bool groups) {
+  if (groups) return RunStages({DSOLVE_1, DSOLVE2B, DREAC_B, DSTRESS1, DSTRESS2});
+  if (CalcModel.SprgCount > 0) return RunStages({DSOLVE_1, DSOLVE_2A, DREAC_A, DSTRESS1, DSTRESS2});
+  return RunStages({DSOLVE_1, DSOLVE_2A, DSTRESS1, DSTRESS2});
+}
+
+/// What keeps a model from being solved at all; empty: nothing.
+std::string_view ModelObstacle() {
+  if (CalcModel.NodeCount <= 1) return "節点データは、少なくとも２点以上入力してください";
+  if (CalcModel.ElemCount == 0) return "要素データの入力がありません";
+  if (CalcModel.ModelCode < kPlaneFrame || CalcModel.ModelCode > kPlaneGrid)
+    return "コントロールデータの解析モデル番号は、１～３の値を入力してください";
+  if (CalcModel.MaxLoadCase < 1 || CalcModel.MaxLoadCase > kMaxLoadCases)
+    return "コントロールデータの最大荷重ケースは、１～２０の値を入力してください";
+  return {};
+}
+
+/// One solve of all load cases, results in memory.
+bool Solve() {
+  PivotTolerance = kPivotTolerance;
+  AnalysisError.clear();
+  AnalysisErrorDetail.clear();
+  ClearStages();
+  TheHost().hourglass(true);
+  AnalysisError = ModelObstacle();
+  if (AnalysisError.empty()) {
+    const bool groups = CalcModel.ModelCode == kSameDisplacementFrame && CalcModel.DispCount > 0;
+    Report.road = CalcModel.NodeCount > kInMemoryNodes ? Road::File : Road::InMemory;
+    if (Report.road == Road::File)
+      RunFileRoad(groups);
+    else
+      RunInMemoryRoad(groups);
+  }
+  if (!AnalysisError.empty()) TheHost().message(AnalysisErrorDetail + " " + AnalysisError, "解析失敗");
+  TheHost().hourglass(false);
+  return AnalysisError.empty();
+}
+
+/// The in-program analysis is solved twice; the second run overwrites the results of the first, so only its
+/// files are written.
+bool SolveTwice() {
+  return Solve() && SolveStatic() != kFalse;
+}
+
+void CopyResultFiles(const std::string& from, const std::string& to) {
+  for (const std::string_view name : kResultFiles)
+    CopyFileOver(from + std::string(name), to + std::string(name));
+}
+
+/// What a new analysis of the model in hand makes untrue, listing included.
+void RemoveStaleResults() {
+  CleanResults(1);
+  RemoveFile(ListingPath());
+}
+
+void FillReport() {
+  Report.nodes = CalcModel.NodeCount;
+  Report.elements = CalcModel.ElemCount;
+  Report.cases = CalcModel.MaxLoadCase;
+  Report.trust = AssessStages();
+}
+
+/// The analysis behind the reading of the deck.
+bool Analyse() {
+  CleanResults(0);
+  RemoveStaleResults();
+  CopyResults();
+  SavedCalcModel = CalcModel;
+  const bool roller = CalcModel.RollerFlag == 1 && HasInclinedRoller() != kFalse;
+  bool forced = false;
+  for (int c = 1; c <= CalcModel.MaxLoadCase && !forced; ++c) forced = HasForcedDisplacement(c) != kFalse;
+  if (roller || forced) {
+    TheHost().message("傾斜ローラー及び強制変位の解析は、まだできません", "解析失敗");
+    return false;
+  }
+  if (!SolveTwice()) return false;
+  FillReport();
+  CopyResultFiles(AnalysisPath, ResultFolder());
+  return true;
+}
+
+}  // namespace
+
+const AnalysisReport& LastAnalysis() {
+  return Report;
+}
+
+std::int16_t SolveStatic() {
+  if (!Solve()) return kFalse;
+  WriteStageResults();
+  return kTrue;
+}
+
+std::int16_t RunStaticAnalysis() {
+  Report = {};
+  bool done = false;
+  const char* routine = "ReadDeck";
+  try {
+    if (!FileExists(DeckPath())) throw FileFault(DeckPath(), "ファイルがありません");
+    ReadDeck(DeckPath(), /*checkMode=*/false);
+    if (CountSupports(CalcModel, 0) == 0) {
+      Tell("支持点がありません");
+      return kFalse;
+    }
+    routine = "RunStaticAnalysis";
+    done = Analyse();
+    CalcModel = SavedCalcModel;
+  } catch (const std::exception& fault) {
+    ReportError(routine, fault.what());
+  }
+  ClearStages();
+  if (done) return kTrue;
+  try {
+    // A run that broke off leaves no result behind that could be taken for the deck's.
+    if (FolderExists(ResultFolder())) RemoveStaleResults();
+  } catch (const FileFault& fault) {
+    ReportError("CleanResults", fault.what());
+  }
+  return kFalse;
+}
+
+void CleanResults(int folder) {
+  if (folder == 0) {
+    RemoveFilesIn(AnalysisPath);
+    return;
+  }
+  MakeFolder(ResultFolder());
+  for (const std::string_view name : kStaleAfterAnalysis) RemoveFile(ResultFolder() + std::string(name));
+}
+
+void CopyResults() {
+  std::error_code ignored;  // no stored results: nothing to copy
+  for (const auto& entry : std::filesystem::directory_iterator(NativePath(ResultFolder()), ignored))
+    if (entry.is_regular_file(ignored))
+      CopyFileOver(PathText(entry.path()), AnalysisPath + PathText(entry.path().filename()));
+}
+
+std::int16_t HasInclinedRoller() {
+  for (int r = 1; r <= CalcModel.NodeCount; ++r) {
+    const auto& code = CalcModel.Node[r].code;
+    if (code[0] == kInclinedRoller && code[1] == kInclinedRoller && (code[2] == kFree || code[2] == kFixed))
+      return kTrue;
+  }
+  return kFalse;
+}
+
+std::int16_t HasForcedDisplacement(int loadCase) {
+  for (int r = 1; r <= CalcModel.SpecCount; ++r)
+    if (CalcModel.Spec[r].loadCase == loadCase) return kTrue;
+  return kFalse;
+}
+
+int CountSupports(const ModelRec& model, int loadCase) {
+  int supports = 0;
+  for (int r = 1; r <= model.NodeCount; ++r) {
+    const NodeRec& node = model.Node[r];
+    bool supported = node.code[0] != kFree || node.code[1] != kFree || node.code[2] != kFree;
+    for (int s = 1; s <= model.SpecCount && !supported; ++s)
+      supported = model.Spec[s].loadCase == loadCase && model.Spec[s].node == node.number;
+    supports += supported ? 1 : 0;
+  }
+  return supports;
+}
+
+}  // namespace zorlan

@@ -1,0 +1,103 @@
+#include "analysis/trust.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zorlan {
+namespace {
+
+/// K u - F of every equation, springs included.
+CaseTable Residuals(const Equations& equations, const CaseTable& u) {
+  CaseTable r(equations.Count(), equations.cases);
+  for (int e = 0; e < equations.Count(); ++e)
+    for (int c = 0; c < equations.cases; ++c) r[e][c] = -equations.loads[e][c];
+  for (const ElementRecord& record : equations.records) {
+    const int ends = record.rowI == record.rowJ ? 3 : 6;  // a spring has three equations
+    for (int p = 0; p < ends; ++p) {
+      double* const target = r[3 * ((p < 3 ? record.rowI : record.rowJ) - 1) + p % 3];
+      for (int q = 0; q < ends; ++q) {
+        const double k = record.k[TrianglePlace(static_cast<std::size_t>(p), static_cast<std::size_t>(q))];
+        const double* const x = u[3 * ((q < 3 ? record.rowI : record.rowJ) - 1) + q % 3];
+        for (int c = 0; c < equations.cases; ++c) target[c] += k * x[c];
+      }
+    }
+  }
+  return r;
+}
+
+int LayerOf(const Equations& equations, int row) {
+  return equations.layers > 0 ? equations.layer[static_cast<std::size_t>(row)] : 0;
+}
+
+/// Gathers each layer's residual at the layer's first node; the other nodes' become 0.
+void SumLayers(const Equations& equations, CaseTable& r) {
+  std::vector<int> first(static_cast<std::size_t>(equations.layers) + 1);
+  for (int row = 1; row <= equations.nodes; ++row) {
+    const int layer = LayerOf(equations, row);
+    if (layer == 0) continue;
+    int& place = first[static_cast<std::size_t>(layer)];
+    if (place == 0) {
+      place = row;
+      continue;
+    }
+    for (int c = 0; c < equations.cases; ++c) {
+      r[3 * (place - 1)][c] += r[3 * (row - 1)][c];
+      r[3 * (row - 1)][c] = 0;
+    }
+  }
+}
+
+/// Whether the solver was to satisfy this equation of a node.
+bool IsSatisfied(const Equations& equations, int row, int d, const CaseTable& u) {
+  if (d == 0 && LayerOf(equations, row) != 0) {
+    // A layer that the in-memory road holds has the displacement 0 in all cases.
+    const double* const x = u[3 * (row - 1)];
+    return std::any_of(x, x + equations.cases, [](double value) { return value != 0; });
+  }
+  return equations.Code(3 * (row - 1) + d) != kFixed;
+}
+
+/// Whether the reaction of this equation is a support's: not in a free equation, and not at a node whose U
+/// its group moves.
+bool IsHeld(const Equations& equations, int row, int d) {
+  const std::int16_t code = equations.Code(3 * (row - 1) + d);
+  if (d == 0 && LayerOf(equations, row) != 0) return code == kSpring;
+  return code != kFree;
+}
+
+}  // namespace
+
+std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTable& displacements,
+                                      const CaseTable& reactions) {
+  std::vector<CaseTrust> trust(static_cast<std::size_t>(equations.cases));
+  CaseTable r = Residuals(equations, displacements);
+  if (equations.layers > 0) SumLayers(equations, r);
+  const int directions = equations.kind == kPlaneGrid ? 1 : 2;
+  for (int row = 1; row <= equations.nodes; ++row)
+    for (int c = 0; c < equations.cases; ++c) {
+      CaseTrust& result = trust[static_cast<std::size_t>(c)];
+      const int first = 3 * (row - 1), number = equations.number[static_cast<std::size_t>(row)];
+      double square = 0;
+      for (int d = 0; d < 3; ++d) {
+        const double load = equations.loads[first + d][c];
+        result.largestLoad = std::max(result.largestLoad, std::abs(load));
+        if (IsSatisfied(equations, row, d, displacements) && std::abs(r[first + d][c]) > result.residual) {
+          result.residual = std::abs(r[first + d][c]);
+          result.residualNode = number;
+        }
+        if (d >= directions) continue;
+        square += displacements[first + d][c] * displacements[first + d][c];
+        result.loadSum[static_cast<std::size_t>(d)] += load;
+        if (IsHeld(equations, row, d))
+          result.reactionSum[static_cast<std::size_t>(d)] += reactions[first + d][c];
+      }
+      if (std::sqrt(square) > result.largestDisplacement) {
+        result.largestDisplacement = std::sqrt(square);
+        result.displacementNode = number;
+      }
+    }
+  for (CaseTrust& result : trust) result.lost = result.residual > kLostResidual * result.largestLoad;
+  return trust;
+}
+
+}  // namespace zorlan
