@@ -9,7 +9,7 @@
 
 #include <string>
 
-#include "analysis/static_analysis.h"
+#include "analysis/merge.h"
 #include "model/model_rec.h"
 
 namespace zorlan {
