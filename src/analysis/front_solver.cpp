@@ -8,6 +8,7 @@
 namespace zorlan {
 namespace {
 
+constexpr int kNoDiagonal = -1;
 constexpr double kLayerPivot = 0.001;  // t/m; quite unlike the pivot tolerance of the nodes, on purpose
 
 /// Which slot each node takes, found without numbers: the first free one when the first record meets it.
@@ -95,7 +96,9 @@ class FrontSweep {
   bool Pivot(int node, int d, NoStiffness& fault);
   const double* StoreRow(const double* row, EliminatedRows& rows) const;
   void ReduceOthers(int node);
-  void Reduce(double* row, const double* diagonal);
+  std::array<double, 3> Factors(const double* row, int diagonal) const;
+  void Reduce(double* row, int diagonal);
+  void ReduceNode(int firstRow);
   void ReduceSpan(double* row, const std::array<double, 3>& f, const std::array<const double*, 3>& p,
                   int count) const;
   LayerSystem TakeLayerSystem();
@@ -228,43 +231,72 @@ const double* FrontSweep::StoreRow(const double* row, EliminatedRows& rows) cons
 
 /// Reduces every other row by the node's pivot rows: all of the front, then the layers'.
 void FrontSweep::ReduceOthers(int node) {
+  const bool allPivots = dofs_ == 3 && pivot_[0] != nullptr && pivot_[1] != nullptr && pivot_[2] != nullptr;
   for (int slot = 0; slot < slotsInUse_; ++slot) {
     const int other = nodeAt_[static_cast<std::size_t>(slot)];
     if (other == 0 || other == node) continue;
-    for (int d = 0; d < dofs_; ++d) {
-      if (CodeOf(other, d) == kFixed) continue;  // never pivoted on, so never reduced
-      double* const row = FrontRow(slot * dofs_ + d);
-      Reduce(row, row + columns_ + slot * dofs_ + d);
+    const int first = slot * dofs_;
+    if (allPivots && CodeOf(other, 0) != kFixed && CodeOf(other, 1) != kFixed && CodeOf(other, 2) != kFixed) {
+      ReduceNode(first);
+      continue;
     }
+    for (int d = 0; d < dofs_; ++d)
+      if (CodeOf(other, d) != kFixed)
+        Reduce(FrontRow(first + d), columns_ + first + d);  // a fixed one is never reduced
   }
   for (int layer = 1; layer <= layersInUse_; ++layer)
     if (std::vector<double>& row = layerRow_[static_cast<std::size_t>(layer)]; !row.empty())
-      Reduce(row.data(), nullptr);
+      Reduce(row.data(), kNoDiagonal);
 }
 
-/// row -= f1 x pivot row 1, then 2, then 3, in one sweep; every f is what the reductions before it have left.
-/// A row whose diagonal has come to 0 is left alone (a layer's row has no such test), and so is a factor of
-/// 0.
-void FrontSweep::Reduce(double* row, const double* diagonal) {
-  std::array<double, 3>
-      left{};  // the row's coefficients of the node's equations, as the reductions leave them
-  for (int d = 0; d < dofs_; ++d) left[static_cast<std::size_t>(d)] = row[ownColumn_ + d];
-  double diagonalLeft = diagonal == nullptr ? 1 : *diagonal;
+/// How often a row takes each of the node's pivot rows: what the reductions before it have left of the row's
+/// coefficient. 0 where there is no pivot, or the row's diagonal has come to 0 (a layer's row has no such
+/// test).
+std::array<double, 3> FrontSweep::Factors(const double* row, int diagonal) const {
+  std::array<double, 3> f{};
+  for (int d = 0; d < dofs_; ++d) f[static_cast<std::size_t>(d)] = row[ownColumn_ + d];
+  double diagonalLeft = diagonal == kNoDiagonal ? 1 : row[diagonal];
+  for (int d = 0; d < dofs_; ++d) {
+    const double* const pivot = pivot_[static_cast<std::size_t>(d)];
+    double& factor = f[static_cast<std::size_t>(d)];
+    if (pivot == nullptr || diagonalLeft == 0) factor = 0;
+    if (factor == 0) continue;
+    for (int later = d + 1; later < dofs_; ++later)
+      f[static_cast<std::size_t>(later)] -= factor * pivot[ownColumn_ + later];
+    if (diagonal != kNoDiagonal) diagonalLeft -= factor * pivot[diagonal];
+  }
+  return f;
+}
+
+/// row -= f1 x pivot row 1, then 2, then 3, in one sweep.
+void FrontSweep::Reduce(double* row, int diagonal) {
+  const std::array<double, 3> factors = Factors(row, diagonal);
   std::array<double, 3> f{};
   std::array<const double*, 3> p{};
   int count = 0;
-  for (int d = 0; d < dofs_; ++d) {
-    const double* const pivot = pivot_[static_cast<std::size_t>(d)];
-    const double factor = left[static_cast<std::size_t>(d)];
-    if (pivot == nullptr || diagonalLeft == 0 || factor == 0) continue;
-    f[static_cast<std::size_t>(count)] = factor;
-    p[static_cast<std::size_t>(count++)] = pivot;
-    for (int later = d + 1; later < dofs_; ++later)
-      left[static_cast<std::size_t>(later)] -= factor * pivot[ownColumn_ + later];
-    if (diagonal != nullptr) diagonalLeft -= factor * pivot[diagonal - row];
+  for (std::size_t d = 0; d < 3; ++d) {
+    if (factors[d] == 0) continue;
+    f[static_cast<std::size_t>(count)] = factors[d];
+    p[static_cast<std::size_t>(count++)] = pivot_[d];
   }
   if (count > 0) ReduceSpan(row, f, p, count);
   std::fill_n(row + ownColumn_, dofs_, 0.0);
+}
+
+/// The three rows of a node of which none is fixed, by all three pivots at once. A factor of 0 changes
+/// nothing.
+void FrontSweep::ReduceNode(int firstRow) {
+  std::array<double*, 3> rows{};
+  std::array<double, 9> f{};
+  for (int d = 0; d < 3; ++d) {
+    double* const row = FrontRow(firstRow + d);
+    rows[static_cast<std::size_t>(d)] = row;
+    const std::array<double, 3> factors = Factors(row, columns_ + firstRow + d);
+    std::copy(factors.begin(), factors.end(), f.begin() + 3 * d);
+  }
+  ReduceThreeRows(rows.data(), pivot_.data(), f.data(),
+                  static_cast<std::size_t>(columns_ + slotsInUse_ * dofs_));
+  for (double* const row : rows) std::fill_n(row + ownColumn_, 3, 0.0);
 }
 
 void FrontSweep::ReduceSpan(double* row, const std::array<double, 3>& f,

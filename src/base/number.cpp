@@ -16,6 +16,30 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
+/// A number of up to 15 digits without an exponent, as nearly all are. Its digits and the power of ten below
+/// them are exact, so their quotient is the nearest real. Nothing for any other text.
+std::optional<double> PlainDecimal(std::string_view text) {
+  constexpr std::array<double, kSignificantDigits + 1> kPowers = {
+      1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  std::int64_t whole = 0;
+  std::size_t at = 0, digits = 0, decimals = 0;
+  bool point = false;
+  for (; at < text.size(); ++at) {
+    if (IsDigit(text[at])) {
+      if (++digits > kSignificantDigits) return std::nullopt;
+      whole = whole * 10 + (text[at] - '0');
+      decimals += point ? 1 : 0;
+    } else if (text[at] == '.' && !point) {
+      point = true;
+    } else {
+      break;
+    }
+  }
+  const bool exponent = at < text.size() && std::string_view("eEdD").find(text[at]) != std::string_view::npos;
+  if (digits == 0 || exponent) return std::nullopt;
+  return static_cast<double>(whole) / kPowers[decimals];
+}
+
 /// Length of the digits, point and digits at the front of `text`; 0 if there is no digit.
 std::size_t MantissaLength(std::string_view text) {
   std::size_t at = 0, digits = 0;
@@ -65,11 +89,11 @@ double Unsigned(std::string_view number) {
 }  // namespace
 
 double ReadReal(std::string_view text) {
-  const std::size_t start = text.find_first_not_of(" \t");
-  if (start == std::string_view::npos) return 0;
-  text.remove_prefix(start);
+  while (!text.empty() && (text[0] == ' ' || text[0] == '\t')) text.remove_prefix(1);
+  if (text.empty()) return 0;
   const bool negative = text[0] == '-';
   if (negative || text[0] == '+') text.remove_prefix(1);
+  if (const std::optional<double> plain = PlainDecimal(text)) return negative ? -*plain : *plain;
   const std::size_t mantissa = MantissaLength(text);
   if (mantissa == 0) return 0;
   const std::size_t exponent = ExponentLength(text.substr(mantissa));

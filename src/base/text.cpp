@@ -4,19 +4,25 @@
 
 namespace zorlan {
 namespace {
-constexpr std::string_view kSurroundings(" \t\0", 3);
+
+constexpr bool IsSurrounding(char c) {
+  return c == ' ' || c == '\t' || c == '\0';
 }
 
+}  // namespace
+
 std::string_view NoSpc(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kSurroundings);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kSurroundings) - first + 1);
+  std::size_t first = 0, end = text.size();
+  while (first < end && IsSurrounding(text[first])) ++first;
+  while (end > first && IsSurrounding(text[end - 1])) --end;
+  return text.substr(first, end - first);
 }
 
 std::optional<std::string_view> TakeLine(std::string_view& rest) {
   if (rest.empty()) return std::nullopt;
-  const std::size_t end = rest.find_first_of("\r\n");
-  if (end == std::string_view::npos) {
+  std::size_t end = 0;
+  while (end < rest.size() && rest[end] != '\r' && rest[end] != '\n') ++end;
+  if (end == rest.size()) {
     const std::string_view last = rest;
     rest = {};
     return last;

@@ -30,6 +30,8 @@ std::string ReasonOf(int error) {
     case ENOSPC:
     case EDQUOT:
       return "ディスクの空き容量が不足しています";
+    case EFBIG:
+      return "ファイルの大きさが制限を超えています";
     case EISDIR:
       return "フォルダです";
     case ENOTDIR:

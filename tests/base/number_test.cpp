@@ -45,6 +45,15 @@ TEST(ReadReal, MakesTheOutOfRangeInfiniteAndTheTinyZero) {
   EXPECT_EQ(ReadReal("0e99999999999999999999"), 0);
 }
 
+TEST(ReadReal, AnswersTheNearestRealForManyDigitsAndFew) {
+  EXPECT_EQ(ReadReal("0.1"), 0.1);
+  EXPECT_EQ(ReadReal("123456.789012345"), 123456.789012345);
+  EXPECT_EQ(ReadReal("0.00000000000007"), 0.00000000000007);
+  EXPECT_EQ(ReadReal("999999999999999"), 999999999999999.0);
+  EXPECT_EQ(ReadReal("9007199254740993"), 9007199254740992.0);  // between two reals, to the even one
+  EXPECT_EQ(ReadReal("3.14159265358979323846"), 3.14159265358979323846);
+}
+
 TEST(ReadInt16, CutsDecimalsOffAndRefusesWhatDoesNotFit) {
   EXPECT_EQ(ReadInt16("2.9"), 2);
   EXPECT_EQ(ReadInt16("-2.9"), -2);

@@ -1,0 +1,79 @@
+#include "command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+
+#include "base/host.h"
+#include "shell/documents_folder.h"
+
+namespace zorlan::batch {
+namespace {
+
+constexpr const char* kProgram = "zorlan-batch";
+constexpr const char* kOptionGroup = "オプション";
+
+/// Help in the user's language.
+std::shared_ptr<CLI::Formatter> JapaneseFormatter() {
+  auto formatter = std::make_shared<CLI::Formatter>();
+  formatter->label("Usage", "使い方");
+  formatter->label("OPTION", "オプション");
+  formatter->label("OPTIONS", "オプション");
+  formatter->label("SUBCOMMAND", "コマンド");
+  formatter->label("SUBCOMMANDS", "コマンド");
+  formatter->label("Positionals", "引数");
+  formatter->label("TEXT", "文字列");
+  formatter->label("REQUIRED", "（必須）");
+  return formatter;
+}
+
+/// What is wrong with the words of the command line.
+std::string Complaint(const CLI::App& app, const CLI::ParseError& error) {
+  const std::vector<std::string> remaining = app.remaining(/*recurse=*/true);
+  if (!remaining.empty()) return "引数 「" + remaining.front() + "」 は使えません";
+  if (app.get_subcommands().empty()) return "コマンドを指定してください";
+  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr)
+    return "入力データファイル（.inp）を指定してください";
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) return "オプションの値がありません";
+  return std::string("引数が正しくありません ： ") + error.what();
+}
+
+}  // namespace
+
+std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
+  Request request;
+  CLI::App app("任意平面骨組の応力解析をウィンドウなしで行います", kProgram);
+  app.formatter(JapaneseFormatter());
+  app.require_subcommand(1);
+  const std::string version = std::string(kProgram) + " " + VersionText();
+  const auto addCommon = [&](CLI::App& level) {
+    level.set_help_flag("-h,--help", "この説明を表示します")->group(kOptionGroup);
+    level.set_version_flag("--version", version, "版を表示します")->group(kOptionGroup);
+  };
+  addCommon(app);
+  app.add_option("--documents", request.documents, "ドキュメントフォルダ（断面テーブルの場所）")
+      ->type_name("DIR")
+      ->group(kOptionGroup);
+  for (const Command& command : Commands()) {
+    CLI::App* const level = app.add_subcommand(command.name, command.description);
+    level->group("コマンド");
+    level->fallthrough();
+    addCommon(*level);
+    level->callback([&request, &command] { request.command = &command; });
+    level->add_option("DECK", request.decks, "入力データファイル <model>.inp（いくつでも）")
+        ->required()
+        ->type_name("");
+  }
+
+  try {
+    app.parse(argc, argv);
+    return request;
+  } catch (const CLI::Success& answer) {  // --help or --version
+    app.exit(answer);
+    return kDone;
+  } catch (const CLI::ParseError& error) {
+    Tell(Complaint(app, error) + "（" + kProgram + " --help で使い方を表示します）");
+    return kUsage;
+  }
+}
+
+}  // namespace zorlan::batch

@@ -1,0 +1,119 @@
+#include "commands.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+
+#include "analysis/static_analysis.h"
+#include "base/fault.h"
+#include "base/host.h"
+#include "base/text_file.h"
+#include "batch_host.h"
+#include "model/deck.h"
+#include "model/model_state.h"
+#include "section_tables.h"
+#include "summary.h"
+
+namespace zorlan::batch {
+namespace {
+
+void PrintProduct(std::string_view text) {
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)
+    throw FileFault("標準出力", std::strerror(errno));
+}
+
+/// The deck's folder serves as the project folder.
+void SetModelInHand(const std::string& deck) {
+  const std::size_t nameAt = deck.rfind('/') == std::string::npos ? 0 : deck.rfind('/') + 1;
+  DataPath = deck.substr(0, nameAt);
+  ProjectName.clear();
+  ModelFile = deck.substr(nameAt);
+}
+
+/// Holds a deck while its results are written: who wants to write them at the same time waits. Where the file
+/// system has no locks nobody waits.
+class DeckHeld {
+ public:
+  explicit DeckHeld(const std::string& deck) : file_(::open(deck.c_str(), O_RDONLY | O_CLOEXEC)) {
+    while (file_ >= 0 && ::flock(file_, LOCK_EX) != 0 && errno == EINTR) {
+      ThrowIfInterrupted();
+    }
+  }
+  ~DeckHeld() {
+    if (file_ >= 0) ::close(file_);
+  }
+  DeckHeld(const DeckHeld&) = delete;
+  DeckHeld& operator=(const DeckHeld&) = delete;
+
+ private:
+  int file_;
+};
+
+ExitCode Analyze(const Request&) {
+  const DeckHeld held(DeckPath());
+  const auto start = std::chrono::steady_clock::now();
+  if (RunStaticAnalysis() == kFalse) {
+    const bool empty = RawModel.NodeCount == 0;
+    Tell(DeckPath() + " ： 解析できませんでした" + (empty ? "（節点データを１行も読み込めません）" : ""));
+    return kFailed;
+  }
+  TellSummary(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+  return kDone;
+}
+
+ExitCode Check(const Request&) {
+  ReadDeck(DeckPath(), /*checkMode=*/true);
+  std::string text = ReadTextFile(WorkPath + "InputErr.txt");
+  if (text.empty()) {
+    TheHost().message("エラーはありませんでした。", "エラーチェック");
+    return kDone;
+  }
+  std::erase(text, '\r');
+  PrintProduct(text);
+  return kFailed;
+}
+
+constexpr Command kCommands[] = {
+    {"analyze", "静解析を行い、<model>.ANA と <model>.out を作成します", Analyze},
+    {"check", "入力データのエラーチェックを行います", Check},
+};
+
+ExitCode RunOnDeck(const Request& request, const std::string& deck) {
+  try {
+    if (!FileExists(deck)) {
+      Tell(deck + (FolderExists(deck) ? " ： フォルダです" : " ： 入力データファイルがありません"));
+      return kUsage;
+    }
+    SetModelInHand(deck);
+    return request.command->run(request);
+  } catch (const std::bad_alloc&) {
+    Tell(deck + " ： メモリが不足しています");
+  } catch (const std::exception& fault) {
+    Tell(fault.what());
+  }
+  return kFailed;
+}
+
+}  // namespace
+
+std::span<const Command> Commands() {
+  return kCommands;
+}
+
+ExitCode RunCommand(const Request& request) {
+  FindSectionTables(request.documents);
+  ExitCode gravest = kDone;
+  for (const std::string& deck : request.decks) {
+    ThrowIfInterrupted();
+    gravest = std::max(gravest, RunOnDeck(request, deck));
+  }
+  return gravest;
+}
+
+}  // namespace zorlan::batch

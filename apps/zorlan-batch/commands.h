@@ -1,0 +1,34 @@
+// The commands of zorlan-batch, each on one deck.
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace zorlan::batch {
+
+/// Exit codes of the program, the graver the greater.
+enum ExitCode : int { kDone = 0, kFailed = 1, kUsage = 2 };
+
+struct Request;
+
+struct Command {
+  const char* name;
+  const char* description;
+  ExitCode (*run)(const Request& request);  // on the model in hand; a Fault is a failure
+};
+
+/// What stands on the command line.
+struct Request {
+  const Command* command = nullptr;
+  std::vector<std::string> decks;
+  std::string documents;  // the documents folder; empty: the user's
+};
+
+std::span<const Command> Commands();
+
+/// Runs the command on every deck in turn; a failure of one doesn't stop the next. Answers the gravest exit
+/// code.
+ExitCode RunCommand(const Request& request);
+
+}  // namespace zorlan::batch

@@ -1,0 +1,23 @@
+// Where the program's own tree of folders stands, and its version.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zorlan {
+
+/// The folder of a user's documents: XDG_DOCUMENTS_DIR of the user's `user-dirs.dirs`, else
+/// `$HOME/Documents`. With a closing separator. Nothing is created.
+std::string DocumentsFolder();
+
+/// XDG_DOCUMENTS_DIR of the text of a `user-dirs.dirs`, "$HOME" replaced; empty when the text doesn't set it
+/// to an absolute path.
+std::string DocumentsFolderFrom(std::string_view userDirs, std::string_view home);
+
+/// The program's tree under a documents folder, with a closing separator.
+std::string ProgramTree(std::string_view documents);
+
+/// "Version 6.00 [Rev.0]"
+std::string VersionText();
+
+}  // namespace zorlan

@@ -1,0 +1,147 @@
+// What stands on the command line, and what the program answers.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "batch/batch_program.h"
+
+namespace zorlan {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+const char* const kCommands[] = {"analyze", "check"};
+
+TEST(BatchCommandLine, HelpAnswersAtEachLevel) {
+  const BatchProgram program;
+  const BatchResult help = program.Run({"--help"});
+  EXPECT_EQ(help.exitCode, 0);
+  EXPECT_THAT(help.err, IsEmpty());
+  for (const char* const command : kCommands) {
+    EXPECT_THAT(help.out, HasSubstr(command));
+    const BatchResult ofCommand = program.Run({command, "--help"});
+    EXPECT_EQ(ofCommand.exitCode, 0);
+    EXPECT_THAT(ofCommand.out, HasSubstr("DECK")) << command;
+  }
+}
+
+TEST(BatchCommandLine, VersionAnswersAtEachLevel) {
+  const BatchProgram program;
+  EXPECT_EQ(program.Run({"--version"}).out, "zorlan-batch Version 6.00 [Rev.0]\n");
+  for (const char* const command : kCommands) {
+    const BatchResult version = program.Run({command, "--version"});
+    EXPECT_EQ(version.exitCode, 0);
+    EXPECT_EQ(version.out, "zorlan-batch Version 6.00 [Rev.0]\n");
+  }
+}
+
+TEST(BatchCommandLine, BadUsageIsTwoAndSaysWhatIsWrong) {
+  struct Case {
+    std::vector<std::string> words;
+    const char* message;
+  };
+  const Case cases[] = {
+      {{}, "コマンドを指定してください"},
+      {{"solve", "model.inp"}, "「solve」"},
+      {{"check"}, "入力データファイル（.inp）を指定してください"},
+      {{"check", "model.inp", "--fast"}, "「--fast」"},
+      {{"--documents"}, "コマンドを指定してください"},
+      {{"check", "model.inp", "--documents"}, "オプションの値がありません"},
+  };
+  const BatchProgram program;
+  program.Deck("model.inp", CantileverDeck());
+  for (const Case& c : cases) {
+    const BatchResult result = program.Run(c.words);
+    EXPECT_EQ(result.exitCode, 2) << c.message;
+    EXPECT_THAT(result.out, IsEmpty());
+    EXPECT_THAT(result.err, HasSubstr(c.message));
+  }
+}
+
+TEST(BatchCommandLine, ADeckThatIsNotThereIsTwoAndNamed) {
+  const BatchProgram program;
+  for (const char* const command : kCommands) {
+    const BatchResult result = program.Run({command, "無い/model.inp"});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.err, "ＺＯＲＬＡＮ For Windows: 無い/model.inp ： 入力データファイルがありません\n");
+  }
+}
+
+TEST(BatchCommandLine, AFailureOfOneDeckDoesNotStopTheNext) {
+  const BatchProgram program;
+  program.Deck("good.inp", CantileverDeck());
+  program.Deck("bad.inp", "@NODE\n99999,0,0,0,0,0\n");
+  EXPECT_THAT(program.Run({"check", "none.inp", "bad.inp", "good.inp"}).err,
+              AllOf(HasSubstr("none.inp"), HasSubstr("bad.inp"), HasSubstr("エラーはありませんでした。")));
+  EXPECT_EQ(program.Run({"check", "good.inp", "bad.inp", "good.inp"}).exitCode, 1);
+  EXPECT_EQ(program.Run({"check", "good.inp", "none.inp", "bad.inp", "good.inp"}).exitCode, 2);
+  EXPECT_EQ(program.Run({"check", "good.inp", "good.inp"}).exitCode, 0);
+}
+
+TEST(BatchCommandLine, AFolderIsNoDeck) {
+  const BatchProgram program;
+  const BatchResult result = program.Run({"check", "."});
+  EXPECT_EQ(result.exitCode, 2);
+  EXPECT_THAT(result.err, HasSubstr(". ： フォルダです"));
+}
+
+TEST(BatchCommandLine, ADeckBehindTwoDashesMayBeginWithADash) {
+  const BatchProgram program;
+  program.Deck("-model.inp", CantileverDeck());
+  EXPECT_EQ(program.Run({"check", "--", "-model.inp"}).exitCode, 0);
+}
+
+TEST(BatchCheck, PrintsItsLinesAndAnswersOneWhenThereAreAny) {
+  const BatchProgram program;
+  program.Deck("bad.inp", CantileverDeck() + "@ELEM\n2,1,7,0,0,1\n");
+  const BatchResult result = program.Run({"check", "bad.inp"});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_EQ(result.out, "要素データ　要素番号 2： 指定の節点番号(7)が存在しません \n");
+  EXPECT_THAT(result.err, IsEmpty());
+}
+
+TEST(BatchCheck, SaysThatNothingIsWrongAndPrintsNothing) {
+  const BatchProgram program;
+  program.Deck("good.inp", CantileverDeck());
+  const BatchResult result = program.Run({"check", "good.inp"});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_THAT(result.out, IsEmpty());
+  EXPECT_EQ(result.err, "エラーチェック: エラーはありませんでした。\n");
+}
+
+TEST(BatchCheck, LeavesNothingInTheProject) {
+  const BatchProgram program;
+  program.Deck("good.inp", CantileverDeck());
+  const std::string before = program.Bytes("good.inp");
+  program.Run({"check", "good.inp"});
+  EXPECT_THAT(BatchProgram::Names(program.Folder()), testing::ElementsAre("good.inp"));
+  EXPECT_EQ(program.Bytes("good.inp"), before);
+  EXPECT_THAT(BatchProgram::Names(program.Temporary()), IsEmpty());
+}
+
+TEST(BatchProgramOutput, AFullStandardOutputIsAFailure) {
+  const BatchProgram program;
+  program.Deck("bad.inp", CantileverDeck() + "@ELEM\n2,1,7,0,0,1\n");
+  const BatchResult result = program.Shell("$ZORLAN check bad.inp > /dev/full");
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.err, HasSubstr("標準出力"));
+}
+
+TEST(BatchProgramOutput, AReaderThatGoesAwayLeavesNoTemporaryFiles) {
+  const BatchProgram program;
+  std::string many = CantileverDeck() + "@ELEM\n";
+  for (int e = 2; e < 4000; ++e) many += std::to_string(e) + ",1,7,0,0,1\n";
+  program.Deck("bad.inp", many);
+  program.Shell("$ZORLAN check bad.inp bad.inp bad.inp | head -n 1");
+  EXPECT_THAT(BatchProgram::Names(program.Temporary()), IsEmpty());
+}
+
+TEST(BatchProgramOutput, HasNoProgressWhereThereIsNoTerminal) {
+  const BatchProgram program;
+  program.Deck("model.inp", LongCantileverDeck(3000, 20));
+  EXPECT_THAT(program.Run({"analyze", "model.inp"}).err, Not(HasSubstr("\r")));
+}
+
+}  // namespace
+}  // namespace zorlan
