@@ -1,4 +1,5 @@
-// The companion solver of the analysis: takes no arguments, everything stands in the control file of the current folder.
+// The companion solver of the analysis: takes no arguments, everything stands in the control file of the
+// current folder.
 #include <cstdio>
 
 #include "companion/run.h"

@@ -37,7 +37,9 @@ class ColumnLine {
   std::string line_;
 };
 
-int Count(const auto& table) { return static_cast<int>(table.size()); }
+int Count(const auto& table) {
+  return static_cast<int>(table.size());
+}
 
 ColumnLine NodeLine(const ExtNode& node) {
   ColumnLine line;
@@ -88,7 +90,7 @@ ColumnLine BeamLine(const ExtBeam& beam) {
       .Text(57, ReleaseCode(beam.endJ));
 }
 
-void AppendBoundary(const ExtBoundary& element, std::string& deck) {
+void AppendBoundary(const ExtBoundaryElement& element, std::string& deck) {
   ColumnLine()
       .Integer(1, element.node)
       .Integer(6, element.kind)
@@ -122,7 +124,9 @@ void AppendBeamGroup(const ExternalTables& tables, std::string& deck) {
 
 }  // namespace
 
-std::string ExternalReal(double value) { return FixedReal(value, kRealWidth); }
+std::string ExternalReal(double value) {
+  return FixedReal(value, kRealWidth);
+}
 
 std::string ExternalDeckText(const ExternalTables& tables) {
   std::string deck;
@@ -133,8 +137,8 @@ std::string ExternalDeckText(const ExternalTables& tables) {
   control.Text(46, kUnitComment).AppendTo(deck);
   for (const ExtNode& node : tables.ExtNodes) NodeLine(node).AppendTo(deck);
   AppendBeamGroup(tables, deck);
-  ColumnLine().Integer(1, kBoundaryGroup).Integer(6, Count(tables.ExtBoundaries)).AppendTo(deck);
-  for (const ExtBoundary& element : tables.ExtBoundaries) AppendBoundary(element, deck);
+  ColumnLine().Integer(1, kBoundaryGroup).Integer(6, Count(tables.ExtBoundary)).AppendTo(deck);
+  for (const ExtBoundaryElement& element : tables.ExtBoundary) AppendBoundary(element, deck);
   for (const ExtNodalLoad& load : tables.ExtNodalLoads)
     ColumnLine()
         .Integer(1, load.node)

@@ -1,5 +1,5 @@
-// The companion program's input deck, FT999.INP: one load case in fixed columns of five and ten characters. The layout
-// is told in docs/file-formats.md; src/companion has its reader.
+// The companion program's input deck, FT999.INP: one load case in fixed columns of five and ten characters.
+// The layout is told in docs/file-formats.md; src/companion has its reader.
 #pragma once
 
 #include <string>

@@ -14,13 +14,13 @@
 namespace zorlan {
 namespace {
 
-constexpr int kInMemoryNodes = 29;     // more nodes take the file road's tolerance
-constexpr double kMmPerM = 1000;       // the unit that the section tables are kept in
-constexpr double kNone = 1e-14;        // stands for a shear area or an inertia that the section doesn't have
-constexpr double kHelperE = 7e12;      // t/m2
+constexpr int kInMemoryNodes = 29;  // more nodes take the file road's tolerance
+constexpr double kMmPerM = 1000;    // the unit that the section tables are kept in
+constexpr double kNone = 1e-14;     // stands for a shear area or an inertia that the section doesn't have
+constexpr double kHelperE = 7e12;   // t/m2
 constexpr double kHelperNu = 0.3;
-constexpr double kHelperA = 0.25;      // m2
-constexpr double kHelperI = 0.0052;    // m4
+constexpr double kHelperA = 0.25;    // m2
+constexpr double kHelperI = 0.0052;  // m4
 constexpr double kCmPerM = 100;
 constexpr int kHighestDeckNumber = 99999;  // five columns
 
@@ -36,8 +36,8 @@ ExtSection PlainSection(const SectRec& section) {
   ExtSection result;
   result.modelSection = section.number;
   if (section.TYPE < 0 || section.TYPE > 12) return result;  // no element uses it
-  const SectionConstants constants =
-      SectionProperties(section.TYPE, section.timberSection, section.P1, section.P2, section.P3, section.P4, kMmPerM);
+  const SectionConstants constants = SectionProperties(section.TYPE, section.timberSection, section.P1,
+                                                       section.P2, section.P3, section.P4, kMmPerM);
   result.A = constants.A;
   if (section.G > 0 && constants.As > 0) result.As = constants.As / constants.kappa;
   // The inertia by TYPE, not the section's own choice: a weak angle (12) comes with its strong axis.
@@ -77,7 +77,8 @@ struct EndActions {
   }
 };
 
-std::vector<EndActions> CollectEndActions(const ModelRec& model, const std::vector<Member>& members, int loadCase) {
+std::vector<EndActions> CollectEndActions(const ModelRec& model, const std::vector<Member>& members,
+                                          int loadCase) {
   std::vector<EndActions> actions(members.size());
   const NumberMap elements(model.Elem, model.ElemCount);
   const auto forEach = [&](const auto& loads, int count, auto terms) {
@@ -133,7 +134,8 @@ class TableBuilder {
   void AddElement(int row);
   int AddRigidZone(int node, Point face, int endCode, bool atEndJ);
   int ZonedSection(int sectionRow, const Member& member);
-  void AddLoads(ExtBeam& first, ExtBeam& last, const Member& member, const EndActions& actions, const ExtElement& arms);
+  void AddLoads(ExtBeam& first, ExtBeam& last, const Member& member, const EndActions& actions,
+                const ExtElement& arms);
   void AddLinks();
   void AddNodalLoads();
   void AddSupports();
@@ -151,12 +153,14 @@ class TableBuilder {
     tables_.ExtBeams.back().number = static_cast<int>(tables_.ExtBeams.size());
     return tables_.ExtBeams.back();
   }
-  double MagnificationOf(int nodeRow) const { return MagnificationAt(model_, model_.Node[nodeRow].X, tolerance_); }
+  double MagnificationOf(int nodeRow) const {
+    return MagnificationAt(model_, model_.Node[nodeRow].X, tolerance_);
+  }
   double MagnificationOf(const Member& member) const {
     return MagnificationBetween(model_, member.xi, member.xj, tolerance_);
   }
-  /// The material of a section that carries the factor of a member; its section stays plain, so that the factor counts
-  /// once.
+  /// The material of a section that carries the factor of a member; its section stays plain, so that the
+  /// factor counts once.
   int MagnifiedMaterial(int sectionRow, double magnification) const;
   int HelperMaterial() const { return (model_.AlfaCount + 1) * model_.SectCount + 1; }
 
@@ -166,9 +170,10 @@ class TableBuilder {
   const std::vector<Member> members_;
   const std::vector<EndActions> actions_;
   const NumberMap nodes_, sections_;
-  std::vector<ExtSection> plainSections_;  // by section row, from 0, zeros kept
+  std::vector<ExtSection> plainSections_;               // by section row, from 0, zeros kept
   std::map<std::array<double, 2>, int> zonedSections_;  // by section row and flexible share
-  std::vector<std::size_t> helperBeams_;  // whose section number is known once the helper section stands, last
+  std::vector<std::size_t>
+      helperBeams_;  // whose section number is known once the helper section stands, last
   ExternalTables tables_;
 };
 
@@ -221,8 +226,8 @@ int TableBuilder::MagnifiedMaterial(int sectionRow, double magnification) const 
   return sectionRow;
 }
 
-/// The section of a member between its rigid zones. Its axial stiffness is that of the whole length, so its area shrinks
-/// with its length.
+/// The section of a member between its rigid zones. Its axial stiffness is that of the whole length, so its
+/// area shrinks with its length.
 int TableBuilder::ZonedSection(int sectionRow, const Member& member) {
   const double share = 1 - member.lambdaI - member.lambdaJ;
   int& number = zonedSections_[{static_cast<double>(sectionRow), share}];
@@ -272,12 +277,13 @@ void TableBuilder::AddElement(int row) {
       throw Fault("要素番号 " + std::to_string(member.number) + " ： 剛域の長さが部材長以上です");
     beam.section = ZonedSection(sectionRow, member);
     if (member.lambdaI > 0) {
-      beam.nodeI = AddRigidZone(member.rowI, Between(member, member.lambdaI), std::exchange(beam.endI, kExtRigid), false);
+      beam.nodeI = AddRigidZone(member.rowI, Between(member, member.lambdaI),
+                                std::exchange(beam.endI, kExtRigid), false);
       element.armI = member.lambdaI * member.L;
     }
     if (member.lambdaJ > 0) {
-      beam.nodeJ =
-          AddRigidZone(member.rowJ, Between(member, 1 - member.lambdaJ), std::exchange(beam.endJ, kExtRigid), true);
+      beam.nodeJ = AddRigidZone(member.rowJ, Between(member, 1 - member.lambdaJ),
+                                std::exchange(beam.endJ, kExtRigid), true);
       element.armJ = member.lambdaJ * member.L;
     }
   }
@@ -301,25 +307,28 @@ void TableBuilder::AddElement(int row) {
   tables_.elements.push_back(element);
 }
 
-/// The actions at the ends of the flexible part that give the member's own at its nodes, times its magnification. What
-/// the nodes' magnifications make different goes onto the nodes themselves.
+/// The actions at the ends of the flexible part that give the member's own at its nodes, times its
+/// magnification. What the nodes' magnifications make different goes onto the nodes themselves.
 void TableBuilder::AddLoads(ExtBeam& first, ExtBeam& last, const Member& member, const EndActions& actions,
                             const ExtElement& arms) {
   const double m = MagnificationOf(member);
-  const double momentI = actions.I[2] - actions.I[1] * arms.armI, momentJ = actions.J[2] + actions.J[1] * arms.armJ;
+  const double momentI = actions.I[2] - actions.I[1] * arms.armI,
+               momentJ = actions.J[2] + actions.J[1] * arms.armJ;
   tables_.ExtLoads.push_back({m * actions.I[0], 0, m * actions.I[1], 0, -m * momentI, 0, 0, 0});
   tables_.ExtLoads.push_back({m * actions.J[0], 0, m * actions.J[1], 0, -m * momentJ, 0, 0, 0});
   first.loadI = last.loadJ = static_cast<int>(tables_.ExtLoads.size() / 2);
 }
 
-/// The nodes of a group in their order, each joined to the next. A node that stands in two groups belongs to the later.
+/// The nodes of a group in their order, each joined to the next. A node that stands in two groups belongs to
+/// the later.
 void TableBuilder::AddLinks() {
   if (model_.ModelCode != kSameDisplacementFrame) return;
   std::vector<int> groupOf(static_cast<std::size_t>(model_.NodeCount) + 1);
   const auto forEachNode = [&](auto use) {
     for (int g = 1; g <= model_.DispCount; ++g)
       for (int n = 1; n <= model_.Disp[g].count; ++n)
-        if (const int row = nodes_.Row(model_.Disp[g].node[static_cast<std::size_t>(n)]); row != 0) use(g, row);
+        if (const int row = nodes_.Row(model_.Disp[g].node[static_cast<std::size_t>(n)]); row != 0)
+          use(g, row);
   };
   forEachNode([&](int group, int row) { groupOf[static_cast<std::size_t>(row)] = group; });
   int former = 0, formerGroup = 0;
@@ -356,7 +365,8 @@ void TableBuilder::AddNodalLoads() {
   }
   for (std::size_t e = 0; e < members_.size() && model_.AlfaCount > 0; ++e) {
     const Member& member = members_[e];
-    for (const auto& [row, action] : {std::pair(member.rowI, actions_[e].I), std::pair(member.rowJ, actions_[e].J)}) {
+    for (const auto& [row, action] :
+         {std::pair(member.rowI, actions_[e].I), std::pair(member.rowJ, actions_[e].J)}) {
       const double excess = MagnificationOf(row) - MagnificationOf(member);
       std::array<double, 3>& sum = sums[static_cast<std::size_t>(row)];
       sum[0] -= excess * (member.c * action[0] - member.s * action[1]);
@@ -371,8 +381,8 @@ void TableBuilder::AddNodalLoads() {
   }
 }
 
-// Boundary elements. The axes of a node's three directions in the deck: along X, upward, and the rotation's, which
-// points at the viewer, so that a rotation about it is counter-clockwise.
+// Boundary elements. The axes of a node's three directions in the deck: along X, upward, and the rotation's,
+// which points at the viewer, so that a rotation about it is counter-clockwise.
 
 constexpr std::array<std::array<double, 3>, 3> kAxes{{{1, 0, 0}, {0, 0, 1}, {0, -1, 0}}};
 
@@ -408,7 +418,8 @@ void TableBuilder::AddSupports() {
   }
 }
 
-void TableBuilder::AddSupport(int row, const std::array<double, 3>& moved, const std::array<double, 3>& spring) {
+void TableBuilder::AddSupport(int row, const std::array<double, 3>& moved,
+                              const std::array<double, 3>& spring) {
   const NodeRec& node = model_.Node[row];
   const double m = MagnificationOf(row);
   ExtMovedNode marked{row, node.code};
@@ -416,11 +427,12 @@ void TableBuilder::AddSupport(int row, const std::array<double, 3>& moved, const
       model_.RollerFlag == 1 && (node.code[0] == kInclinedRoller || node.code[1] == kInclinedRoller);
   if (roller) AddRoller(row, moved);
   for (std::size_t d = 0; d < 3; ++d) {
-    ExtBoundary element;
+    ExtBoundaryElement element;
     element.node = row;
     element.kind = d == 2 ? kExtRotation : kExtDisplacement;
     element.magnification = m;
-    element.code = node.code[d] == kFixed || node.code[d] == kSpring ? node.code[d] : kFree;
+    element.code = node.code[d];
+    if (element.code != kFixed && element.code != kSpring) element.code = kFree;
     element.cosine = element.code == kFree ? 1 : -1;
     element.prescribed = moved[d];
     if (element.code == kSpring) {
@@ -431,24 +443,24 @@ void TableBuilder::AddSupport(int row, const std::array<double, 3>& moved, const
       continue;
     }
     element.direction = Along(d, element.cosine);
-    tables_.ExtBoundaries.push_back(element);
+    tables_.ExtBoundary.push_back(element);
     if (moved[d] != 0) marked.code[d] = element.code == kSpring ? kMovedSpringCode : kMovedCode;
   }
   if (marked.code != node.code) tables_.movedNodes.push_back(marked);
 }
 
-/// One boundary element along the normal of the rolling plane; the support moves by the forced displacement's part along
-/// it.
+/// One boundary element along the normal of the rolling plane; the support moves by the forced displacement's
+/// part along it.
 void TableBuilder::AddRoller(int row, const std::array<double, 3>& moved) {
   const double normal = (model_.Node[row].rollerAngle + 90) * std::numbers::pi / 180;
-  ExtBoundary element;
+  ExtBoundaryElement element;
   element.node = row;
   element.code = kInclinedRoller;
   element.prescribed = moved[0] * std::cos(normal) + moved[1] * std::sin(normal);
   element.cosine = 1;
   element.direction = {std::cos(normal), 0, std::sin(normal)};
   element.magnification = MagnificationOf(row);
-  tables_.ExtBoundaries.push_back(element);
+  tables_.ExtBoundary.push_back(element);
 }
 
 void TableBuilder::RequireDeckNumbers() const {
@@ -461,7 +473,8 @@ void TableBuilder::RequireDeckNumbers() const {
 }  // namespace
 
 double MagnificationTolerance(const ModelRec& model) {
-  return model.NodeCount > kInMemoryNodes ? kMagnificationToleranceFileRoad : kMagnificationToleranceInMemoryRoad;
+  return model.NodeCount > kInMemoryNodes ? kMagnificationToleranceFileRoad
+                                          : kMagnificationToleranceInMemoryRoad;
 }
 
 ExternalTables BuildExternalTables(const ModelRec& model, int loadCase) {

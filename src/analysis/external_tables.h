@@ -1,8 +1,10 @@
-// One load case of a model as the companion program sees it: the translation tables. Nodes, materials, sections and
-// beams have deck numbers of their own, from 1 in the order of their table; the tables map them back. t, m, rad.
+// One load case of a model as the companion program sees it: the translation tables. Nodes, materials,
+// sections and beams have deck numbers of their own, from 1 in the order of their table; the tables map them
+// back. t, m, rad.
 //
-// The deck's plane is X and Z with Z upward, so its third axis Y points away from the viewer and it counts rotations and
-// moments clockwise: the model's, counter-clockwise, change sign on the way there and on the way back.
+// The deck's plane is X and Z with Z upward, so its third axis Y points away from the viewer and it counts
+// rotations and moments clockwise: the model's, counter-clockwise, change sign on the way there and on the
+// way back.
 #pragma once
 
 #include <array>
@@ -27,7 +29,7 @@ struct ExtMaterial {
 
 struct ExtSection {
   int number = 0;
-  int modelSection = 0;        // section number; 0: the helper section
+  int modelSection = 0;         // section number; 0: the helper section
   double A = 0, As = 0, I = 0;  // As is the effective shear area: the shear area by its shape factor
 };
 
@@ -44,11 +46,12 @@ struct ExtBeam {
   int endJ = kExtRigid;
   int loadJ = 0;
   int material = 0, section = 0;
-  int twin = 0;  // the other half of a divided beam: from the first half its number, from the second minus its number
+  int twin = 0;  // the other half of a divided beam: from the first half its number, from the second minus
+                 // its number
 };
 
-/// End actions at one end of a beam, in the eight columns of a load row: along the beam, across it, and the moment stand
-/// in the places 0, 2 and 4. The forces that hold the loaded end fixed.
+/// End actions at one end of a beam, in the eight columns of a load row: along the beam, across it, and the
+/// moment stand in the places 0, 2 and 4. The forces that hold the loaded end fixed.
 using ExtLoad = std::array<double, 8>;
 
 struct ExtNodalLoad {
@@ -59,21 +62,21 @@ struct ExtNodalLoad {
 /// What a boundary element holds.
 enum ExtBoundaryKind { kExtDisplacement = 1, kExtRotation = 2 };
 
-struct ExtBoundary {
+struct ExtBoundaryElement {
   int node = 0;
   int kind = kExtDisplacement;
-  int code = 0;             // the support code: 0 forced, 1 fixed, 2 spring, 4 inclined roller
-  double prescribed = 0;    // m, rad
-  double stiffness = 0;     // of a spring, t/m or t*m/rad
-  double cosine = 0;        // of the direction against the element's own axis: -1 or 1
+  int code = 0;                       // the support code: 0 forced, 1 fixed, 2 spring, 4 inclined roller
+  double prescribed = 0;              // m, rad
+  double stiffness = 0;               // of a spring, t/m or t*m/rad
+  double cosine = 0;                  // of the direction against the element's own axis: -1 or 1
   std::array<double, 3> direction{};  // of the boundary line in the deck's axes
-  double magnification = 1;  // of the node; a spring's reaction is told without it
+  double magnification = 1;           // of the node; a spring's reaction is told without it
 };
 
 /// Where an element's end forces come from.
 struct ExtElement {
-  int beamI = 0, beamJ = 0;     // the beams that hold its ends, or their outermost flexible parts
-  double armI = 0, armJ = 0;    // lengths of the rigid zones between them and the element's ends, m
+  int beamI = 0, beamJ = 0;   // the beams that hold its ends, or their outermost flexible parts
+  double armI = 0, armJ = 0;  // lengths of the rigid zones between them and the element's ends, m
 };
 
 /// A node that a forced displacement moves in this case.
@@ -89,14 +92,14 @@ struct ExternalTables {
   std::vector<ExtBeam> ExtBeams;
   std::vector<ExtLoad> ExtLoads;  // two a loaded beam: the first half's end I, the second half's end J
   std::vector<ExtNodalLoad> ExtNodalLoads;
-  std::vector<ExtBoundary> ExtBoundaries;
-  std::vector<ExtElement> elements;     // by element row, from 0
-  std::vector<int> supportRows;         // nodes with a code that is not 0 or a forced displacement in this case
+  std::vector<ExtBoundaryElement> ExtBoundary;
+  std::vector<ExtElement> elements;  // by element row, from 0
+  std::vector<int> supportRows;      // nodes with a code that is not 0 or a forced displacement in this case
   std::vector<ExtMovedNode> movedNodes;
 };
 
-/// Codes that a node gets where a forced displacement moves it: its reaction is then the sum of the member end forces
-/// that meet it.
+/// Codes that a node gets where a forced displacement moves it: its reaction is then the sum of the member
+/// end forces that meet it.
 inline constexpr std::int16_t kMovedCode = 3, kMovedSpringCode = 23;
 
 /// The tables of a load case (from 1) of a plane frame, model kinds 1 and 2. Throws Fault: a grid, and what

@@ -25,7 +25,8 @@ std::array<double, 6> BeamElement::EndForces(const std::array<double, 3>& strain
 }
 
 BeamElement MakeBeamElement(const Deck& deck, const Beam& beam, const std::array<LinearForm, 6>& ends) {
-  const Node &I = deck.nodes[static_cast<std::size_t>(beam.nodeI)], &J = deck.nodes[static_cast<std::size_t>(beam.nodeJ)];
+  const Node &I = deck.nodes[static_cast<std::size_t>(beam.nodeI)],
+             &J = deck.nodes[static_cast<std::size_t>(beam.nodeJ)];
   const Material& material = deck.materials[static_cast<std::size_t>(beam.material)];
   const Section& section = deck.sections[static_cast<std::size_t>(beam.section)];
   BeamElement element;

@@ -95,7 +95,8 @@ class Reader {
     if (!line) throw Fault(std::to_string(number_) + "行目 ： 入力データが途中で終わっています");
     return Line(*line, number_);
   }
-  /// How many lines a table has. No table can hold more than the file has bytes left, so a wrong count asks for no room.
+  /// How many lines a table has. No table can hold more than the file has bytes left, so a wrong count asks
+  /// for no room.
   int Count(const Line& line, std::size_t column, int lowest) const {
     const int count = line.Integer(column);
     if (count < lowest || static_cast<std::size_t>(count) > rest_.size() + 1)
@@ -162,7 +163,8 @@ void Reader::ReadBeamGroup() {
     actions.push_back({I, ReadAction(Next())});
   }
   for (int b = 0; b < beams; ++b) ReadBeam(actions);
-  if (const Line end = Next(); NoSpc(end.Text()) != kEndOfBeams) end.Fail("梁要素グループの終わりではありません");
+  if (const Line end = Next(); NoSpc(end.Text()) != kEndOfBeams)
+    end.Fail("梁要素グループの終わりではありません");
 }
 
 void Reader::ReadMaterial() {
@@ -174,8 +176,8 @@ void Reader::ReadMaterial() {
 void Reader::ReadSection() {
   const Line line = Next();
   line.RequireNumber(deck_.sections.size() + 1);
-  deck_.sections.push_back(
-      {line.RealFrom(6, 0, "断面積"), line.RealFrom(26, 0, "せん断断面積"), line.RealFrom(46, 0, "断面２次モーメント")});
+  deck_.sections.push_back({line.RealFrom(6, 0, "断面積"), line.RealFrom(26, 0, "せん断断面積"),
+                            line.RealFrom(46, 0, "断面２次モーメント")});
 }
 
 EndCode Reader::ReadEndCode(const Line& line, std::size_t column) const {
@@ -183,7 +185,8 @@ EndCode Reader::ReadEndCode(const Line& line, std::size_t column) const {
     std::string_view text;
     EndCode code;
   };
-  constexpr Entry kCodes[] = {{"000000", EndCode::Rigid}, {"000010", EndCode::Pin}, {"000090", EndCode::Link}};
+  constexpr Entry kCodes[] = {
+      {"000000", EndCode::Rigid}, {"000010", EndCode::Pin}, {"000090", EndCode::Link}};
   const std::string_view text = line.Columns(column, 6);
   for (const Entry& entry : kCodes)
     if (entry.text == text) return entry.code;
@@ -205,7 +208,8 @@ void Reader::ReadBeam(const std::vector<ActionPair>& actions) {
   beam.endI = ReadEndCode(line, 51);
   beam.endJ = ReadEndCode(line, 57);
   if ((beam.endI == EndCode::Link) != (beam.endJ == EndCode::Link)) line.Fail("材端条件が正しくありません");
-  const Node &I = deck_.nodes[static_cast<std::size_t>(beam.nodeI)], &J = deck_.nodes[static_cast<std::size_t>(beam.nodeJ)];
+  const Node &I = deck_.nodes[static_cast<std::size_t>(beam.nodeI)],
+             &J = deck_.nodes[static_cast<std::size_t>(beam.nodeJ)];
   if (beam.nodeI == beam.nodeJ || (!beam.IsLink() && I.x == J.x && I.z == J.z)) line.Fail("部材長が０です");
   deck_.beams.push_back(beam);
 }
@@ -233,7 +237,8 @@ void Reader::ReadBoundary() {
   const double X = values.Real(1), Y = values.Real(11), Z = values.Real(21);
   const bool rotation = element.kind == Boundary::Kind::Rotation;
   const double length = rotation ? std::abs(Y) : std::hypot(X, Z);
-  if (!(length > 0) || !std::isfinite(length) || (rotation ? X != 0 || Z != 0 : Y != 0)) values.Fail("境界要素の方向が正しくありません");
+  if (!(length > 0) || !std::isfinite(length) || (rotation ? X != 0 || Z != 0 : Y != 0))
+    values.Fail("境界要素の方向が正しくありません");
   if (rotation)
     element.direction[2] = -Y / length;
   else
@@ -261,6 +266,8 @@ void Reader::ReadEnd() {
 
 }  // namespace
 
-Deck ReadDeck(std::string_view bytes) { return Reader(bytes).Read(); }
+Deck ReadDeck(std::string_view bytes) {
+  return Reader(bytes).Read();
+}
 
 }  // namespace zorlan::companion

@@ -1,8 +1,10 @@
-// The input deck of the companion solver: a plane structure of beams and boundary elements under one load case, in fixed
-// columns (docs/file-formats.md). Units are the writer's, consistent; the system writes t, m, rad.
+// The input deck of the companion solver: a plane structure of beams and boundary elements under one load
+// case, in fixed columns (docs/file-formats.md). Units are the writer's, consistent; the system writes t, m,
+// rad.
 //
-// The deck's plane is X and Z, Z upward, and its axis Y points away from the viewer: rotations and moments about Y are
-// clockwise. In the records below they are counter-clockwise, as a plane's right angle turns X into Z.
+// The deck's plane is X and Z, Z upward, and its axis Y points away from the viewer: rotations and moments
+// about Y are clockwise. In the records below they are counter-clockwise, as a plane's right angle turns X
+// into Z.
 #pragma once
 
 #include <array>
@@ -27,11 +29,12 @@ inline constexpr double kNone = 1e-14;
 
 enum class EndCode { Rigid, Pin, Link };
 
-/// Actions at a beam's end in the beam's axes: along it, across it (x turned by +90 degrees), moment. The forces that
-/// hold the loaded end.
+/// Actions at a beam's end in the beam's axes: along it, across it (x turned by +90 degrees), moment. The
+/// forces that hold the loaded end.
 using EndAction = std::array<double, 3>;
 
-/// A beam from node I to node J. One with links at its ends is a link: its nodes share the displacement along X.
+/// A beam from node I to node J. One with links at its ends is a link: its nodes share the displacement along
+/// X.
 struct Beam {
   int nodeI = 0, nodeJ = 0;  // from 0
   int material = 0, section = 0;
@@ -40,9 +43,9 @@ struct Beam {
   bool IsLink() const { return endI == EndCode::Link; }
 };
 
-/// Holds a node along its direction, or about it. The prescribed value p is, with u the node's displacement along the
-/// direction: Forced and Roller u = p; Support -u = p; Spring: the displacement of the spring's foot, so that the
-/// spring's force on the node along the direction is -stiffness (u - p).
+/// Holds a node along its direction, or about it. The prescribed value p is, with u the node's displacement
+/// along the direction: Forced and Roller u = p; Support -u = p; Spring: the displacement of the spring's
+/// foot, so that the spring's force on the node along the direction is -stiffness (u - p).
 struct Boundary {
   enum class Kind { Displacement, Rotation };
   enum class Code { Forced = 0, Support = 1, Spring = 2, Roller = 4 };
@@ -62,7 +65,8 @@ struct Deck {
   std::vector<std::array<double, 3>> loads;  // by node: along X, along Z, moment
 };
 
-/// The deck of a file's bytes. Throws Fault with the line and what is wrong there, for anything that is not such a deck.
+/// The deck of a file's bytes. Throws Fault with the line and what is wrong there, for anything that is not
+/// such a deck.
 Deck ReadDeck(std::string_view bytes);
 
 }  // namespace zorlan::companion

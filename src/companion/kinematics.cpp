@@ -42,7 +42,8 @@ Kinematics::Kinematics(const Deck& deck)
   ChooseCarriers();
   for (std::size_t b = 0; b < deck.beams.size(); ++b)
     if (deck.beams[b].IsLink()) Join(deck.beams[b], static_cast<int>(b));
-  for (std::size_t n = 0; n < linkedWith_.size(); ++n) linkedWith_[n] = FirstOf(linkedWith_, static_cast<int>(n));
+  for (std::size_t n = 0; n < linkedWith_.size(); ++n)
+    linkedWith_[n] = FirstOf(linkedWith_, static_cast<int>(n));
   for (std::size_t b = 0; b < deck.boundaries.size(); ++b)
     if (deck.boundaries[b].code != Boundary::Code::Spring) Hold(deck.boundaries[b], static_cast<int>(b));
   NumberUnknowns();
@@ -61,9 +62,11 @@ void Kinematics::ChooseCarriers() {
   std::vector<bool> held(count);
   for (std::size_t b = 0; b < deck_.beams.size(); ++b) {
     const Beam& beam = deck_.beams[b];
-    const Node &I = deck_.nodes[static_cast<std::size_t>(beam.nodeI)], &J = deck_.nodes[static_cast<std::size_t>(beam.nodeJ)];
+    const Node &I = deck_.nodes[static_cast<std::size_t>(beam.nodeI)],
+               &J = deck_.nodes[static_cast<std::size_t>(beam.nodeJ)];
     const double stiffness = deck_.materials[static_cast<std::size_t>(beam.material)].E *
-                             deck_.sections[static_cast<std::size_t>(beam.section)].A / std::hypot(J.x - I.x, J.z - I.z);
+                             deck_.sections[static_cast<std::size_t>(beam.section)].A /
+                             std::hypot(J.x - I.x, J.z - I.z);
     for (const int node : {beam.nodeI, beam.nodeJ}) {
       const auto n = static_cast<std::size_t>(node);
       if (beam.IsLink()) held[n] = true;
@@ -79,7 +82,8 @@ void Kinematics::ChooseCarriers() {
   for (std::size_t n = 0; n < count; ++n) {
     const double others = sum[n] - largest[n];
     const int child = static_cast<int>(n);
-    if (held[n] || !(others > 0) || largest[n] < kCarrierRatio * others || !CanCarry(stiffest[n], child)) continue;
+    if (held[n] || !(others > 0) || largest[n] < kCarrierRatio * others || !CanCarry(stiffest[n], child))
+      continue;
     const Beam& beam = deck_.beams[static_cast<std::size_t>(stiffest[n])];
     const int parent = beam.nodeI == child ? beam.nodeJ : beam.nodeI;
     const int root = FirstOf(tree, parent);
@@ -113,9 +117,9 @@ void Kinematics::Hold(const Boundary& element, int place) {
     form.AddTerm(Variable(element.node, dof), factor);
   }
   form = Resolved(form);
-  const auto largest = std::max_element(form.terms.begin(), form.terms.end(), [](const auto& a, const auto& b) {
-    return std::abs(a.factor) < std::abs(b.factor);
-  });
+  const auto largest =
+      std::max_element(form.terms.begin(), form.terms.end(),
+                       [](const auto& a, const auto& b) { return std::abs(a.factor) < std::abs(b.factor); });
   if (largest == form.terms.end() || std::abs(largest->factor) < kSameDirection) {
     if (std::abs(form.constant) > kSameDirection * (1 + std::abs(element.prescribed)))
       throw Fault("節点 " + std::to_string(element.node + 1) + " の支持条件に矛盾があります");
@@ -131,14 +135,14 @@ void Kinematics::Hold(const Boundary& element, int place) {
   constraints_.push_back(constraint);
 }
 
-/// The form by variables that are not eliminated. An eliminated one hangs on such as were free when it went, so what it
-/// hangs on may be gone by now in turn.
+/// The form by variables that are not eliminated. An eliminated one hangs on such as were free when it went,
+/// so what it hangs on may be gone by now in turn.
 LinearForm Kinematics::Resolved(const LinearForm& form) const {
   LinearForm result = form;
   for (;;) {
-    const auto gone = std::find_if(result.terms.begin(), result.terms.end(), [&](const LinearForm::Term& term) {
-      return eliminated_[static_cast<std::size_t>(term.variable)];
-    });
+    const auto gone = std::find_if(
+        result.terms.begin(), result.terms.end(),
+        [&](const LinearForm::Term& term) { return eliminated_[static_cast<std::size_t>(term.variable)]; });
     if (gone == result.terms.end()) return result;
     const LinearForm::Term term = *gone;
     result.terms.erase(gone);
@@ -156,8 +160,9 @@ void Kinematics::NumberUnknowns() {
     }
 }
 
-/// A displacement before supports are looked at. A carried node moves with the rigid motion of the beam that carries it
-/// and by its own variables; a stiff chain is short, as each beam in it is a thousand times stiffer than the one before.
+/// A displacement before supports are looked at. A carried node moves with the rigid motion of the beam that
+/// carries it and by its own variables; a stiff chain is short, as each beam in it is a thousand times
+/// stiffer than the one before.
 LinearForm Kinematics::ByVariables(int node, int dof) const {
   LinearForm form = LinearForm::Of(Variable(node, dof));
   const int carrier = carrier_[static_cast<std::size_t>(node)];
@@ -170,7 +175,8 @@ LinearForm Kinematics::ByVariables(int node, int dof) const {
     if (!turnsAboutParent) form.Add(ByVariables(parent, 2), 1);
     return form;
   }
-  const Node &own = deck_.nodes[static_cast<std::size_t>(node)], &other = deck_.nodes[static_cast<std::size_t>(parent)];
+  const Node &own = deck_.nodes[static_cast<std::size_t>(node)],
+             &other = deck_.nodes[static_cast<std::size_t>(parent)];
   const double arm = dof == 0 ? -(own.z - other.z) : own.x - other.x;
   form.Add(ByVariables(parent, dof), 1);
   form.Add(turnsAboutParent ? LinearForm::Of(3 * node + 2) : ByVariables(parent, 2), arm);
@@ -179,7 +185,8 @@ LinearForm Kinematics::ByVariables(int node, int dof) const {
 
 LinearForm Kinematics::Displacement(int node, int dof) const {
   LinearForm byVariables = Resolved(ByVariables(node, dof));
-  for (LinearForm::Term& term : byVariables.terms) term.variable = unknown_[static_cast<std::size_t>(term.variable)];
+  for (LinearForm::Term& term : byVariables.terms)
+    term.variable = unknown_[static_cast<std::size_t>(term.variable)];
   return byVariables;
 }
 

@@ -1,9 +1,10 @@
-// How the displacements of a structure follow from its free unknowns: supports and links hold exactly, by elimination,
-// and no stiffness stands in for them.
+// How the displacements of a structure follow from its free unknowns: supports and links hold exactly, by
+// elimination, and no stiffness stands in for them.
 //
-// A node that hangs on a beam more than a thousand times stiffer than all else that meets it (the face of a rigid zone)
-// is carried by it: its unknowns are its displacements relative to the rigid motion of the beam's other end. The stiff
-// beam then strains by these unknowns alone, so that its stiffness meets nothing that it could drown.
+// A node that hangs on a beam more than a thousand times stiffer than all else that meets it (the face of a
+// rigid zone) is carried by it: its unknowns are its displacements relative to the rigid motion of the beam's
+// other end. The stiff beam then strains by these unknowns alone, so that its stiffness meets nothing that it
+// could drown.
 #pragma once
 
 #include <array>
@@ -34,8 +35,8 @@ class Kinematics {
   int Unknowns() const { return static_cast<int>(owner_.size()); }
   /// A node's displacement along X (0), Z (1), or its rotation (2), by the free unknowns.
   LinearForm Displacement(int node, int dof) const;
-  /// Displacements of a beam's ends (X, Z, rotation of I, then of J) less a rigid motion of the whole beam: what strains
-  /// it.
+  /// Displacements of a beam's ends (X, Z, rotation of I, then of J) less a rigid motion of the whole beam:
+  /// what strains it.
   std::array<LinearForm, 6> Straining(int beam) const;
   /// The constraints that hold, those left out that say nothing new.
   const std::vector<Constraint>& Constraints() const { return constraints_; }
@@ -56,8 +57,9 @@ class Kinematics {
   LinearForm Resolved(const LinearForm& form) const;
 
   const Deck& deck_;
-  std::vector<int> carrier_;     // of each node: the beam that carries it, or -1
-  std::vector<int> linkedWith_;  // of each node: one that shares its displacement along X, up to the group's first
+  std::vector<int> carrier_;  // of each node: the beam that carries it, or -1
+  std::vector<int>
+      linkedWith_;  // of each node: one that shares its displacement along X, up to the group's first
   std::vector<Constraint> constraints_;
   // Variables: three a node. One that a constraint has eliminated hangs on others.
   std::vector<bool> eliminated_;

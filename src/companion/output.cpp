@@ -17,7 +17,8 @@ constexpr std::string_view kBoundaryForces = "B O U N D A R Y   E L E M E N T   
 
 constexpr int kLoadCase = 1;
 constexpr int kDisplacementWidth = 14, kForceWidth = 20;
-constexpr std::size_t kMostBeamDigits = 4;  // columns 2 to 5: a beam with a longer number is known by its place
+constexpr std::size_t kMostBeamDigits =
+    4;  // columns 2 to 5: a beam with a longer number is known by its place
 
 class Text {
  public:
@@ -45,7 +46,8 @@ class Text {
   std::string text_, line_;
 };
 
-void AppendCount(Text& text, std::string_view label, std::size_t labelColumn, std::size_t column, std::size_t value) {
+void AppendCount(Text& text, std::string_view label, std::size_t labelColumn, std::size_t column,
+                 std::size_t value) {
   text.At(labelColumn, label).At(column, std::to_string(value)).End();
 }
 
@@ -58,7 +60,8 @@ void AppendHeading(Text& text, std::string_view heading) {
 void AppendBeam(Text& text, int number, const std::array<double, 6>& ends) {
   const std::string digits = std::to_string(number);
   for (const std::size_t first : {std::size_t{0}, std::size_t{3}}) {
-    text.At(2, digits.size() <= kMostBeamDigits ? digits : std::string(kMostBeamDigits, '*')).Integer(6, 5, kLoadCase);
+    text.At(2, digits.size() <= kMostBeamDigits ? digits : std::string(kMostBeamDigits, '*'))
+        .Integer(6, 5, kLoadCase);
     text.Real(19, kForceWidth, ends[first]).Real(39, kForceWidth, ends[first + 1]);
     text.Real(59, kForceWidth, -ends[first + 2]).End();
   }

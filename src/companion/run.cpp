@@ -44,8 +44,8 @@ void Report(const std::string& errorFile, const std::string& what) {
 
 std::string InstabilityText(const Unstable& unstable) {
   constexpr const char* kDirections[] = {"X 方向", "Y 方向", "回転"};
-  return "不安定構造\r\nNODE =" + std::to_string(unstable.node + 1) + "     " + kDirections[unstable.direction] +
-         "  剛性　ありません";
+  return "不安定構造\r\nNODE =" + std::to_string(unstable.node + 1) + "     " +
+         kDirections[unstable.direction] + "  剛性　ありません";
 }
 
 ExitCode SolveDeck(const Control& control) {

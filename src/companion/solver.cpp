@@ -1,8 +1,8 @@
 #include "companion/solver.h"
 
-#include <Eigen/SparseCholesky>
 #include <algorithm>
 #include <cmath>
+#include <Eigen/SparseCholesky>
 
 #include "base/fault.h"
 #include "companion/beam_element.h"
@@ -15,8 +15,8 @@ using Matrix = Eigen::SparseMatrix<double>;
 using Vector = Eigen::VectorXd;
 using Factorization = Eigen::SimplicialLDLT<Matrix>;
 
-/// A pivot below this share of its diagonal entry is rounding. A clamped beam cut into 5000 pieces still has pivots of
-/// 1e-12.
+/// A pivot below this share of its diagonal entry is rounding. A clamped beam cut into 5000 pieces still has
+/// pivots of 1e-12.
 constexpr double kPivotShare = 1e-13;
 
 /// A boundary spring: how far it is strained, by the unknowns.
@@ -48,7 +48,8 @@ class System {
   Matrix K_;      // scaled to a diagonal of 1
 };
 
-System::System(const Deck& deck) : deck_(deck), kinematics_(deck), load_(Vector::Zero(kinematics_.Unknowns())) {
+System::System(const Deck& deck)
+    : deck_(deck), kinematics_(deck), load_(Vector::Zero(kinematics_.Unknowns())) {
   for (std::size_t b = 0; b < deck.beams.size(); ++b) {
     const Beam& beam = deck.beams[b];
     if (beam.IsLink()) {
@@ -58,8 +59,10 @@ System::System(const Deck& deck) : deck_(deck), kinematics_(deck), load_(Vector:
     elements_.push_back(MakeBeamElement(deck, beam, kinematics_.Straining(static_cast<int>(b))));
     const BeamElement& element = elements_.back();
     for (std::size_t i = 0; i < 3; ++i)
-      for (std::size_t j = 0; j < 3; ++j) AddStiffness(element.strains[i], element.strains[j], element.stiffness[i][j]);
-    for (const auto& [node, action] : {std::pair(beam.nodeI, beam.actionI), std::pair(beam.nodeJ, beam.actionJ)}) {
+      for (std::size_t j = 0; j < 3; ++j)
+        AddStiffness(element.strains[i], element.strains[j], element.stiffness[i][j]);
+    for (const auto& [node, action] :
+         {std::pair(beam.nodeI, beam.actionI), std::pair(beam.nodeJ, beam.actionJ)}) {
       std::array<double, 3> force = element.Turned(action.data());
       for (double& part : force) part = -part;
       AddForce(node, force);
@@ -70,7 +73,8 @@ System::System(const Deck& deck) : deck_(deck), kinematics_(deck), load_(Vector:
     if (boundary.code != Boundary::Code::Spring) continue;
     SpringElement spring{static_cast<int>(b), {}};
     for (int dof = 0; dof < 3; ++dof)
-      spring.strain.Add(kinematics_.Displacement(boundary.node, dof), boundary.direction[static_cast<std::size_t>(dof)]);
+      spring.strain.Add(kinematics_.Displacement(boundary.node, dof),
+                        boundary.direction[static_cast<std::size_t>(dof)]);
     spring.strain.constant -= boundary.prescribed;
     AddStiffness(spring.strain, spring.strain, boundary.stiffness);
     springs_.push_back(std::move(spring));
@@ -123,8 +127,8 @@ bool System::ScaleByDiagonal(Unstable& unstable) {
   return true;
 }
 
-/// The motion with the least resistance, by inverse iteration on the slightly stiffened system, told by the first node
-/// that moves as far as any.
+/// The motion with the least resistance, by inverse iteration on the slightly stiffened system, told by the
+/// first node that moves as far as any.
 Unstable System::FreeMotion() const {
   constexpr double kStiffening = 1e-9;
   constexpr int kRounds = 4;
@@ -133,7 +137,8 @@ Unstable System::FreeMotion() const {
   for (int q = 0; q < count; ++q) stiffened.coeffRef(q, q) += kStiffening;
   const Factorization factorization(stiffened);
   Vector motion(count);
-  for (int q = 0; q < count; ++q) motion[q] = 1 + 0.1 * std::sin(q);  // along no motion in particular, across none
+  for (int q = 0; q < count; ++q)
+    motion[q] = 1 + 0.1 * std::sin(q);  // along no motion in particular, across none
   for (int round = 0; round < kRounds; ++round) motion = factorization.solve(motion).normalized();
   motion = motion.cwiseProduct(scale_);
 
@@ -143,7 +148,8 @@ Unstable System::FreeMotion() const {
     return std::abs(form.At(motion));
   };
   const int nodes = static_cast<int>(deck_.nodes.size());
-  for (const auto& [first, last] : {std::pair(0, 1), std::pair(2, 2)}) {  // rotations only where nothing moves
+  for (const auto& [first, last] :
+       {std::pair(0, 1), std::pair(2, 2)}) {  // rotations only where nothing moves
     double largest = 0;
     for (int node = 0; node < nodes; ++node)
       for (int dof = first; dof <= last; ++dof) largest = std::max(largest, part(node, dof));
@@ -170,10 +176,12 @@ std::optional<Solution> System::Solve(Unstable& unstable) {
 
 Solution System::Evaluate(const Vector& q) const {
   Solution solution;
-  std::vector<std::array<double, 3>> held(deck_.nodes.size());  // what supports and links must exert on each node
+  std::vector<std::array<double, 3>> held(
+      deck_.nodes.size());  // what supports and links must exert on each node
   for (int node = 0; node < static_cast<int>(deck_.nodes.size()); ++node) {
     std::array<double, 3> u;
-    for (int dof = 0; dof < 3; ++dof) u[static_cast<std::size_t>(dof)] = kinematics_.Displacement(node, dof).At(q);
+    for (int dof = 0; dof < 3; ++dof)
+      u[static_cast<std::size_t>(dof)] = kinematics_.Displacement(node, dof).At(q);
     solution.displacements.push_back(u);
     for (std::size_t dof = 0; dof < 3; ++dof)
       held[static_cast<std::size_t>(node)][dof] = -deck_.loads[static_cast<std::size_t>(node)][dof];
@@ -216,9 +224,11 @@ Solution System::Evaluate(const Vector& q) const {
       solution.boundaryForces[static_cast<std::size_t>(constraint.boundary)] = forces[k];
       continue;
     }
-    // A link takes from its node J along X what it gives to node I; told in the axes of the line between them.
+    // A link takes from its node J along X what it gives to node I; told in the axes of the line between
+    // them.
     const Beam& link = deck_.beams[static_cast<std::size_t>(constraint.link)];
-    const Node &I = deck_.nodes[static_cast<std::size_t>(link.nodeI)], &J = deck_.nodes[static_cast<std::size_t>(link.nodeJ)];
+    const Node &I = deck_.nodes[static_cast<std::size_t>(link.nodeI)],
+               &J = deck_.nodes[static_cast<std::size_t>(link.nodeJ)];
     const double L = std::hypot(J.x - I.x, J.z - I.z);
     const double c = L > 0 ? (J.x - I.x) / L : 1, s = L > 0 ? (J.z - I.z) / L : 0;
     solution.endForces[static_cast<std::size_t>(constraint.link)] = {c * forces[k],  -s * forces[k], 0,
@@ -227,8 +237,8 @@ Solution System::Evaluate(const Vector& q) const {
   return solution;
 }
 
-/// Shares out what supports and links together exert: C^T f = needed, by C C^T f = C needed. The rows of C are
-/// independent, since a constraint that says nothing new was left out.
+/// Shares out what supports and links together exert: C^T f = needed, by C C^T f = C needed. The rows of C
+/// are independent, since a constraint that says nothing new was left out.
 std::vector<double> System::ConstraintForces(const std::vector<std::array<double, 3>>& needed) const {
   const std::vector<Constraint>& constraints = kinematics_.Constraints();
   const int count = static_cast<int>(constraints.size());
@@ -240,7 +250,8 @@ std::vector<double> System::ConstraintForces(const std::vector<std::array<double
   Matrix C(count, static_cast<int>(3 * deck_.nodes.size()));
   C.setFromTriplets(entries.begin(), entries.end());
   Vector force(C.cols());
-  for (int k = 0; k < force.size(); ++k) force[k] = needed[static_cast<std::size_t>(k / 3)][static_cast<std::size_t>(k % 3)];
+  for (int k = 0; k < force.size(); ++k)
+    force[k] = needed[static_cast<std::size_t>(k / 3)][static_cast<std::size_t>(k % 3)];
   const Matrix normal = C * C.transpose();
   const Factorization factorization(normal);
   Vector shares = factorization.solve(C * force);
@@ -250,7 +261,9 @@ std::vector<double> System::ConstraintForces(const std::vector<std::array<double
 
 bool IsFinite(const Solution& solution) {
   const auto finite = [](double value) { return std::isfinite(value); };
-  const auto allFinite = [&](const auto& values) { return std::all_of(values.begin(), values.end(), finite); };
+  const auto allFinite = [&](const auto& values) {
+    return std::all_of(values.begin(), values.end(), finite);
+  };
   return std::all_of(solution.displacements.begin(), solution.displacements.end(), allFinite) &&
          std::all_of(solution.endForces.begin(), solution.endForces.end(), allFinite) &&
          allFinite(solution.boundaryForces);

@@ -10,8 +10,10 @@
 namespace zorlan::companion {
 
 struct Solution {
-  std::vector<std::array<double, 3>> displacements;  // by node: along X, along Z, rotation (counter-clockwise)
-  std::vector<std::array<double, 6>> endForces;  // by beam: N, Q, M on the member at I, then at J, in its axes
+  std::vector<std::array<double, 3>>
+      displacements;  // by node: along X, along Z, rotation (counter-clockwise)
+  std::vector<std::array<double, 6>>
+      endForces;                       // by beam: N, Q, M on the member at I, then at J, in its axes
   std::vector<double> boundaryForces;  // by boundary element: what it exerts on the node along its direction
 };
 
@@ -20,9 +22,9 @@ struct Unstable {
   int node = 0, direction = 0;
 };
 
-/// Solves the deck; for an unstable structure there is no solution and `unstable` is filled. A rotation that no beam
-/// holds (all ends at the node are pins) isn't counted as unstable: it stays 0. Throws Fault for supports that contradict
-/// each other, or an overflow.
+/// Solves the deck; for an unstable structure there is no solution and `unstable` is filled. A rotation that
+/// no beam holds (all ends at the node are pins) isn't counted as unstable: it stays 0. Throws Fault for
+/// supports that contradict each other, or an overflow.
 std::optional<Solution> Solve(const Deck& deck, Unstable& unstable);
 
 }  // namespace zorlan::companion
