@@ -18,18 +18,18 @@ struct Listing {
 };
 
 constexpr std::array kListings = {
-    Listing{kPrintInputErrors, "<<エラーチェック>>", "<<エラーチェック>>", Place::Work, "InputErr.txt"},
+    Listing{kPrintCheck, "<<エラーチェック>>", "<<エラーチェック>>", Place::Work, "InputErr.txt"},
     Listing{kPrintInputList, "<<入力ファイル>>", "<<入力ファイル>>", Place::Work, "TmpFile.inp"},
-    Listing{kPrintAnalysis, "<<解析結果ファイル>>", "<<解析結果ファイル>> ", Place::BesideDeck, ".out"},
-    Listing{kPrintSteel, "", "<<Ｓ断面算定>> ", Place::Results, "DSNS"},
-    Listing{kPrintConcrete, "", "<<ＲＣ断面算定>> ", Place::Results, "DSNRC"},
+    Listing{kPrintListing, "<<解析結果ファイル>>", "<<解析結果ファイル>> ", Place::BesideDeck, ".out"},
+    Listing{kPrintSteelDesign, "", "<<Ｓ断面算定>> ", Place::Results, "DSNS"},
+    Listing{kPrintConcreteDesign, "", "<<ＲＣ断面算定>> ", Place::Results, "DSNRC"},
     Listing{kPrintCombinations, "", "<<荷重の組み合わせ>>", Place::Work, "KUMI"},
-    Listing{kPrintTimber, "", "<<木造トラス断面算定>> ", Place::Results, "DSNW"},
-    Listing{kPrintTemporary, "", "", Place::Work, "TmpFile"},
+    Listing{kPrintTimberDesign, "", "<<木造トラス断面算定>> ", Place::Results, "DSNW"},
+    Listing{kPrintOther, "", "", Place::Work, "TmpFile"},
 };
 
 const Listing* Find(int flag) {
-  if (flag == kReadInputErrors) flag = kPrintInputErrors;
+  if (flag == kPrintCheckRead) flag = kPrintCheck;
   for (const Listing& listing : kListings)
     if (listing.flag == flag) return &listing;
   return nullptr;
@@ -37,7 +37,7 @@ const Listing* Find(int flag) {
 
 }  // namespace
 
-std::string ListingOfFlag(int flag) {
+std::string PrintFile(int flag) {
   const Listing* const listing = Find(flag);
   if (listing == nullptr) return {};
   switch (listing->place) {
@@ -62,7 +62,7 @@ std::string_view ReaderHeading(int flag) {
 }
 
 TextStyle StyleOfFlag(int flag) {
-  return {PageHeading(flag), flag == kPrintTimber};
+  return {PageHeading(flag), flag == kPrintTimberDesign};
 }
 
 int FlagOfListing(std::string_view path) {
@@ -71,7 +71,7 @@ int FlagOfListing(std::string_view path) {
     if (name == UpperCase(listing.file)) return listing.flag;
     if (listing.place == Place::BesideDeck && name.ends_with(UpperCase(listing.file))) return listing.flag;
   }
-  return kPrintTemporary;
+  return kPrintOther;
 }
 
 }  // namespace zorlan

@@ -26,7 +26,7 @@ TEST_F(PrintFlagTest, EveryFlagHasItsFileAndHeadings) {
       {8, "", "", ""},
   };
   for (const auto& c : cases) {
-    EXPECT_EQ(ListingOfFlag(c.flag), c.file) << c.flag;
+    EXPECT_EQ(PrintFile(c.flag), c.file) << c.flag;
     EXPECT_EQ(PageHeading(c.flag), c.page) << c.flag;
     EXPECT_EQ(ReaderHeading(c.flag), c.reader) << c.flag;
   }
@@ -37,12 +37,12 @@ TEST_F(PrintFlagTest, TheTimberListingAloneBreaksBeforeSquares) {
 }
 
 TEST_F(PrintFlagTest, AFileIsKnownByItsName) {
-  EXPECT_EQ(FlagOfListing("/a/InputErr.txt"), kPrintInputErrors);
+  EXPECT_EQ(FlagOfListing("/a/InputErr.txt"), kPrintCheck);
   EXPECT_EQ(FlagOfListing("TmpFile.inp"), kPrintInputList);
-  EXPECT_EQ(FlagOfListing("/a.zor/門型.OUT"), kPrintAnalysis);
-  EXPECT_EQ(FlagOfListing("/a.zor/門型.ANA/dsnrc"), kPrintConcrete);
-  EXPECT_EQ(FlagOfListing("/a/DSNW"), kPrintTimber);
-  EXPECT_EQ(FlagOfListing("/a/notes.txt"), kPrintTemporary);
+  EXPECT_EQ(FlagOfListing("/a.zor/門型.OUT"), kPrintListing);
+  EXPECT_EQ(FlagOfListing("/a.zor/門型.ANA/dsnrc"), kPrintConcreteDesign);
+  EXPECT_EQ(FlagOfListing("/a/DSNW"), kPrintTimberDesign);
+  EXPECT_EQ(FlagOfListing("/a/notes.txt"), kPrintOther);
 }
 
 }  // namespace
