@@ -1,0 +1,176 @@
+#include "desktop/form.h"
+
+#include <algorithm>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QMdiSubWindow>
+
+#include "render/qt_text.h"
+#include "shell/settings.h"
+
+namespace zorlan {
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+constexpr QPoint kCascadeStart(1700, -250);
+constexpr QPoint kCascadeStep(100, 250);
+constexpr int kCascadeOffset = 28;  // pixels: a title bar
+constexpr int kVisible = 60;        // pixels of a form that stay within reach
+
+Form* FormIn(const QMdiSubWindow* frame) {
+  return qobject_cast<Form*>(frame->widget());
+}
+
+}  // namespace
+
+Form::Form(const char* name) {
+  setObjectName(QString::fromLatin1(name));
+  setAttribute(Qt::WA_DeleteOnClose);
+}
+
+bool Form::CloseForm() {
+  QWidget* const frame = parentWidget();
+  return frame != nullptr && qobject_cast<QMdiSubWindow*>(frame) != nullptr ? frame->close() : close();
+}
+
+void Form::Unload() {
+  unloading_ = true;
+  CloseForm();
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+  event->setAccepted(unloading_ || Commit());
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape)
+    CloseForm();
+  else
+    QWidget::keyPressEvent(event);
+}
+
+FormArea::FormArea(QWidget* parent) : QMdiArea(parent), cascade_(kCascadeStart) {
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+}
+
+std::vector<Form*> FormArea::Forms() const {
+  std::vector<Form*> forms;
+  for (const QMdiSubWindow* const frame : subWindowList(QMdiArea::CreationOrder))
+    if (Form* const form = FormIn(frame)) forms.push_back(form);
+  return forms;
+}
+
+Form* FormArea::Find(const std::string& name) const {
+  for (Form* const form : Forms())
+    if (FromQt(form->objectName()) == name) return form;
+  return nullptr;
+}
+
+std::vector<std::string> FormArea::Names() const {
+  std::vector<std::string> names;
+  for (const Form* const form : Forms()) names.push_back(FromQt(form->objectName()));
+  return names;
+}
+
+void FormArea::Show(Form* form) {
+  if (auto* const open = qobject_cast<QMdiSubWindow*>(form->parentWidget())) {
+    if (open->isMinimized()) open->showNormal();
+    setActiveSubWindow(open);
+    form->setFocus();
+    return;
+  }
+  QMdiSubWindow* const frame = addSubWindow(form);
+  frame->setAttribute(Qt::WA_DeleteOnClose);
+  frame->setWindowIcon(window()->windowIcon());
+  frame->installEventFilter(this);
+  Place(frame, FromQt(form->objectName()));
+  frame->show();
+}
+
+void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
+  cascade_ += kCascadeStep;
+  WindowPlace place;
+  const bool kept = LoadWindowPlace(name, place) && place.width > 0 && place.height > 0;
+  if (!kept) {
+    const QSize size = frame->sizeHint();
+    const QPoint corner = cascade_ / kTwipsPerPixel;
+    place = {corner.x(), corner.y(), size.width(), size.height(), false};
+  }
+  const QSize room = viewport()->size();
+  place.width = std::min(place.width, std::max(room.width(), kVisible));
+  place.height = std::min(place.height, std::max(room.height(), kVisible));
+  // A form that was left in a larger window must stay within reach of the mouse; a new one fits in whole.
+  const int right = kept ? room.width() - kVisible : room.width() - place.width;
+  const int bottom = kept ? room.height() - kVisible : room.height() - place.height;
+  place.left = std::clamp(place.left, kept ? kVisible - place.width : 0, std::max(0, right));
+  place.top = std::clamp(place.top, 0, std::max(0, bottom));
+  frame->setGeometry(place.left, place.top, place.width, place.height);
+  if (place.maximized) frame->setWindowState(Qt::WindowMaximized);
+}
+
+void FormArea::UnloadAll() {
+  for (Form* const form : Forms()) {
+    form->Unload();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  }
+}
+
+void FormArea::SetFormsEnabled(bool enabled, const std::vector<std::string>& except) {
+  for (Form* const form : Forms())
+    if (std::ranges::find(except, FromQt(form->objectName())) == except.end()) form->setEnabled(enabled);
+}
+
+void FormArea::ResetCascade() {
+  cascade_ = kCascadeStart;
+}
+
+void FormArea::CascadeForms() {
+  const QSize room = viewport()->size();
+  QPoint corner(0, 0);
+  for (QMdiSubWindow* const frame : subWindowList(QMdiArea::StackingOrder)) {
+    if (frame->isMinimized()) continue;
+    frame->showNormal();
+    const QSize size = frame->size().boundedTo(room);
+    if (corner.x() + size.width() > room.width() || corner.y() + size.height() > room.height())
+      corner = QPoint(0, 0);
+    frame->setGeometry(QRect(corner, size));
+    corner += QPoint(kCascadeOffset, kCascadeOffset);
+  }
+}
+
+void FormArea::TileForms(Qt::Orientation along) {
+  QList<QMdiSubWindow*> frames;
+  for (QMdiSubWindow* const frame : subWindowList(QMdiArea::StackingOrder))
+    if (!frame->isMinimized()) frames.push_front(frame);  // the one in front comes first
+  const int count = static_cast<int>(frames.size());
+  const QSize room = viewport()->size();
+  for (int i = 0; i < count; ++i) {
+    frames[i]->showNormal();
+    if (along == Qt::Vertical)
+      frames[i]->setGeometry(0, room.height() * i / count, room.width(), room.height() / count);
+    else
+      frames[i]->setGeometry(room.width() * i / count, 0, room.width() / count, room.height());
+  }
+}
+
+bool FormArea::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Close)
+    if (auto* const frame = qobject_cast<QMdiSubWindow*>(watched))
+      if (const Form* const form = FormIn(frame)) {
+        const bool maximized = frame->isMaximized();
+        WindowPlace place;
+        if (maximized) LoadWindowPlace(FromQt(form->objectName()), place);
+        if (!maximized) {
+          const QRect area = frame->geometry();
+          place = {area.x(), area.y(), area.width(), area.height(), false};
+        }
+        place.maximized = maximized;
+        if (!frame->isMinimized()) SaveWindowPlace(FromQt(form->objectName()), place);
+      }
+  return QMdiArea::eventFilter(watched, event);
+}
+
+}  // namespace zorlan
