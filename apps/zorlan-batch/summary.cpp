@@ -18,16 +18,6 @@ namespace {
 
 constexpr NumberPattern kThreeDecimals = "##########0.000";
 
-std::string_view ForceUnitName() {
-  constexpr std::string_view kNames[2][2] = {{"t", "kg"}, {"kN", "N"}};
-  return kNames[OutUnit != 0][ForceUnit != 0];
-}
-
-double ConvertForce(double value) {
-  if (OutUnit != 0) value *= GravityFactor;
-  return ForceUnit != 0 ? value * 1000 : value;
-}
-
 std::string_view RoadName(Road road) {
   switch (road) {
     case Road::InMemory:
