@@ -189,6 +189,15 @@ void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush
   ReplaceBytes(path, converted.bytes, flush);
 }
 
+bool CanWriteFile(const std::string& path) {
+  const bool there = FileExists(path);
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+  if (file < 0) return false;
+  ::close(file);
+  if (!there) ::unlink(path.c_str());
+  return true;
+}
+
 void MakeFolder(const std::string& folder) {
   std::error_code error;
   fs::create_directories(NativePath(folder), error);
