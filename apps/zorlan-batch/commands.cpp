@@ -109,9 +109,12 @@ std::span<const Command> Commands() {
 ExitCode RunCommand(const Request& request) {
   FindSectionTables(request.documents);
   ExitCode gravest = kDone;
-  for (const std::string& deck : request.decks) {
-    ThrowIfInterrupted();
-    gravest = std::max(gravest, RunOnDeck(request, deck));
+  const std::size_t count = request.decks.size();
+  for (std::size_t d = 0; d < count; ++d) {
+    const std::string place =
+        count > 1 ? " (" + std::to_string(d + 1) + "/" + std::to_string(count) + ")" : "";
+    TheHost().progress(request.decks[d] + place, static_cast<double>(d) / static_cast<double>(count));
+    gravest = std::max(gravest, RunOnDeck(request, request.decks[d]));
   }
   return gravest;
 }

@@ -143,5 +143,16 @@ TEST(BatchProgramOutput, HasNoProgressWhereThereIsNoTerminal) {
   EXPECT_THAT(program.Run({"analyze", "model.inp"}).err, Not(HasSubstr("\r")));
 }
 
+// `script` runs a command on a terminal of its own.
+TEST(BatchProgramOutput, DrawsProgressOnATerminalAndWipesItForMessages) {
+  const BatchProgram program;
+  program.Deck("model.inp", LongCantileverDeck(1000, 20));
+  std::string decks;
+  for (int k = 0; k < 40; ++k) decks += " model.inp";
+  const BatchResult result = program.Shell("script -qec \"$ZORLAN analyze" + decks + "\" /dev/null");
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_THAT(result.out, testing::ContainsRegex("\r\x1b\\[K[^\r]*model.inp [^\r]*[0-9]+ %\r\x1b\\[K"));
+}
+
 }  // namespace
 }  // namespace zorlan
