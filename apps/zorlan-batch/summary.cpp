@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "analysis/force_units.h"
 #include "analysis/static_analysis.h"
 #include "base/cp932.h"
 #include "base/host.h"
@@ -19,13 +20,8 @@ namespace {
 constexpr NumberPattern kThreeDecimals = "##########0.000";
 
 std::string_view ForceUnitName() {
-  constexpr std::string_view kNames[2][2] = {{"t", "kg"}, {"kN", "N"}};
-  return kNames[OutUnit != 0][ForceUnit != 0];
-}
-
-double ConvertForce(double value) {
-  if (OutUnit != 0) value *= GravityFactor;
-  return ForceUnit != 0 ? value * 1000 : value;
+  constexpr std::string_view kNames[] = {"t", "kg", "kN", "N"};
+  return kNames[ForceIndex()];
 }
 
 std::string_view RoadName(Road road) {
