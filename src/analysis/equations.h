@@ -4,6 +4,8 @@
 #pragma once
 
 #include <array>
+#include <span>
+#include <string>
 #include <vector>
 
 #include "analysis/members.h"
@@ -25,7 +27,7 @@ class CaseTable {
   int Cases() const { return cases_; }
   double* operator[](int equation) { return values_.data() + Offset(equation); }
   const double* operator[](int equation) const { return values_.data() + Offset(equation); }
-  bool Empty() const { return values_.empty(); }
+  std::span<const double> Values() const { return values_; }
 
  private:
   std::size_t Offset(int equation) const {

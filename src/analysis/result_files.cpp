@@ -6,6 +6,7 @@
 #include "base/fault.h"
 #include "base/number.h"
 #include "base/text_file.h"
+#include "model/model_rec.h"
 
 namespace zorlan {
 namespace {
@@ -46,7 +47,7 @@ class NumberReader {
   std::size_t place_ = 0;
 };
 
-constexpr int kLargestCount = 32767;
+constexpr int kHighestNodeNumber = 5000;
 
 void WriteLines(const std::string& path, std::span<const double> values) {
   FileWriter file(path);
@@ -70,9 +71,9 @@ std::vector<double> ReadReals(const std::string& path, std::size_t count) {
 Reactions ReadReactions(const std::string& folder) {
   NumberReader index(folder + "FT022A");
   Reactions reactions;
-  reactions.cases = index.NextCount(kLargestCount);
-  reactions.nodes.resize(static_cast<std::size_t>(index.NextCount(kLargestCount)));
-  for (int& node : reactions.nodes) node = static_cast<int>(index.Next());
+  reactions.cases = index.NextCount(kMaxLoadCases);
+  reactions.nodes.resize(static_cast<std::size_t>(index.NextCount(kMaxNodes)));
+  for (int& node : reactions.nodes) node = index.NextCount(kHighestNodeNumber);
   NumberReader reader(folder + "FT022");
   reactions.values.reserve(static_cast<std::size_t>(reactions.cases) * reactions.nodes.size() * 3);
   for (int c = 1; c <= reactions.cases; ++c)
