@@ -4,6 +4,8 @@
 #include <filesystem>
 
 #include "analysis/analysis_state.h"
+#include "analysis/external_road.h"
+#include "analysis/merge.h"
 #include "analysis/stages.h"
 #include "base/fault.h"
 #include "base/host.h"
@@ -93,11 +95,42 @@ void RemoveStaleResults() {
   RemoveFile(ListingPath());
 }
 
+/// Whether the load case goes to the companion.
+bool TakesExternalRoad(bool roller, int loadCase) {
+  return roller || HasForcedDisplacement(loadCase) != kFalse;
+}
+
+/// Solves load case by load case, each on its road, behind a first run of the in-program solver, in which a
+/// roller is free and no support moves: a model that fails it fails. All cases of the in-program solver come
+/// out of one run.
+bool SolveCaseByCase(bool roller) {
+  if (!Solve()) return false;
+  MergedResults results(CalcModel.MaxLoadCase, CalcModel.NodeCount, CalcModel.ElemCount);
+  bool solved = false;
+  for (int c = 1; c <= results.cases; ++c) {
+    CalcModel = SavedCalcModel;
+    TheHost().progress("外部解析", static_cast<double>(c - 1) / results.cases);
+    if (TakesExternalRoad(roller, c)) {
+      if (!SolveExternalCase(c, results)) return false;
+      continue;
+    }
+    if (!solved && SolveStatic() == kFalse) return false;
+    solved = true;
+    CollectCaseResults(c, results);
+    MagnifyForces(CalcModel, c, results);
+  }
+  WriteMergedResults(results);
+  RemoveMagnification(CalcModel);
+  RecomputeMidspan();
+  Report.road = Road::External;
+  return true;
+}
+
 void FillReport() {
   Report.nodes = CalcModel.NodeCount;
   Report.elements = CalcModel.ElemCount;
   Report.cases = CalcModel.MaxLoadCase;
-  Report.trust = AssessStages();
+  if (Report.road != Road::External) Report.trust = AssessStages();
 }
 
 /// The analysis behind the reading of the deck.
@@ -107,13 +140,9 @@ bool Analyse() {
   CopyResults();
   SavedCalcModel = CalcModel;
   const bool roller = CalcModel.RollerFlag == 1 && HasInclinedRoller() != kFalse;
-  bool forced = false;
-  for (int c = 1; c <= CalcModel.MaxLoadCase && !forced; ++c) forced = HasForcedDisplacement(c) != kFalse;
-  if (roller || forced) {
-    TheHost().message("傾斜ローラー及び強制変位の解析は、まだできません", "解析失敗");
-    return false;
-  }
-  if (!SolveTwice()) return false;
+  bool external = false;
+  for (int c = 1; c <= CalcModel.MaxLoadCase && !external; ++c) external = TakesExternalRoad(roller, c);
+  if (!(external ? SolveCaseByCase(roller) : SolveTwice())) return false;
   FillReport();
   CopyResultFiles(AnalysisPath, ResultFolder());
   return true;

@@ -208,8 +208,7 @@ void Reader::ReadBeam(const std::vector<ActionPair>& actions) {
   beam.endI = ReadEndCode(line, 51);
   beam.endJ = ReadEndCode(line, 57);
   if ((beam.endI == EndCode::Link) != (beam.endJ == EndCode::Link)) line.Fail("材端条件が正しくありません");
-  const Node &I = deck_.nodes[static_cast<std::size_t>(beam.nodeI)],
-             &J = deck_.nodes[static_cast<std::size_t>(beam.nodeJ)];
+  const Node &I = At(deck_.nodes, beam.nodeI), &J = At(deck_.nodes, beam.nodeJ);
   if (beam.nodeI == beam.nodeJ || (!beam.IsLink() && I.x == J.x && I.z == J.z)) line.Fail("部材長が０です");
   deck_.beams.push_back(beam);
 }
