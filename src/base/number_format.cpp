@@ -45,6 +45,21 @@ char* WriteDigits(char* end, std::uint64_t number, int minDigits) {
   return at;
 }
 
+/// Takes the last `count` digits off `number` and writes them in front of `end`; answers their start.
+char* WriteDecimals(char* end, std::uint64_t& number, int count) {
+  char* at = end;
+  for (; count >= 2; count -= 2) {
+    at -= 2;
+    std::memcpy(at, kDigitPairs.data() + 2 * (number % 100), 2);
+    number /= 100;
+  }
+  if (count == 1) {
+    *--at = static_cast<char>('0' + number % 10);
+    number /= 10;
+  }
+  return at;
+}
+
 /// The nearest whole number, halves up; nothing where the margin leaves it open or the number is too large.
 bool RoundScaled(double scaled, std::uint64_t& whole) {
   if (!(scaled < kScaledLimit)) return false;
@@ -166,16 +181,15 @@ bool NumberDigits::TryFixed(double magnitude, const NumberPattern& pattern) {
   if (decimals > kMostScaledDecimals || pattern.minDecimals != decimals || pattern.minIntegers > 10 ||
       !RoundScaled(magnitude * kPowersOfTen[decimals], whole))
     return false;
-  char* const end = buffer_.data() + kRoom;
-  char* start = WriteDigits(end, whole, decimals + pattern.minIntegers);
-  if (decimals > 0) {
-    const std::ptrdiff_t integers = end - start - decimals;
-    std::memmove(start - 1, start, static_cast<std::size_t>(integers));
-    --start;
-    start[integers] = '.';
-  }
-  small_ = static_cast<std::size_t>(end - start);
   zero_ = whole == 0;
+  char* const end = buffer_.data() + kRoom;
+  char* start = end;
+  if (decimals > 0) {
+    start = WriteDecimals(end, whole, decimals);
+    *--start = '.';
+  }
+  start = WriteDigits(start, whole, pattern.minIntegers);
+  small_ = static_cast<std::size_t>(end - start);
   return true;
 }
 
