@@ -95,12 +95,10 @@ class Reader {
     if (!line) throw Fault(std::to_string(number_) + "行目 ： 入力データが途中で終わっています");
     return Line(*line, number_);
   }
-  /// How many lines a table has. No table can hold more than the file has bytes left, so a wrong count asks
-  /// for no room.
+  /// How many lines a table has.
   int Count(const Line& line, std::size_t column, int lowest) const {
     const int count = line.Integer(column);
-    if (count < lowest || static_cast<std::size_t>(count) > rest_.size() + 1)
-      line.Fail("個数 " + std::to_string(count) + " が正しくありません");
+    if (count < lowest) line.Fail("個数 " + std::to_string(count) + " が正しくありません");
     return count;
   }
 

@@ -106,9 +106,10 @@ bool Equations::ScaleByDiagonal(Unstable& unstable) {
   return true;
 }
 
-/// The motion with the least resistance, by inverse iteration on the slightly stiffened system.
+/// The motion with the least resistance, by inverse iteration on a system stiffened so little that the
+/// softest motions of a sound part stay apart.
 Vector Equations::FreeMotion() const {
-  constexpr Real kStiffening = 1e-9L;
+  constexpr Real kStiffening = 10 * kPivotShare;
   constexpr int kRounds = 4;
   Matrix stiffened = K_;
   for (int q = 0; q < count_; ++q) stiffened.coeffRef(q, q) += kStiffening;
