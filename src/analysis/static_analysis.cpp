@@ -116,7 +116,7 @@ bool SolveCaseByCase(bool roller) {
 
 void CopyResultFiles(const std::string& from, const std::string& to) {
   for (const std::string_view name : kResultFiles)
-    CopyFileOver(from + std::string(name), to + std::string(name));
+    ShareFileOver(from + std::string(name), to + std::string(name));
 }
 
 /// What a new analysis of the model in hand makes untrue, listing included.
@@ -134,7 +134,7 @@ void WriteListing() {
     if (!AnalysisError.empty()) Tell(AnalysisErrorDetail + " " + AnalysisError);
   }
   if (!FileExists(AnalysisPath + "FT100")) return;
-  CopyFileOver(AnalysisPath + "FT100", ListingPath());
+  ShareFileOver(AnalysisPath + "FT100", ListingPath());
   TheHost().showListing(ListingPath());
 }
 

@@ -125,6 +125,21 @@ bool FolderExists(std::string_view path) {
   return fs::is_directory(NativePath(path), ignored);
 }
 
+void ShareFileOver(const std::string& from, const std::string& to) {
+  const std::string beside = to + ".~new";
+  ::unlink(beside.c_str());
+  if (::link(from.c_str(), beside.c_str()) != 0) {  // another file system, or one without links
+    CopyFileOver(from, to);
+    return;
+  }
+  if (::rename(beside.c_str(), to.c_str()) != 0) {
+    const int error = errno;
+    ::unlink(beside.c_str());
+    Fail(to, error);
+  }
+  ::unlink(beside.c_str());  // a rename between two names of one file leaves both
+}
+
 FileReader::FileReader(const std::string& path) : path_(path) {
   file_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (file_ < 0) Fail(path, errno);

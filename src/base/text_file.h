@@ -47,6 +47,10 @@ void RenameFile(const std::string& from, const std::string& to);
 /// Copies a file over another, by a neighbouring name.
 void CopyFileOver(const std::string& from, const std::string& to);
 
+/// Gives `to` the contents of `from` without writing them again, as a second name of the same file, where the
+/// file system can; else copies. For files that are only ever replaced whole, never changed in place.
+void ShareFileOver(const std::string& from, const std::string& to);
+
 /// A large file read piece by piece.
 class FileReader {
  public:
