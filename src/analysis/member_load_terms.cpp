@@ -1,7 +1,6 @@
 #include "analysis/member_load_terms.h"
 
 #include <cmath>
-#include <string>
 #include <utility>
 
 #include "analysis/members.h"
@@ -247,9 +246,7 @@ LoadTerms TemperatureTerms(const TlodRec& load, const Member& member, bool grid)
   constexpr double kDepthPerY1 = 0.02;  // Y1 in cm is half the distance of the two points; m
   LoadTerms t = TemperatureAxialTerms(load, member);
   const double depth = kDepthPerY1 * load.Y1;
-  if (depth == 0)
-    throw Fault("温度荷重 ： 荷重ケース " + std::to_string(load.loadCase) + " 要素番号 " +
-                std::to_string(load.element) + " のＹ１が０です");
+  if (depth == 0) throw Fault("Ｙ１が０です");
   if (member.TakesEndMoments()) {
     const double moment = member.section.E * member.section.I * load.alpha * (load.T1 - load.T2) / depth;
     t.Ci = grid ? moment : -moment;

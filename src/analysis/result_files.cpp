@@ -7,6 +7,7 @@
 #include "base/fault.h"
 #include "base/number.h"
 #include "base/text_file.h"
+#include "model/model_rec.h"
 
 namespace zorlan {
 namespace {
@@ -71,7 +72,7 @@ class NumberReader {
   const char* end_ = nullptr;
 };
 
-constexpr int kLargestCount = 32767;
+constexpr int kHighestNodeNumber = 5000;
 
 void WriteLines(const std::string& path, std::span<const double> values) {
   FileWriter file(path);
@@ -96,9 +97,9 @@ std::vector<double> ReadReals(const std::string& path, std::size_t count) {
 Reactions ReadReactions(const std::string& folder) {
   NumberReader index(folder + "FT022A");
   Reactions reactions;
-  reactions.cases = index.NextCount(kLargestCount);
-  reactions.nodes.resize(static_cast<std::size_t>(index.NextCount(kLargestCount)));
-  for (int& node : reactions.nodes) node = static_cast<int>(index.Next());
+  reactions.cases = index.NextCount(kMaxLoadCases);
+  reactions.nodes.resize(static_cast<std::size_t>(index.NextCount(kMaxNodes)));
+  for (int& node : reactions.nodes) node = index.NextCount(kHighestNodeNumber);
   NumberReader reader(folder + "FT022");
   const std::size_t records = static_cast<std::size_t>(reactions.cases) * reactions.nodes.size();
   reader.Expect(records * 4);
