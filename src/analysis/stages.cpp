@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <span>
 
 #include "analysis/analysis_state.h"
 #include "analysis/dense_solver.h"
@@ -45,18 +46,16 @@ void TellInstability(const NoStiffness& fault) {
 }
 
 /// An overflow doesn't stop a real; it is a fault all the same.
-void RequireFinite(const CaseTable& table) {
-  if (table.Empty()) return;
-  const double* const first = table[0];
-  const double* const end = table[table.Equations() - 1] + table.Cases();
-  if (!std::all_of(first, end, [](double value) { return std::isfinite(value); }))
+void RequireFinite(std::span<const double> values) {
+  if (!std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); }))
     throw Fault("計算中に数値の範囲を超えました");
 }
 
 void BuildStage(SolverRoad road) {
   Stage.members = CollectMembers(CalcModel);
   Stage.equations = BuildEquations(CalcModel, Stage.members, road);
-  RequireFinite(Stage.equations->loads);
+  RequireFinite(Stage.equations->loads.Values());
+  for (const ElementRecord& record : Stage.equations->records) RequireFinite(record.k);
 }
 
 void Eliminate() {
@@ -71,7 +70,7 @@ void SubstituteStage() {
   Stage.displacements =
       SubstituteBack(Needed(Stage.equations), rows, Stage.layerDisplacements.value_or(CaseTable()));
   Stage.rows.reset();
-  RequireFinite(*Stage.displacements);
+  RequireFinite(Stage.displacements->Values());
 }
 
 }  // namespace
@@ -121,7 +120,8 @@ void DSOLVE_2A() {
       TellInstability(fault);
       return;
     }
-    RequireFinite(solution->displacements);
+    RequireFinite(solution->displacements.Values());
+    RequireFinite(solution->reactions.Values());
     Stage.displacements = std::move(solution->displacements);
     Stage.reactions = std::move(solution->reactions);
   });
@@ -134,7 +134,7 @@ void DSOLVE2B() {
     if (!Stage.displacements)
       TellInstability(fault);
     else
-      RequireFinite(*Stage.displacements);
+      RequireFinite(Stage.displacements->Values());
   });
 }
 
@@ -144,6 +144,7 @@ void DREAC_C() {
     const CaseTable& displacements = Needed(Stage.displacements);
     Stage.reactions = FixedReactions(equations, displacements);
     SetSpringReactions(CollectSprings(CalcModel), equations, displacements, *Stage.reactions);
+    RequireFinite(Stage.reactions->Values());
   });
 }
 
@@ -152,6 +153,7 @@ void DREAC_A() {
     const CaseTable& displacements = Needed(Stage.displacements);
     SetSpringReactions(CollectSprings(CalcModel), Needed(Stage.equations), displacements,
                        Needed(Stage.reactions));
+    RequireFinite(Stage.reactions->Values());
   });
 }
 
@@ -161,6 +163,7 @@ void DREAC_B() {
     const CaseTable& displacements = Needed(Stage.displacements);
     Stage.reactions = ElementSumReactions(equations, CalcModel.ElemCount, displacements);
     SetSpringReactions(CollectSprings(CalcModel), equations, displacements, *Stage.reactions);
+    RequireFinite(Stage.reactions->Values());
   });
 }
 
@@ -170,8 +173,10 @@ void DSTRESS1() {
 }
 
 void DSTRESS2() {
-  RunStage("DSTRESS2",
-           [] { AddLoadForces(CalcModel, Stage.members, AddedForces::All, Needed(Stage.forces)); });
+  RunStage("DSTRESS2", [] {
+    AddLoadForces(CalcModel, Stage.members, AddedForces::All, Needed(Stage.forces));
+    RequireFinite(*Stage.forces);
+  });
 }
 
 void RecomputeMidspan() {
@@ -196,6 +201,47 @@ void WriteStageResults() {
 
 std::vector<CaseTrust> AssessStages() {
   return AssessSolution(Needed(Stage.equations), Needed(Stage.displacements), Needed(Stage.reactions));
+}
+
+namespace {
+
+/// Equations of CalcModel that an inclined roller or a forced displacement of this case holds.
+std::vector<bool> HeldBeyondCodes(int loadCase) {
+  std::vector<bool> held(static_cast<std::size_t>(3 * CalcModel.NodeCount));
+  const auto hold = [&](int row, int d) { held[static_cast<std::size_t>(3 * (row - 1) + d)] = true; };
+  for (int row = 1; row <= CalcModel.NodeCount; ++row)
+    for (int d = 0; d < 2; ++d)
+      if (CalcModel.Node[row].code[static_cast<std::size_t>(d)] == kInclinedRoller) hold(row, d);
+  const NumberMap nodes(CalcModel.Node, CalcModel.NodeCount);
+  for (int r = 1; r <= CalcModel.SpecCount; ++r) {
+    const SpecRec& forced = CalcModel.Spec[r];
+    const int row = nodes.Row(forced.node);
+    if (row == 0 || forced.loadCase != loadCase) continue;
+    const double values[] = {forced.S1, forced.S2, forced.S3};
+    for (int d = 0; d < 3; ++d)
+      if (values[d] != 0) hold(row, d);
+  }
+  return held;
+}
+
+}  // namespace
+
+CaseTrust AssessExternalCase(int loadCase, const MergedResults& results) {
+  const Equations& all = Needed(Stage.equations);
+  Equations equations = all;
+  equations.cases = 1;
+  equations.loads = CaseTable(all.Count(), 1);
+  CaseTable u(all.Count(), 1), reactions(all.Count(), 1);
+  for (int e = 0; e < all.Count(); ++e) {
+    equations.loads[e][0] = all.loads[e][loadCase - 1];
+    u[e][0] = results.displacements[static_cast<std::size_t>((loadCase - 1) * all.Count() + e)];
+  }
+  const NumberMap nodes(CalcModel.Node, CalcModel.NodeCount);
+  for (std::size_t place = 0; place < results.supports.size(); ++place)
+    for (int d = 0; d < 3; ++d)
+      reactions[3 * (nodes.Row(results.supports[place]) - 1) + d][0] =
+          results.Reaction(loadCase, static_cast<int>(place))[d];
+  return AssessSolution(equations, u, reactions, HeldBeyondCodes(loadCase), kLostPrintedResidual).front();
 }
 
 }  // namespace zorlan

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "base/digit_pairs.h"
+
 namespace zorlan {
 namespace {
 
@@ -22,15 +24,6 @@ constexpr int kLargestPower = 22;
 constexpr double kScaledLimit = 1e10;
 constexpr double kTieMargin = 1e-4;
 constexpr int kMostScaledDecimals = 9;
-
-constexpr std::array<char, 200> kDigitPairs = [] {
-  std::array<char, 200> pairs{};
-  for (std::size_t i = 0; i < 100; ++i) {
-    pairs[2 * i] = static_cast<char>('0' + i / 10);
-    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-  }
-  return pairs;
-}();
 
 /// Writes the digits of `number` in front of `end`, at least `minDigits` of them; answers their start.
 char* WriteDigits(char* end, std::uint64_t number, int minDigits) {

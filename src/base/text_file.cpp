@@ -125,6 +125,21 @@ bool FolderExists(std::string_view path) {
   return fs::is_directory(NativePath(path), ignored);
 }
 
+void ShareFileOver(const std::string& from, const std::string& to) {
+  const std::string beside = to + ".~new";
+  ::unlink(beside.c_str());
+  if (::link(from.c_str(), beside.c_str()) != 0) {  // another file system, or one without links
+    CopyFileOver(from, to);
+    return;
+  }
+  if (::rename(beside.c_str(), to.c_str()) != 0) {
+    const int error = errno;
+    ::unlink(beside.c_str());
+    Fail(to, error);
+  }
+  ::unlink(beside.c_str());  // a rename between two names of one file leaves both
+}
+
 FileReader::FileReader(const std::string& path) : path_(path) {
   file_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (file_ < 0) Fail(path, errno);
@@ -172,6 +187,15 @@ void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush
   if (!converted.lost.empty())
     throw FileFault(path, "文字 「" + converted.lost + "」 はシフトＪＩＳで表せないため、保存できません");
   ReplaceBytes(path, converted.bytes, flush);
+}
+
+bool CanWriteFile(const std::string& path) {
+  const bool there = FileExists(path);
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+  if (file < 0) return false;
+  ::close(file);
+  if (!there) ::unlink(path.c_str());
+  return true;
 }
 
 void MakeFolder(const std::string& folder) {

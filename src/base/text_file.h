@@ -35,6 +35,9 @@ void ReplaceBytes(const std::string& path, std::string_view bytes, Flush flush =
 /// page lacks is a fault that names it, and nothing is written.
 void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush = Flush::Yes);
 
+/// Whether a file can be written at this path. What stands there stays as it is.
+bool CanWriteFile(const std::string& path);
+
 /// Makes the folder and those above it; removes a file if it is there; removes every file directly in a
 /// folder.
 void MakeFolder(const std::string& folder);
@@ -46,6 +49,10 @@ void RenameFile(const std::string& from, const std::string& to);
 
 /// Copies a file over another, by a neighbouring name.
 void CopyFileOver(const std::string& from, const std::string& to);
+
+/// Gives `to` the contents of `from` without writing them again, as a second name of the same file, where the
+/// file system can; else copies. For files that are only ever replaced whole, never changed in place.
+void ShareFileOver(const std::string& from, const std::string& to);
 
 /// A large file read piece by piece.
 class FileReader {
