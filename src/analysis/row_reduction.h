@@ -9,7 +9,8 @@ namespace zorlan {
 /// to the last bit, as three separate sweeps. `pivots` of them, 1 to 3, are used.
 void ReduceRow(double* row, const double* const* p, const double* f, int pivots, std::size_t width);
 
-/// ReduceRow of three rows by the same three pivot rows, which are read once: f[3 r + k] is row r's factor of pivot k.
+/// ReduceRow of three rows by the same three pivot rows, which are read once: f[3 r + k] is row r's factor of
+/// pivot k.
 void ReduceThreeRows(double* const* rows, const double* const* p, const double* f, std::size_t width);
 
 }  // namespace zorlan

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <charconv>
 #include <cmath>
+#include <random>
 
 namespace zorlan {
 namespace {
@@ -70,6 +73,45 @@ TEST(AppendReal, PrintsUpToFifteenSignificantDigits) {
   EXPECT_EQ(RealText(-0.0), "0");
   EXPECT_EQ(RealText(1.0 / 3), "0.333333333333333");
   EXPECT_EQ(RealText(123456.789), "123456.789");
+}
+
+std::string GeneralConversion(double value) {
+  char buffer[40];
+  return {buffer, std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 15).ptr};
+}
+
+TEST(AppendReal, AgreesWithTheGeneralConversionForEveryMagnitude) {
+  std::mt19937_64 random(20);
+  for (int i = 0; i < 400000; ++i) {
+    const double value = std::bit_cast<double>(random());
+    if (!std::isfinite(value) || value == 0) continue;
+    ASSERT_EQ(RealText(value), GeneralConversion(value));
+  }
+  std::uniform_real_distribution<double> power(-10, 25), mantissa(-10, 10);
+  for (int i = 0; i < 400000; ++i) {
+    const double value = mantissa(random) * std::pow(10, power(random));
+    ASSERT_EQ(RealText(value), GeneralConversion(value));
+  }
+}
+
+TEST(AppendReal, AgreesWithTheGeneralConversionAtTiesAndPowersOfTen) {
+  std::mt19937_64 random(21);
+  for (int power = -30; power <= 40; ++power) {
+    const double ten = std::pow(10, power);
+    for (const double value :
+         {ten, std::nextafter(ten, 0.0), std::nextafter(ten, 1e300), 0.5 * ten, 0.25 * ten})
+      ASSERT_EQ(RealText(value), GeneralConversion(value));
+  }
+  for (int i = 0; i < 200000; ++i) {  // sixteen digits that end in 5, as near to a tie as a real comes
+    const double value =
+        static_cast<double>(random() % 1000000000000000 * 10 + 5) / std::pow(10, random() % 20);
+    ASSERT_EQ(RealText(value), GeneralConversion(value));
+  }
+  for (int i = 0; i < 100000; ++i) {  // short decimals
+    const double value = static_cast<double>(random() % 1000000) / std::pow(10, random() % 12);
+    if (value == 0) continue;
+    ASSERT_EQ(RealText(value), GeneralConversion(value));
+  }
 }
 
 TEST(AppendPrinted, HasABlankForThePlusSignAndOneBehind) {
