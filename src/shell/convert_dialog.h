@@ -3,15 +3,15 @@
 
 #include <string>
 
+#include "shell/projects.h"
+
 namespace zorlan {
 
 /// What the form shows in its two boxes, and the parts behind them.
 struct ConvertDialog {
-  std::string oldFolder;                 // the old model's folder
-  std::string dataPath, project, model;  // the target, as the globals of the model in hand have them
+  std::string oldFolder;  // the old model's folder
+  ModelPlace target;      // its Deck() is what the second box shows
   std::string subtitle;
-
-  std::string Target() const { return dataPath + project + model; }
 };
 
 /// The form as it opens: the old model of last time.

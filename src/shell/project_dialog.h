@@ -8,10 +8,11 @@
 #include <vector>
 
 #include "model/model_rec.h"
+#include "shell/projects.h"
 
 namespace zorlan {
 
-enum class DialogMode { Open, SaveNew, Delete, OldModel, ConversionTarget, CopySource, SaveAs };
+enum class DialogMode { Open, SaveNew, Delete, ConversionSource, ConversionTarget, CopySource, SaveAs };
 
 /// A command passes the mode to the dialog as the last character of ModelFile.
 struct DialogModeRow {
@@ -23,11 +24,14 @@ inline constexpr std::array<DialogModeRow, 7> kDialogModes = {{
     {DialogMode::Open, '\0', ""},
     {DialogMode::SaveNew, '/', "〔モデルの保存〕"},
     {DialogMode::Delete, '\\', "〔モデルの削除〕"},
-    {DialogMode::OldModel, '*', "〔Ｖｅｒ１．０〕"},
+    {DialogMode::ConversionSource, '*', "〔Ｖｅｒ１．０〕"},
     {DialogMode::ConversionTarget, '@', "〔変換後〕"},
     {DialogMode::CopySource, '&', "〔コピー元モデル〕"},
     {DialogMode::SaveAs, '$', "〔名前を付けて保存〕"},
 }};
+
+inline constexpr std::string_view kNoProjectName = "プロジェクト名は省略できません！！！";
+inline constexpr std::string_view kBadProjectName = "プロジェクト名に使用できない文字が含まれています！！！";
 
 struct ProjectDialog {
   DialogMode mode = DialogMode::Open;
@@ -36,6 +40,7 @@ struct ProjectDialog {
   std::string project;   // the box of the project's name, without ".zor"
   std::string model;     // the box of the model's name, without ".inp"
   bool accepted = false;
+  ModelPlace chosen;  // what was accepted
 };
 
 /// Takes the mode off ModelFile and fills the boxes from the model in hand, or with an old model from
@@ -48,6 +53,13 @@ bool AcceptProjectDialog(ProjectDialog& dialog);
 
 /// Shows the dialog in a mode and answers whether it was accepted. ModelFile is empty after a cancel.
 bool ShowProjectDialog(DialogMode mode, ProjectDialog& dialog);
+
+/// The message about a deck that can't be opened.
+void TellCannotOpen();
+
+/// Whether a name can be given to a project or a model in `folder`: nothing in it that a file system, the
+/// settings files or the result folder's name can't take.
+bool IsUsableName(std::string_view name);
 
 /// A deck as it is picked for the dialog's boxes: "架構.zor" -> "架構", "model.inp" -> "model".
 std::string ProjectBoxText(std::string_view folderName);

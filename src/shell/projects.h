@@ -13,6 +13,15 @@
 
 namespace zorlan {
 
+/// Where a model lies, part by part as in DataPath, ProjectName and ModelFile.
+struct ModelPlace {
+  std::string dataPath, project, model;
+  std::string Deck() const { return dataPath + project + model; }
+  bool operator==(const ModelPlace&) const = default;
+};
+/// The place that the three globals name.
+ModelPlace PlaceInHand();
+
 /// A model is in hand: opened or begun. ModelFile doesn't say so: at start it names the model of last time,
 /// and a new model has no name.
 extern bool ModelIsOpen;
@@ -37,8 +46,10 @@ void SetCaption();
 /// The sixteen table forms, in capitals.
 bool IsTableForm(std::string_view form);
 
-/// Asks every open table form to close; false as soon as one refuses.
+/// Asks every open table form to close; false as soon as one refuses. CloseInputForms asks every form whose
+/// name begins with "INP", in capitals or not.
 bool CloseTableForms();
+bool CloseInputForms();
 
 /// Answers of CloseModel.
 inline constexpr std::int16_t kModelClosed = -1, kFormRefused = 0, kUserCancelled = -999;
@@ -58,26 +69,23 @@ void DeleteModel();
 /// then; the user was told, or has cancelled, and the model in hand stays.
 bool OpenDeckFile(const std::string& path);
 
-/// Saves the model in hand under its name, through the dialog if it has none, behind the test for control
-/// data. False: no data yet (told), or cancelled. For overwriting and the analysis. Throws Fault.
-bool SaveNamedModel();
+/// Saves the model in hand under its name. A model without a name gets one by the dialog, if it has control
+/// data. False: there is nothing to save yet, which was told under `title`, or the user has cancelled. Throws
+/// Fault.
+bool SaveNamedModel(std::string_view title);
 
-/// Removes a folder with all that is in it, or (without `removeTop`) all that is in it. A link is removed
-/// itself, and never what it points to; a path that is a link counts as one. Throws FileFault.
-void DeleteTree(const std::string& path, bool removeTop);
+/// Brings a model in hand: tables into the work folder, results into the analysis folder. Throws Fault; no
+/// model is open then.
+void TakeModel(const ModelPlace& place);
+/// The windows of a model just taken.
+void ShowTakenModel();
 
-/// Brings the model at these paths in hand: tables into the work folder, results into the analysis folder.
-/// Throws Fault; no model is open then.
-void TakeModel(const std::string& dataPath, const std::string& project, const std::string& model);
+/// Gives the model in hand another place: its name, caption and what is remembered of it.
+void NameModel(const ModelPlace& place);
 
-/// Empties model and names, as after the deletion of the model in hand.
+/// Whether the file or folder is, or holds, the deck of the model in hand.
+bool HoldsModelInHand(const std::string& path);
+/// Ends the model in hand without saving, as after its deletion: no names, empty work folders, no windows.
 void ForgetModel();
-
-// Recent models, the latest first, full paths of decks. Kept in Setting.Ini.
-
-inline constexpr std::size_t kMaxRecentModels = 9;
-std::vector<std::string> RecentModels();
-void NoteRecentModel(const std::string& deck);
-void ForgetRecentModel(const std::string& deck);
 
 }  // namespace zorlan

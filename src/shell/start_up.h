@@ -22,6 +22,9 @@ inline constexpr int kSplashMilliseconds = 2000;
 /// Distances of the cascade at start, in both directions.
 inline constexpr int kCascadeStep = 50;
 
+/// Told to who starts the program a second time: two would empty each other's work folder.
+inline constexpr std::string_view kAlreadyRunning = "ＺＯＲＬＡＮは、既に起動しています";
+
 /// What the start needs to know of the machine, and what of the desktop takes part in it.
 struct StartUp {
   std::string documents;    // the user's documents folder; empty: DocumentsFolder()
@@ -39,10 +42,6 @@ std::string InstallFolder(const std::string& sourceData);
 /// "マニュアル.pdf" of the install folder.
 std::string ManualPath(const std::string& install);
 
-/// Copies the files of a folder tree, folder by folder from the top. Files that are there are replaced. A
-/// missing source is nothing to copy. Links to folders aren't followed. Throws FileFault.
-void CopyTree(const std::string& from, const std::string& to);
-
 /// Makes the missing folders and brings the seed copies in, a deleted sample project included; then looks for
 /// each file of the section tables, and tells and copies what is missing.
 void SetUpFolders(const std::string& install);
@@ -57,7 +56,7 @@ std::span<const StartStep> StartSteps();
 
 enum class Started {
   Ready,
-  AlreadyRunning,  // another instance works in the tree; nothing was touched
+  AlreadyRunning,  // another instance works in the tree: nothing was touched, and nothing told
   NoTree,          // the tree can't be made: the user was told
 };
 
@@ -73,7 +72,8 @@ enum class ExitWay {
 /// Asks as CloseModel does.
 ExitWay LeaveProgram();
 
-/// The main form's unload: empties the work folders and lets the tree go. Never throws.
+/// The main form's unload: empties the work folders and lets the tree go. Without a successful start it does
+/// nothing. What fails is reported.
 void EndProgram() noexcept;
 
 }  // namespace zorlan
