@@ -31,6 +31,7 @@
 #include "shell/model_status.h"
 #include "shell/project_copies.h"
 #include "shell/projects.h"
+#include "shell/recent_models.h"
 #include "shell/windows.h"
 
 namespace zorlan {

@@ -196,10 +196,10 @@ void frmPrnText::CopyPage() {
   UsePageUnits(painter, kClipboardDpi);
   PaintTextPage(painter, pages_, page);
   painter.end();
-  auto* const data = new QMimeData;
-  data->setText(TextOfPage(pages_.pages[static_cast<std::size_t>(page)]));
-  data->setImageData(image);
-  QApplication::clipboard()->setMimeData(data);
+  auto* const copied = new QMimeData;
+  copied->setText(TextOfPage(pages_.pages[static_cast<std::size_t>(page)]));
+  copied->setImageData(image);
+  QApplication::clipboard()->setMimeData(copied);
 }
 
 void frmPrnText::SetUpPrinter() {

@@ -62,7 +62,7 @@ void ProjectDialogWindow::Build() {
   heading_ = new QLabel(ToQt(dialog_.heading));
   heading_->setObjectName(QStringLiteral("heading"));
   heading_->setTextFormat(Qt::PlainText);
-  tree_ = new FolderTreeView(dialog_.mode == DialogMode::OldModel ? Leaves::OldModels : Leaves::Decks, true);
+  tree_ = new FolderTreeView(dialog_.mode == DialogMode::ConversionSource ? Leaves::OldModels : Leaves::Decks, true);
   dataPath_ = Box("dataPath");
   project_ = Box("project");
   model_ = Box("model");

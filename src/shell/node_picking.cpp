@@ -18,7 +18,7 @@ std::string TakeLast(std::string& path) {
 
 void PickNode(ProjectDialog& dialog, const TreeNode& node) {
   std::string path = node.path;
-  const bool old = dialog.mode == DialogMode::OldModel;
+  const bool old = dialog.mode == DialogMode::ConversionSource;
   if (node.kind == NodeKind::Model) {
     const std::string model = TakeLast(path), project = TakeLast(path);
     dialog.model = old ? model : ModelBoxText(model);
@@ -31,7 +31,7 @@ void PickNode(ProjectDialog& dialog, const TreeNode& node) {
 }
 
 std::string StartPath(const ProjectDialog& dialog) {
-  const bool old = dialog.mode == DialogMode::OldModel;
+  const bool old = dialog.mode == DialogMode::ConversionSource;
   std::string path = FolderText(dialog.dataPath);
   if (dialog.project.empty()) return path;
   path += FolderText(old ? dialog.project : dialog.project + ".zor");
