@@ -51,6 +51,7 @@ FolderTreeView::FolderTreeView(Leaves leaves, bool models, QWidget* parent)
   header()->setStretchLastSection(false);
   header()->setSectionResizeMode(QHeaderView::ResizeToContents);  // long names scroll
   setUniformRowHeights(true);
+  setIndentation(14);
   for (const Drive& drive : ListDrives())
     addTopLevelItem(NewItem(QStringLiteral("%1  [%2]").arg(ToQt(drive.path), ToQt(drive.type)), DriveIcon(),
                             NodeKind::Folder, drive.path));

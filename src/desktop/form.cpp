@@ -82,7 +82,9 @@ void FormArea::Show(Form* form) {
     form->setFocus();
     return;
   }
-  QMdiSubWindow* const frame = addSubWindow(form);
+  Qt::WindowFlags bar = Qt::SubWindow;  // with all its buttons
+  if (form->KeepsItsSize()) bar |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+  QMdiSubWindow* const frame = addSubWindow(form, bar);
   frame->setAttribute(Qt::WA_DeleteOnClose);
   frame->setWindowIcon(window()->windowIcon());
   frame->installEventFilter(this);
@@ -91,12 +93,16 @@ void FormArea::Show(Form* form) {
 }
 
 void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
-  cascade_ += kCascadeStep;
+  const bool fixed = FormIn(frame)->KeepsItsSize();
+  if (!fixed) cascade_ += kCascadeStep;
   WindowPlace place;
   const bool kept = LoadWindowPlace(name, place) && place.width > 0 && place.height > 0;
-  if (!kept) {
-    const QSize size = frame->sizeHint();
-    const QPoint corner = cascade_ / kTwipsPerPixel;
+  const QSize size = frame->sizeHint();
+  if (kept && fixed) {
+    place.width = size.width();
+    place.height = size.height();
+  } else if (!kept) {
+    const QPoint corner = fixed ? QPoint(0, 0) : cascade_ / kTwipsPerPixel;
     place = {corner.x(), corner.y(), size.width(), size.height(), false};
   }
   const QSize room = viewport()->size();
@@ -127,32 +133,49 @@ void FormArea::ResetCascade() {
   cascade_ = kCascadeStart;
 }
 
+std::vector<QMdiSubWindow*> FormArea::FramesToArrange() const {
+  std::vector<QMdiSubWindow*> frames;
+  for (QMdiSubWindow* const frame : subWindowList(QMdiArea::StackingOrder))
+    if (!frame->isMinimized() && FormIn(frame) != nullptr && !FormIn(frame)->KeepsItsSize())
+      frames.insert(frames.begin(), frame);
+  return frames;
+}
+
+QRect FormArea::RoomToArrange() const {
+  QRect room = viewport()->rect();
+  for (const QMdiSubWindow* const frame : subWindowList())
+    if (FormIn(frame) != nullptr && FormIn(frame)->KeepsItsSize() && frame->x() < kVisible)
+      room.setLeft(std::max(room.left(), frame->geometry().right() + 1));
+  return room.width() > viewport()->width() / 2 ? room : viewport()->rect();
+}
+
 void FormArea::CascadeForms() {
-  const QSize room = viewport()->size();
-  QPoint corner(0, 0);
-  for (QMdiSubWindow* const frame : subWindowList(QMdiArea::StackingOrder)) {
-    if (frame->isMinimized()) continue;
+  const QRect room = RoomToArrange();
+  std::vector<QMdiSubWindow*> frames = FramesToArrange();
+  std::ranges::reverse(frames);
+  QPoint corner = room.topLeft();
+  for (QMdiSubWindow* const frame : frames) {
     frame->showNormal();
-    const QSize size = frame->size().boundedTo(room);
-    if (corner.x() + size.width() > room.width() || corner.y() + size.height() > room.height())
-      corner = QPoint(0, 0);
+    const QSize size = frame->size().boundedTo(room.size());
+    if (!room.contains(QRect(corner, size))) corner = room.topLeft();
     frame->setGeometry(QRect(corner, size));
     corner += QPoint(kCascadeOffset, kCascadeOffset);
   }
 }
 
 void FormArea::TileForms(Qt::Orientation along) {
-  QList<QMdiSubWindow*> frames;
-  for (QMdiSubWindow* const frame : subWindowList(QMdiArea::StackingOrder))
-    if (!frame->isMinimized()) frames.push_front(frame);  // the one in front comes first
+  const QRect room = RoomToArrange();
+  const std::vector<QMdiSubWindow*> frames = FramesToArrange();
   const int count = static_cast<int>(frames.size());
-  const QSize room = viewport()->size();
   for (int i = 0; i < count; ++i) {
-    frames[i]->showNormal();
+    QMdiSubWindow* const frame = frames[static_cast<std::size_t>(i)];
+    frame->showNormal();
     if (along == Qt::Vertical)
-      frames[i]->setGeometry(0, room.height() * i / count, room.width(), room.height() / count);
+      frame->setGeometry(room.left(), room.top() + room.height() * i / count, room.width(),
+                         room.height() / count);
     else
-      frames[i]->setGeometry(room.width() * i / count, 0, room.width() / count, room.height());
+      frame->setGeometry(room.left() + room.width() * i / count, room.top(), room.width() / count,
+                         room.height());
   }
 }
 

@@ -22,6 +22,10 @@ class Form : public QWidget {
   /// Closes and asks nothing.
   void Unload();
 
+  /// A form that keeps its size, such as a bar of buttons: it stands at the left edge, and the others are
+  /// arranged beside it.
+  virtual bool KeepsItsSize() const { return false; }
+
  protected:
   /// What must hold before the form may close; it has told the user why not.
   virtual bool Commit() { return true; }
@@ -60,6 +64,9 @@ class FormArea : public QMdiArea {
 
  private:
   std::vector<Form*> Forms() const;
+  /// The frames to be arranged, the one in front first, and the room for them.
+  std::vector<QMdiSubWindow*> FramesToArrange() const;
+  QRect RoomToArrange() const;
   void Place(QMdiSubWindow* frame, const std::string& name);
 
   QPoint cascade_;  // of the form opened last, in twips

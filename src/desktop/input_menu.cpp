@@ -37,7 +37,7 @@ frmInputMenu::frmInputMenu(MainWindow& window) : Form("frmInputMenu"), window_(w
       loads->addAction(ToQt(RowOf(command).caption), this, [this, command] { OpenTable(command); });
     push->setMenu(loads);
   }
-  column->addStretch();
+  column->setSizeConstraint(QLayout::SetFixedSize);
   Update(CurrentMenuFacts(/*tableFormInFront=*/false));
 }
 

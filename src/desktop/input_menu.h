@@ -21,6 +21,8 @@ class frmInputMenu : public Form {
   /// The buttons follow the state of the menus.
   void Update(const MenuFacts& facts);
 
+  bool KeepsItsSize() const override { return true; }
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;  // up and down walk the buttons; it stays open on Esc
 

@@ -42,11 +42,13 @@ constexpr ZoomRow kZooms[] = {{"200%", 2},   {"175%", 1.75}, {"150%", 1.5}, {"12
 constexpr int kFirstZoom = 4;
 
 constexpr double kClipboardDpi = 200;
+constexpr int kButtonRoom = 12;  // pixels beside a caption
 
 QPushButton* Button(const char* caption, const char* name, const char* tip) {
   auto* const button = new QPushButton(QString::fromUtf8(caption));
   button->setObjectName(QString::fromLatin1(name));
   button->setToolTip(QString::fromUtf8(tip));
+  button->setMinimumWidth(button->sizeHint().width() + kButtonRoom);
   return button;
 }
 

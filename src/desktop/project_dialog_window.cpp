@@ -62,7 +62,8 @@ void ProjectDialogWindow::Build() {
   heading_ = new QLabel(ToQt(dialog_.heading));
   heading_->setObjectName(QStringLiteral("heading"));
   heading_->setTextFormat(Qt::PlainText);
-  tree_ = new FolderTreeView(dialog_.mode == DialogMode::ConversionSource ? Leaves::OldModels : Leaves::Decks, true);
+  tree_ = new FolderTreeView(dialog_.mode == DialogMode::ConversionSource ? Leaves::OldModels : Leaves::Decks,
+                             true);
   dataPath_ = Box("dataPath");
   project_ = Box("project");
   model_ = Box("model");
@@ -94,8 +95,8 @@ void ProjectDialogWindow::Build() {
   halves->addWidget(tree_);
   halves->addWidget(right);
   halves->setChildrenCollapsible(false);
-  halves->setStretchFactor(0, 2);
-  halves->setStretchFactor(1, 3);
+  halves->setSizes({360, 500});
+  halves->setStretchFactor(1, 1);
   auto* const buttons = OkCancelButtons();
   connect(buttons, &QDialogButtonBox::accepted, this, &ProjectDialogWindow::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &ProjectDialogWindow::reject);
