@@ -298,7 +298,7 @@ TEST(ExternalTables, HoldARollerAlongItsNormalOnce) {
 
   b.model.RollerFlag = 0;  // without inclined rollers a code 4 is a free direction
   b.model.SpecCount = 0;
-  EXPECT_EQ(BuildExternalTables(b.model, 1).ExtBoundary.size(), 3U);
+  EXPECT_EQ(BuildExternalTables(b.model, 1).ExtBoundary.size(), 4U);
 }
 
 TEST(ExternalTables, ListANodeWithAForcedDisplacementOfZeroAmongTheSupports) {
