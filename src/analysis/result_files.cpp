@@ -112,6 +112,12 @@ Reactions ReadReactions(const std::string& folder) {
   return reactions;
 }
 
+Reactions ReadReactions(const std::string& folder, int cases) {
+  Reactions reactions = ReadReactions(folder);
+  if (reactions.cases != cases) throw FileFault(folder + "FT022A", "荷重ケース数がモデルと一致しません");
+  return reactions;
+}
+
 void WriteDisplacements(const std::string& folder, std::span<const double> values) {
   WriteLines(folder + "FT021", values);
 }

@@ -48,6 +48,11 @@ std::string ReasonOf(int error) {
   throw FileFault(path, ReasonOf(error));
 }
 
+/// The name beside a file under which it is written anew: each process has its own.
+std::string NeighbourName(const std::string& path) {
+  return path + ".~" + std::to_string(::getpid());
+}
+
 void WriteAll(int file, std::string_view bytes, const std::string& path) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(file, bytes.data(), bytes.size());
@@ -66,7 +71,7 @@ void WriteAll(int file, std::string_view bytes, const std::string& path) {
 class FileWriter::Output {
  public:
   Output(const std::string& path, Start start) : path_(path), continued_(start == Start::Continued) {
-    name_ = continued_ ? path : path + ".~new";
+    name_ = continued_ ? path : NeighbourName(path);
     file_ = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (continued_ ? O_APPEND : O_TRUNC), 0666);
     if (file_ < 0) Fail(path_, errno);
     if (continued_) size_ = ::lseek(file_, 0, SEEK_END);
@@ -126,7 +131,7 @@ bool FolderExists(std::string_view path) {
 }
 
 void ShareFileOver(const std::string& from, const std::string& to) {
-  const std::string beside = to + ".~new";
+  const std::string beside = NeighbourName(to);
   ::unlink(beside.c_str());
   if (::link(from.c_str(), beside.c_str()) != 0) {  // another file system, or one without links
     CopyFileOver(from, to);
@@ -187,6 +192,15 @@ void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush
   if (!converted.lost.empty())
     throw FileFault(path, "文字 「" + converted.lost + "」 はシフトＪＩＳで表せないため、保存できません");
   ReplaceBytes(path, converted.bytes, flush);
+}
+
+bool CanWriteFile(const std::string& path) {
+  const bool there = FileExists(path);
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+  if (file < 0) return false;
+  ::close(file);
+  if (!there) ::unlink(path.c_str());
+  return true;
 }
 
 void MakeFolder(const std::string& folder) {

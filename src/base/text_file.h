@@ -35,6 +35,9 @@ void ReplaceBytes(const std::string& path, std::string_view bytes, Flush flush =
 /// page lacks is a fault that names it, and nothing is written.
 void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush = Flush::Yes);
 
+/// Whether a file can be written at this path. What stands there stays as it is.
+bool CanWriteFile(const std::string& path);
+
 /// Makes the folder and those above it; removes a file if it is there; removes every file directly in a
 /// folder.
 void MakeFolder(const std::string& folder);
