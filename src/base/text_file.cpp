@@ -48,6 +48,11 @@ std::string ReasonOf(int error) {
   throw FileFault(path, ReasonOf(error));
 }
 
+/// The name beside a file under which it is written anew: each process has its own.
+std::string NeighbourName(const std::string& path) {
+  return path + ".~" + std::to_string(::getpid());
+}
+
 void WriteAll(int file, std::string_view bytes, const std::string& path) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(file, bytes.data(), bytes.size());
@@ -66,7 +71,7 @@ void WriteAll(int file, std::string_view bytes, const std::string& path) {
 class FileWriter::Output {
  public:
   Output(const std::string& path, Start start) : path_(path), continued_(start == Start::Continued) {
-    name_ = continued_ ? path : path + ".~new";
+    name_ = continued_ ? path : NeighbourName(path);
     file_ = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (continued_ ? O_APPEND : O_TRUNC), 0666);
     if (file_ < 0) Fail(path_, errno);
     if (continued_) size_ = ::lseek(file_, 0, SEEK_END);
