@@ -31,8 +31,11 @@ std::string Complaint(const CLI::App& app, const CLI::ParseError& error) {
   const std::vector<std::string> remaining = app.remaining(/*recurse=*/true);
   if (!remaining.empty()) return "引数 「" + remaining.front() + "」 は使えません";
   if (app.get_subcommands().empty()) return "コマンドを指定してください";
-  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr)
-    return "入力データファイル（.inp）を指定してください";
+  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+    const bool convert = app.get_subcommands().front()->get_option_no_throw("FOLDER") != nullptr;
+    return convert ? "旧版のモデルのフォルダと入力データファイル（.inp）を指定してください"
+                   : "入力データファイル（.inp）を指定してください";
+  }
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) return "オプションの値がありません";
   return std::string("引数が正しくありません ： ") + error.what();
 }
@@ -59,9 +62,19 @@ std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
     level->fallthrough();
     addCommon(*level);
     level->callback([&request, &command] { request.command = &command; });
-    level->add_option("DECK", request.decks, "入力データファイル <model>.inp（いくつでも）")
-        ->required()
-        ->type_name("");
+    if (command.deck == Command::Deck::IsWritten) {
+      level->add_option("FOLDER", request.oldModel, "旧版のモデルのフォルダ")->required()->type_name("");
+      level
+          ->add_option_function<std::string>(
+              "DECK", [&request](const std::string& deck) { request.decks = {deck}; },
+              "作成する入力データファイル")
+          ->required()
+          ->type_name("");
+    } else {
+      level->add_option("DECK", request.decks, "入力データファイル <model>.inp（いくつでも）")
+          ->required()
+          ->type_name("");
+    }
   }
 
   try {

@@ -16,6 +16,7 @@ struct Command {
   const char* name;
   const char* description;
   ExitCode (*run)(const Request& request);  // on the model in hand; a Fault is a failure
+  enum class Deck { IsRead, IsWritten } deck = Deck::IsRead;
 };
 
 /// What stands on the command line.
@@ -23,6 +24,7 @@ struct Request {
   const Command* command = nullptr;
   std::vector<std::string> decks;
   std::string documents;  // the documents folder; empty: the user's
+  std::string oldModel;   // the folder that a conversion reads
 };
 
 std::span<const Command> Commands();

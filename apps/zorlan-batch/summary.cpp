@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "analysis/force_units.h"
 #include "analysis/static_analysis.h"
 #include "base/cp932.h"
 #include "base/host.h"
@@ -16,17 +17,8 @@
 namespace zorlan::batch {
 namespace {
 
+constexpr std::string_view kForceNames[] = {"t", "kg", "kN", "N"};  // by ForceIndex
 constexpr NumberPattern kThreeDecimals = "##########0.000";
-
-std::string_view ForceUnitName() {
-  constexpr std::string_view kNames[2][2] = {{"t", "kg"}, {"kN", "N"}};
-  return kNames[OutUnit != 0][ForceUnit != 0];
-}
-
-double ConvertForce(double value) {
-  if (OutUnit != 0) value *= GravityFactor;
-  return ForceUnit != 0 ? value * 1000 : value;
-}
 
 std::string_view RoadName(Road road) {
   switch (road) {
@@ -49,7 +41,7 @@ std::string Cell(double value, std::size_t width) {
 /// A line a case; in a grid the only direction is Z.
 std::string CaseTable(const AnalysisReport& report, bool grid) {
   std::string text = "    ケース  最大変位(cm)  節点";
-  const std::string unit = "(" + std::string(ForceUnitName()) + ")";
+  const std::string unit = "(" + std::string(kForceNames[static_cast<std::size_t>(ForceIndex())]) + ")";
   for (const std::string_view sum : {"荷重", "反力"})
     for (const std::string_view direction : {"X", "Y"}) {
       if (grid && direction == "Y") continue;

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstring>
 
 #include "base/fault.h"
 #include "base/number.h"
@@ -15,36 +16,60 @@ constexpr bool IsSeparator(char c) {
   return c == ' ' || c == ',' || c == '\r' || c == '\n' || c == '\t';
 }
 
-/// Free-form number input over a file's text.
+/// Free-form number input over a file, a piece of it at a time.
 class NumberReader {
  public:
-  explicit NumberReader(std::string path) : path_(std::move(path)), text_(ReadBytes(path_)) {}
+  explicit NumberReader(const std::string& path) : file_(path), piece_(kPiece) {}
 
   double Next() {
-    const char* at = text_.data() + place_;
-    const char* const end = text_.data() + text_.size();
-    while (at != end && IsSeparator(*at)) ++at;
-    if (at == end) throw FileFault(path_, "ファイルが途中で終わっています");
+    for (;;) {
+      while (at_ != end_ && IsSeparator(*at_)) ++at_;
+      if (at_ != end_ || !Refill()) break;
+    }
+    if (end_ - at_ < kLongestNumber) Refill();  // the number may go on behind this piece
+    if (at_ == end_) Refuse("ファイルが途中で終わっています");
     double value = 0;
-    const std::from_chars_result result = std::from_chars(at, end, value);
-    if (result.ec != std::errc() || (result.ptr != end && !IsSeparator(*result.ptr)) || !std::isfinite(value))
-      throw FileFault(path_, "数値でないデータがあります");
-    place_ = static_cast<std::size_t>(result.ptr - text_.data());
+    const std::from_chars_result result = std::from_chars(at_, end_, value);
+    if (result.ec != std::errc() || (result.ptr != end_ && !IsSeparator(*result.ptr)) ||
+        !std::isfinite(value))
+      Refuse("数値でないデータがあります");
+    at_ = result.ptr;
+    if (at_ == end_ && Refill() && !IsSeparator(*at_)) Refuse("数値でないデータがあります");
     return value;
   }
 
   /// A whole number from 0 to `limit`.
   int NextCount(int limit) {
     const double value = Next();
-    if (value < 0 || value > limit || value != std::trunc(value))
-      throw FileFault(path_, "データの個数が正しくありません");
+    if (value < 0 || value > limit || value != std::trunc(value)) Refuse("データの個数が正しくありません");
     return static_cast<int>(value);
   }
 
+  /// Refuses a file that can't hold so many numbers.
+  void Expect(std::size_t count) {
+    if (count > file_.Size()) Refuse("ファイルが途中で終わっています");
+  }
+
  private:
-  std::string path_;
-  std::string text_;
-  std::size_t place_ = 0;
+  static constexpr std::size_t kPiece = std::size_t{1} << 16U;
+  static constexpr std::ptrdiff_t kLongestNumber = 400;
+
+  [[noreturn]] void Refuse(const char* reason) { throw FileFault(file_.Path(), reason); }
+
+  /// Moves what is left to the front and reads on behind it; false at the file's end.
+  bool Refill() {
+    const auto left = static_cast<std::size_t>(end_ - at_);
+    if (left > 0) std::memmove(piece_.data(), at_, left);
+    const std::size_t got = file_.Read(piece_.data() + left, piece_.size() - left);
+    at_ = piece_.data();
+    end_ = at_ + left + got;
+    return got > 0;
+  }
+
+  FileReader file_;
+  std::vector<char> piece_;
+  const char* at_ = nullptr;
+  const char* end_ = nullptr;
 };
 
 constexpr int kHighestNodeNumber = 5000;
@@ -63,6 +88,7 @@ void WriteLines(const std::string& path, std::span<const double> values) {
 
 std::vector<double> ReadReals(const std::string& path, std::size_t count) {
   NumberReader reader(path);
+  reader.Expect(count);
   std::vector<double> values(count);
   for (double& value : values) value = reader.Next();
   return values;
@@ -75,12 +101,20 @@ Reactions ReadReactions(const std::string& folder) {
   reactions.nodes.resize(static_cast<std::size_t>(index.NextCount(kMaxNodes)));
   for (int& node : reactions.nodes) node = index.NextCount(kHighestNodeNumber);
   NumberReader reader(folder + "FT022");
-  reactions.values.reserve(static_cast<std::size_t>(reactions.cases) * reactions.nodes.size() * 3);
+  const std::size_t records = static_cast<std::size_t>(reactions.cases) * reactions.nodes.size();
+  reader.Expect(records * 4);
+  reactions.values.reserve(records * 3);
   for (int c = 1; c <= reactions.cases; ++c)
     for (std::size_t s = 0; s < reactions.nodes.size(); ++s) {
       reader.Next();  // the node's number again
       for (int d = 0; d < 3; ++d) reactions.values.push_back(reader.Next());
     }
+  return reactions;
+}
+
+Reactions ReadReactions(const std::string& folder, int cases) {
+  Reactions reactions = ReadReactions(folder);
+  if (reactions.cases != cases) throw FileFault(folder + "FT022A", "荷重ケース数がモデルと一致しません");
   return reactions;
 }
 

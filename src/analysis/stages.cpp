@@ -203,4 +203,45 @@ std::vector<CaseTrust> AssessStages() {
   return AssessSolution(Needed(Stage.equations), Needed(Stage.displacements), Needed(Stage.reactions));
 }
 
+namespace {
+
+/// Equations of CalcModel that an inclined roller or a forced displacement of this case holds.
+std::vector<bool> HeldBeyondCodes(int loadCase) {
+  std::vector<bool> held(static_cast<std::size_t>(3 * CalcModel.NodeCount));
+  const auto hold = [&](int row, int d) { held[static_cast<std::size_t>(3 * (row - 1) + d)] = true; };
+  for (int row = 1; row <= CalcModel.NodeCount; ++row)
+    for (int d = 0; d < 2; ++d)
+      if (CalcModel.Node[row].code[static_cast<std::size_t>(d)] == kInclinedRoller) hold(row, d);
+  const NumberMap nodes(CalcModel.Node, CalcModel.NodeCount);
+  for (int r = 1; r <= CalcModel.SpecCount; ++r) {
+    const SpecRec& forced = CalcModel.Spec[r];
+    const int row = nodes.Row(forced.node);
+    if (row == 0 || forced.loadCase != loadCase) continue;
+    const double values[] = {forced.S1, forced.S2, forced.S3};
+    for (int d = 0; d < 3; ++d)
+      if (values[d] != 0) hold(row, d);
+  }
+  return held;
+}
+
+}  // namespace
+
+CaseTrust AssessExternalCase(int loadCase, const MergedResults& results) {
+  const Equations& all = Needed(Stage.equations);
+  Equations equations = all;
+  equations.cases = 1;
+  equations.loads = CaseTable(all.Count(), 1);
+  CaseTable u(all.Count(), 1), reactions(all.Count(), 1);
+  for (int e = 0; e < all.Count(); ++e) {
+    equations.loads[e][0] = all.loads[e][loadCase - 1];
+    u[e][0] = results.displacements[static_cast<std::size_t>((loadCase - 1) * all.Count() + e)];
+  }
+  const NumberMap nodes(CalcModel.Node, CalcModel.NodeCount);
+  for (std::size_t place = 0; place < results.supports.size(); ++place)
+    for (int d = 0; d < 3; ++d)
+      reactions[3 * (nodes.Row(results.supports[place]) - 1) + d][0] =
+          results.Reaction(loadCase, static_cast<int>(place))[d];
+  return AssessSolution(equations, u, reactions, HeldBeyondCodes(loadCase), kLostPrintedResidual).front();
+}
+
 }  // namespace zorlan

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "analysis/merge.h"
 #include "analysis/trust.h"
 
 namespace zorlan {
@@ -42,5 +43,9 @@ void WriteStageResults();
 
 /// What is known of the last solve, by load case.
 std::vector<CaseTrust> AssessStages();
+
+/// What is known of a case (from 1) that the companion has solved, by the equations of the last solve and the
+/// codes and forced displacements of CalcModel.
+CaseTrust AssessExternalCase(int loadCase, const MergedResults& results);
 
 }  // namespace zorlan

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "analysis/analysis_listing.h"
 #include "analysis/analysis_state.h"
+#include "analysis/external_road.h"
+#include "analysis/merge.h"
 #include "analysis/stages.h"
 #include "base/fault.h"
 #include "base/host.h"
@@ -80,15 +83,44 @@ bool Solve() {
   return AnalysisError.empty();
 }
 
-/// The in-program analysis is solved twice; the second run overwrites the results of the first, so only its
-/// files are written.
+/// An in-program analysis is solved twice; the second run overwrites the first, so only its files are
+/// written.
 bool SolveTwice() {
-  return Solve() && SolveStatic() != kFalse;
+  if (!Solve() || SolveStatic() == kFalse) return false;
+  Report.trust = AssessStages();
+  return true;
+}
+
+/// The external road: one in-program solve, which holds for every model (a roller is free in it and forced
+/// displacements don't count), then each case by the companion or from that solve's files. A further solve of
+/// the unchanged model for each case of the second kind would give those files again.
+bool SolveCaseByCase(bool roller) {
+  if (SolveStatic() == kFalse) return false;
+  Report.road = Road::External;
+  Report.trust = AssessStages();
+  MergedResults results(CalcModel.MaxLoadCase, CalcModel.NodeCount, CalcModel.ElemCount);
+  for (int c = 1; c <= results.cases; ++c) {
+    CalcModel = SavedCalcModel;
+    if (roller || HasForcedDisplacement(c) != kFalse) {
+      TheHost().progress("応力解析（外部解析プログラム）", static_cast<double>(c - 1) / results.cases);
+      if (!SolveExternalCase(c, results)) return false;
+      CalcModel = SavedCalcModel;
+      Report.trust[static_cast<std::size_t>(c - 1)] = AssessExternalCase(c, results);
+    } else {
+      CollectCaseResults(c, results);
+      MagnifyForces(CalcModel, c, results);
+    }
+  }
+  CalcModel = SavedCalcModel;
+  WriteMergedResults(results);
+  RemoveMagnification(CalcModel);
+  RecomputeMidspan();
+  return true;
 }
 
 void CopyResultFiles(const std::string& from, const std::string& to) {
   for (const std::string_view name : kResultFiles)
-    CopyFileOver(from + std::string(name), to + std::string(name));
+    ShareFileOver(from + std::string(name), to + std::string(name));
 }
 
 /// What a new analysis of the model in hand makes untrue, listing included.
@@ -97,11 +129,17 @@ void RemoveStaleResults() {
   RemoveFile(ListingPath());
 }
 
-void FillReport() {
-  Report.nodes = CalcModel.NodeCount;
-  Report.elements = CalcModel.ElemCount;
-  Report.cases = CalcModel.MaxLoadCase;
-  Report.trust = AssessStages();
+/// The listing beside the deck. A fault in it is told and changes nothing else.
+void WriteListing() {
+  for (const StageRoutine stage : {DSYSOUT1, DSYSOUT2}) {
+    AnalysisError.clear();
+    AnalysisErrorDetail.clear();
+    stage();
+    if (!AnalysisError.empty()) Tell(AnalysisErrorDetail + " " + AnalysisError);
+  }
+  if (!FileExists(AnalysisPath + "FT100")) return;
+  ShareFileOver(AnalysisPath + "FT100", ListingPath());
+  TheHost().showListing(ListingPath());
 }
 
 /// The analysis behind the reading of the deck.
@@ -110,16 +148,17 @@ bool Analyse() {
   RemoveStaleResults();
   CopyResults();
   SavedCalcModel = CalcModel;
+  Report.nodes = CalcModel.NodeCount;
+  Report.elements = CalcModel.ElemCount;
+  Report.cases = CalcModel.MaxLoadCase;
   const bool roller = CalcModel.RollerFlag == 1 && HasInclinedRoller() != kFalse;
   bool forced = false;
   for (int c = 1; c <= CalcModel.MaxLoadCase && !forced; ++c) forced = HasForcedDisplacement(c) != kFalse;
-  if (roller || forced) {
-    TheHost().message("傾斜ローラー及び強制変位の解析は、まだできません", "解析失敗");
-    return false;
-  }
-  if (!SolveTwice()) return false;
-  FillReport();
+  const bool solved = roller || forced ? SolveCaseByCase(roller) : SolveTwice();
+  ClearStages();
+  if (!solved) return false;
   CopyResultFiles(AnalysisPath, ResultFolder());
+  WriteListing();
   return true;
 }
 

@@ -47,31 +47,60 @@ void SumLayers(const Equations& equations, CaseTable& r) {
   }
 }
 
-/// Whether the solver was to satisfy this equation of a node.
-bool IsSatisfied(const Equations& equations, int row, int d, const CaseTable& u) {
-  if (d == 0 && LayerOf(equations, row) != 0) {
-    // A layer that the in-memory road holds has the displacement 0 in all cases.
-    const double* const x = u[3 * (row - 1)];
-    return std::any_of(x, x + equations.cases, [](double value) { return value != 0; });
+/// Which equations something holds, and which of them report a support force.
+class HeldEquations {
+ public:
+  HeldEquations(const Equations& equations, const CaseTable& u, const std::vector<bool>& alsoHeld)
+      : eq_(equations),
+        u_(u),
+        alsoHeld_(alsoHeld),
+        layerHeld_(static_cast<std::size_t>(equations.layers) + 1) {
+    for (int row = 1; row <= eq_.nodes; ++row)
+      if (const int layer = LayerOf(eq_, row); layer != 0 && Also(row, 0))
+        layerHeld_[static_cast<std::size_t>(layer)] = true;
   }
-  return equations.Code(3 * (row - 1) + d) != kFixed;
-}
 
-/// Whether the reaction of this equation is a support's: not in a free equation, and not at a node whose U
-/// its group moves.
-bool IsHeld(const Equations& equations, int row, int d) {
-  const std::int16_t code = equations.Code(3 * (row - 1) + d);
-  if (d == 0 && LayerOf(equations, row) != 0) return code == kSpring;
-  return code != kFree;
-}
+  /// Whether the solver was to satisfy this equation of a node.
+  bool IsSatisfied(int row, int d) const {
+    if (Also(row, d)) return false;
+    if (const int layer = LayerOf(eq_, row); d == 0 && layer != 0) {
+      // A layer that the in-memory road holds has the displacement 0 in all cases.
+      const double* const x = u_[3 * (row - 1)];
+      return !layerHeld_[static_cast<std::size_t>(layer)] &&
+             std::any_of(x, x + eq_.cases, [](double value) { return value != 0; });
+    }
+    return eq_.Code(3 * (row - 1) + d) != kFixed;
+  }
+
+  /// Whether the reaction of this equation is a support's: not in a free equation, and not at a node whose U
+  /// its group moves.
+  bool ReportsForce(int row, int d) const {
+    const std::int16_t code = eq_.Code(3 * (row - 1) + d);
+    if (Also(row, d)) return true;
+    if (d == 0 && LayerOf(eq_, row) != 0) return code == kSpring;
+    return code != kFree;
+  }
+
+ private:
+  bool Also(int row, int d) const {
+    return !alsoHeld_.empty() && alsoHeld_[static_cast<std::size_t>(3 * (row - 1) + d)];
+  }
+
+  const Equations& eq_;
+  const CaseTable& u_;
+  const std::vector<bool>& alsoHeld_;
+  std::vector<bool> layerHeld_;
+};
 
 }  // namespace
 
 std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTable& displacements,
-                                      const CaseTable& reactions) {
+                                      const CaseTable& reactions, const std::vector<bool>& alsoHeld,
+                                      double lostResidual) {
   std::vector<CaseTrust> trust(static_cast<std::size_t>(equations.cases));
   CaseTable r = Residuals(equations, displacements);
   if (equations.layers > 0) SumLayers(equations, r);
+  const HeldEquations held(equations, displacements, alsoHeld);
   const int directions = equations.kind == kPlaneGrid ? 1 : 2;
   for (int row = 1; row <= equations.nodes; ++row)
     for (int c = 0; c < equations.cases; ++c) {
@@ -81,14 +110,14 @@ std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTabl
       for (int d = 0; d < 3; ++d) {
         const double load = equations.loads[first + d][c];
         result.largestLoad = std::max(result.largestLoad, std::abs(load));
-        if (IsSatisfied(equations, row, d, displacements) && std::abs(r[first + d][c]) > result.residual) {
+        if (held.IsSatisfied(row, d) && std::abs(r[first + d][c]) > result.residual) {
           result.residual = std::abs(r[first + d][c]);
           result.residualNode = number;
         }
         if (d >= directions) continue;
         square += displacements[first + d][c] * displacements[first + d][c];
         result.loadSum[static_cast<std::size_t>(d)] += load;
-        if (IsHeld(equations, row, d))
+        if (held.ReportsForce(row, d))
           result.reactionSum[static_cast<std::size_t>(d)] += reactions[first + d][c];
       }
       if (std::sqrt(square) > result.largestDisplacement) {
@@ -96,7 +125,7 @@ std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTabl
         result.displacementNode = number;
       }
     }
-  for (CaseTrust& result : trust) result.lost = result.residual > kLostResidual * result.largestLoad;
+  for (CaseTrust& result : trust) result.lost = result.residual > lostResidual * result.largestLoad;
   return trust;
 }
 

@@ -23,10 +23,15 @@ struct CaseTrust {
 
 /// A residual above this share of the case's largest load term is lost.
 inline constexpr double kLostResidual = 1e-6;
+/// The same for a case that came back in the companion's printed columns.
+inline constexpr double kLostPrintedResidual = 1e-4;
 
 /// Judges all cases. Residuals stand at equations that are not held; nodes that share a displacement share
-/// the residual of their sum. `reactions` by equation, as the result files have them.
+/// the residual of their sum. `reactions` by equation, as the result files have them. `alsoHeld`, where it
+/// isn't empty, names equations that something else than a support code holds: a forced displacement, an
+/// inclined roller.
 std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTable& displacements,
-                                      const CaseTable& reactions);
+                                      const CaseTable& reactions, const std::vector<bool>& alsoHeld = {},
+                                      double lostResidual = kLostResidual);
 
 }  // namespace zorlan

@@ -116,6 +116,13 @@ std::size_t DecodeUtf8(std::string_view text, std::size_t at, char32_t& c) {
   return length;
 }
 
+/// Length of the plain run (bytes below 80, the same in both encodings) that starts at text[at].
+std::size_t PlainRun(std::string_view text, std::size_t at) {
+  std::size_t end = at;
+  while (end < text.size() && static_cast<unsigned char>(text[end]) < 0x80) ++end;
+  return end - at;
+}
+
 std::uint16_t CodeOf(char32_t c) {
   return c < 0x10000 ? CodeOfUnicode()[c] : std::uint16_t{0};
 }
@@ -127,8 +134,9 @@ std::string Utf8FromCp932(std::string_view bytes) {
   out.reserve(bytes.size() + bytes.size() / 2);
   for (std::size_t i = 0; i < bytes.size(); ++i) {
     const unsigned byte = static_cast<unsigned char>(bytes[i]);
-    if (byte < 0x80) {
-      out += static_cast<char>(byte);
+    if (const std::size_t run = PlainRun(bytes, i); run > 0) {
+      out.append(bytes, i, run);
+      i += run - 1;
     } else if (!IsLead(byte)) {
       AppendUtf8(out, SingleByte(byte));
     } else {
@@ -145,10 +153,15 @@ Cp932Text Cp932FromUtf8(std::string_view text) {
   Cp932Text result;
   result.bytes.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
+    if (const std::size_t run = PlainRun(text, at); run > 0) {
+      result.bytes.append(text, at, run);
+      at += run;
+      continue;
+    }
     char32_t c = 0;
     const std::size_t length = DecodeUtf8(text, at, c);
-    const std::uint16_t code = c < 0x80 ? static_cast<std::uint16_t>(c) : CodeOf(c);
-    if (c >= 0x80 && code == 0) {
+    const std::uint16_t code = CodeOf(c);
+    if (code == 0) {
       if (result.lost.empty()) result.lost = text.substr(at, length);
       result.bytes += '?';
     } else {

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <limits>
 
+#include "base/digit_pairs.h"
+
 namespace zorlan {
 namespace {
 
@@ -140,8 +142,13 @@ std::optional<Digits15> QuickDigits(double magnitude) {
 /// on.
 void AppendDigits(std::string& out, Digits15 number) {
   std::array<char, kSignificantDigits> text;
-  for (std::size_t i = text.size(); i-- > 0; number.digits /= 10)
-    text[i] = static_cast<char>('0' + number.digits % 10);
+  auto head = static_cast<std::uint32_t>(number.digits / 100000000);  // seven digits in front of eight
+  auto tail = static_cast<std::uint32_t>(number.digits % 100000000);
+  for (std::size_t i = text.size(); i > 7; i -= 2, tail /= 100)
+    std::copy_n(kDigitPairs.data() + 2 * (tail % 100), 2, text.data() + i - 2);
+  for (std::size_t i = 7; i > 1; i -= 2, head /= 100)
+    std::copy_n(kDigitPairs.data() + 2 * (head % 100), 2, text.data() + i - 2);
+  text[0] = static_cast<char>('0' + head);
   std::size_t count = text.size();
   while (count > 1 && text[count - 1] == '0') --count;
 

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "base/digit_pairs.h"
+
 namespace zorlan {
 namespace {
 
@@ -23,15 +25,6 @@ constexpr double kScaledLimit = 1e10;
 constexpr double kTieMargin = 1e-4;
 constexpr int kMostScaledDecimals = 9;
 
-constexpr std::array<char, 200> kDigitPairs = [] {
-  std::array<char, 200> pairs{};
-  for (std::size_t i = 0; i < 100; ++i) {
-    pairs[2 * i] = static_cast<char>('0' + i / 10);
-    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-  }
-  return pairs;
-}();
-
 /// Writes the digits of `number` in front of `end`, at least `minDigits` of them; answers their start.
 char* WriteDigits(char* end, std::uint64_t number, int minDigits) {
   char* at = end;
@@ -42,6 +35,21 @@ char* WriteDigits(char* end, std::uint64_t number, int minDigits) {
   }
   if (number > 0) *--at = static_cast<char>('0' + number);
   while (end - at < minDigits) *--at = '0';
+  return at;
+}
+
+/// Takes the last `count` digits off `number` and writes them in front of `end`; answers their start.
+char* WriteDecimals(char* end, std::uint64_t& number, int count) {
+  char* at = end;
+  for (; count >= 2; count -= 2) {
+    at -= 2;
+    std::memcpy(at, kDigitPairs.data() + 2 * (number % 100), 2);
+    number /= 100;
+  }
+  if (count == 1) {
+    *--at = static_cast<char>('0' + number % 10);
+    number /= 10;
+  }
   return at;
 }
 
@@ -166,16 +174,15 @@ bool NumberDigits::TryFixed(double magnitude, const NumberPattern& pattern) {
   if (decimals > kMostScaledDecimals || pattern.minDecimals != decimals || pattern.minIntegers > 10 ||
       !RoundScaled(magnitude * kPowersOfTen[decimals], whole))
     return false;
-  char* const end = buffer_.data() + kRoom;
-  char* start = WriteDigits(end, whole, decimals + pattern.minIntegers);
-  if (decimals > 0) {
-    const std::ptrdiff_t integers = end - start - decimals;
-    std::memmove(start - 1, start, static_cast<std::size_t>(integers));
-    --start;
-    start[integers] = '.';
-  }
-  small_ = static_cast<std::size_t>(end - start);
   zero_ = whole == 0;
+  char* const end = buffer_.data() + kRoom;
+  char* start = end;
+  if (decimals > 0) {
+    start = WriteDecimals(end, whole, decimals);
+    *--start = '.';
+  }
+  start = WriteDigits(start, whole, pattern.minIntegers);
+  small_ = static_cast<std::size_t>(end - start);
   return true;
 }
 

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <system_error>
@@ -47,6 +48,11 @@ std::string ReasonOf(int error) {
   throw FileFault(path, ReasonOf(error));
 }
 
+/// The name beside a file under which it is written anew: each process has its own.
+std::string NeighbourName(const std::string& path) {
+  return path + ".~" + std::to_string(::getpid());
+}
+
 void WriteAll(int file, std::string_view bytes, const std::string& path) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(file, bytes.data(), bytes.size());
@@ -60,32 +66,40 @@ void WriteAll(int file, std::string_view bytes, const std::string& path) {
 
 }  // namespace
 
-/// A file beside `path` that is removed again unless it is renamed to it.
-class FileWriter::Neighbour {
+/// A file beside `path` that is removed again unless it is renamed to it; or the file itself, cut back to its
+/// former size unless what was added is to stay.
+class FileWriter::Output {
  public:
-  explicit Neighbour(const std::string& path) : path_(path), name_(path + ".~new") {
-    file_ = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  Output(const std::string& path, Start start) : path_(path), continued_(start == Start::Continued) {
+    name_ = continued_ ? path : NeighbourName(path);
+    file_ = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (continued_ ? O_APPEND : O_TRUNC), 0666);
     if (file_ < 0) Fail(path_, errno);
+    if (continued_) size_ = ::lseek(file_, 0, SEEK_END);
   }
-  ~Neighbour() {
-    if (file_ >= 0) ::close(file_);
-    if (!renamed_) ::unlink(name_.c_str());
+  ~Output() {
+    if (file_ >= 0) {
+      if (continued_ && ::ftruncate(file_, size_) != 0) ::unlink(name_.c_str());
+      ::close(file_);
+    }
+    if (!continued_ && !kept_) ::unlink(name_.c_str());
   }
-  Neighbour(const Neighbour&) = delete;
-  Neighbour& operator=(const Neighbour&) = delete;
+  Output(const Output&) = delete;
+  Output& operator=(const Output&) = delete;
 
   void Write(std::string_view bytes) { WriteAll(file_, bytes, path_); }
   void TakePlace(bool flush) {
     if (flush && ::fsync(file_) != 0 && errno != EINVAL) Fail(path_, errno);
     if (::close(std::exchange(file_, -1)) != 0) Fail(path_, errno);
-    if (::rename(name_.c_str(), path_.c_str()) != 0) Fail(path_, errno);
-    renamed_ = true;
+    if (!continued_ && ::rename(name_.c_str(), path_.c_str()) != 0) Fail(path_, errno);
+    kept_ = true;
   }
 
  private:
   std::string path_, name_;
+  bool continued_;
   int file_ = -1;
-  bool renamed_ = false;
+  off_t size_ = 0;
+  bool kept_ = false;
 };
 
 FileFault::FileFault(const std::string& path, const std::string& reason) : Fault(path + " ： " + reason) {}
@@ -116,26 +130,50 @@ bool FolderExists(std::string_view path) {
   return fs::is_directory(NativePath(path), ignored);
 }
 
-std::string ReadBytes(const std::string& path) {
-  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) Fail(path, errno);
-  struct stat state {};
-  std::string bytes;
-  if (::fstat(file, &state) == 0 && state.st_size > 0)
-    bytes.reserve(static_cast<std::size_t>(state.st_size) + 1);
-  int error = 0;
-  for (;;) {
-    const std::size_t have = bytes.size();
-    const std::size_t room = std::max(bytes.capacity() - have, std::size_t{1} << 16U);
-    bytes.resize(have + room);
-    const ssize_t got = ::read(file, bytes.data() + have, room);
-    bytes.resize(have + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) error = errno;
-    if (got <= 0) break;
+void ShareFileOver(const std::string& from, const std::string& to) {
+  const std::string beside = NeighbourName(to);
+  ::unlink(beside.c_str());
+  if (::link(from.c_str(), beside.c_str()) != 0) {  // another file system, or one without links
+    CopyFileOver(from, to);
+    return;
   }
-  ::close(file);
-  if (error != 0) Fail(path, error);
+  if (::rename(beside.c_str(), to.c_str()) != 0) {
+    const int error = errno;
+    ::unlink(beside.c_str());
+    Fail(to, error);
+  }
+  ::unlink(beside.c_str());  // a rename between two names of one file leaves both
+}
+
+FileReader::FileReader(const std::string& path) : path_(path) {
+  file_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file_ < 0) Fail(path, errno);
+  struct stat state {};
+  if (::fstat(file_, &state) == 0 && state.st_size > 0) size_ = static_cast<std::size_t>(state.st_size);
+}
+
+FileReader::~FileReader() {
+  ::close(file_);
+}
+
+std::size_t FileReader::Read(char* room, std::size_t size) {
+  for (;;) {
+    const ssize_t got = ::read(file_, room, size);
+    if (got >= 0) return static_cast<std::size_t>(got);
+    if (errno != EINTR) Fail(path_, errno);
+  }
+}
+
+std::string ReadBytes(const std::string& path) {
+  FileReader file(path);
+  std::string bytes;
+  std::size_t have = 0;
+  bytes.resize(file.Size() + 1);  // one more: the end shows without another round
+  while (const std::size_t got = file.Read(bytes.data() + have, bytes.size() - have)) {
+    have += got;
+    if (have == bytes.size()) bytes.resize(2 * have + kDrainAt);
+  }
+  bytes.resize(have);
   return bytes;
 }
 
@@ -154,6 +192,15 @@ void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush
   if (!converted.lost.empty())
     throw FileFault(path, "文字 「" + converted.lost + "」 はシフトＪＩＳで表せないため、保存できません");
   ReplaceBytes(path, converted.bytes, flush);
+}
+
+bool CanWriteFile(const std::string& path) {
+  const bool there = FileExists(path);
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+  if (file < 0) return false;
+  ::close(file);
+  if (!there) ::unlink(path.c_str());
+  return true;
 }
 
 void MakeFolder(const std::string& folder) {
@@ -177,12 +224,17 @@ void RemoveFilesIn(const std::string& folder) {
 }
 
 void CopyFileOver(const std::string& from, const std::string& to) {
+  FileReader source(from);
   FileWriter file(to);
-  file.Buffer() = ReadBytes(from);
+  std::array<char, std::size_t{1} << 16U> piece;
+  while (const std::size_t got = source.Read(piece.data(), piece.size())) {
+    file.Buffer().append(piece.data(), got);
+    file.Drain();
+  }
   file.Commit();
 }
 
-FileWriter::FileWriter(const std::string& path) : file_(std::make_unique<Neighbour>(path)) {
+FileWriter::FileWriter(const std::string& path, Start start) : file_(std::make_unique<Output>(path, start)) {
   buffer_.reserve(kDrainAt + 4096);
 }
 

@@ -35,6 +35,9 @@ void ReplaceBytes(const std::string& path, std::string_view bytes, Flush flush =
 /// page lacks is a fault that names it, and nothing is written.
 void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush = Flush::Yes);
 
+/// Whether a file can be written at this path. What stands there stays as it is.
+bool CanWriteFile(const std::string& path);
+
 /// Makes the folder and those above it; removes a file if it is there; removes every file directly in a
 /// folder.
 void MakeFolder(const std::string& folder);
@@ -47,11 +50,36 @@ void RenameFile(const std::string& from, const std::string& to);
 /// Copies a file over another, by a neighbouring name.
 void CopyFileOver(const std::string& from, const std::string& to);
 
-/// A large file written piece by piece: it takes its name only at Commit, and without it leaves nothing
-/// behind.
+/// Gives `to` the contents of `from` without writing them again, as a second name of the same file, where the
+/// file system can; else copies. For files that are only ever replaced whole, never changed in place.
+void ShareFileOver(const std::string& from, const std::string& to);
+
+/// A large file read piece by piece.
+class FileReader {
+ public:
+  explicit FileReader(const std::string& path);
+  ~FileReader();
+  FileReader(const FileReader&) = delete;
+  FileReader& operator=(const FileReader&) = delete;
+
+  /// Reads up to `size` bytes into `room`; answers how many came, 0 at the file's end.
+  std::size_t Read(char* room, std::size_t size);
+  /// How many bytes the file holds, as far as it tells.
+  std::size_t Size() const { return size_; }
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+  int file_ = -1;
+  std::size_t size_ = 0;
+};
+
+/// A large file written piece by piece. Anew, it takes its name only at Commit, and without it leaves nothing
+/// behind; continued, the pieces follow what the file holds, and without Commit it is cut back to that.
 class FileWriter {
  public:
-  explicit FileWriter(const std::string& path);
+  enum class Start { Anew, Continued };
+  explicit FileWriter(const std::string& path, Start start = Start::Anew);
   ~FileWriter();
   FileWriter(const FileWriter&) = delete;
   FileWriter& operator=(const FileWriter&) = delete;
@@ -62,8 +90,8 @@ class FileWriter {
   void Commit(Flush flush = Flush::No);
 
  private:
-  class Neighbour;
-  std::unique_ptr<Neighbour> file_;
+  class Output;
+  std::unique_ptr<Output> file_;
   std::string buffer_;
 };
 

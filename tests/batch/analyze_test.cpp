@@ -282,6 +282,19 @@ TEST(BatchSectionTables, TheUsersTablesComeBeforeTheSeedCopies) {
   EXPECT_NE(program.Bytes("model.ANA/FT021"), seeds);
 }
 
+TEST(BatchSectionTables, AnInstalledProgramReadsTheTablesThatWereInstalledWithIt) {
+  const BatchProgram program;
+  Sections sections;
+  sections.sections = "@SECT\n1,2,400,200,8,13,1,205000,0\n";
+  program.Deck("model.inp", sections.Text());
+  ASSERT_EQ(program.Shell("cmake --install " ZORLAN_BINARY_DIR " --prefix $PWD/installed").exitCode, 0);
+  EXPECT_TRUE(program.Exists("installed/share/zorlan/DATA/例題－１.zor/鉄骨ラーメン.inp"));
+  EXPECT_THAT(program.Shell("installed/bin/zorlan-batch analyze model.inp").err, HasSubstr(" 0.187 "));
+  program.File("installed/share/zorlan/鋼材TABLE/H.CSV",
+               "-\r\n-\r\n-\r\n400,200,8,13,13,83.37,47000,1740,16.8,4.56,1170,174\r\n");
+  EXPECT_THAT(program.Shell("installed/bin/zorlan-batch analyze model.inp").err, HasSubstr(" 0.093 "));
+}
+
 // Ix = 23500 cm4 in the table of Japanese rolled sections: 10 * 3^3 / (3 * 205e6 * 2.35e-4) = 1.868e-3 m.
 TEST(BatchSectionTables, TheSeedCopiesAreFoundFromTheProgramsPlace) {
   const BatchProgram program;

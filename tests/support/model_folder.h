@@ -3,8 +3,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
-
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -13,6 +11,7 @@
 #include "base/fault.h"
 #include "base/text_file.h"
 #include "model/model_state.h"
+#include "temporary_folder.h"
 
 namespace zorlan::test {
 
@@ -26,28 +25,24 @@ inline std::string CrLf(std::string_view text) {
   return result;
 }
 
-/// Makes a folder tree, points the globals of the model in hand at it, and removes it at the end.
+/// Makes a folder tree and points the globals of the model in hand at it.
 class ModelFolderTest : public testing::Test {
  protected:
   ModelFolderTest() {
-    std::string name = (std::filesystem::temp_directory_path() / "zorlan-test-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no temporary folder";
-    root_ = name + "/";
-    WorkPath = root_ + "WK/";
-    AnalysisPath = root_ + "AN/";
-    DataPath = root_ + "DATA/";
+    WorkPath = Root() + "WK/";
+    AnalysisPath = Root() + "AN/";
+    DataPath = Root() + "DATA/";
     ProjectName = "試験.zor/";
     ModelFile = "model.inp";
     for (const std::string& folder : {WorkPath, AnalysisPath, DataPath + ProjectName}) MakeFolder(folder);
     RawModel = InpModel = CalcModel = ModelRec();
   }
-  ~ModelFolderTest() override { std::filesystem::remove_all(root_); }
 
-  const std::string& Root() const { return root_; }
+  const std::string& Root() const { return folder_.Path(); }
 
   /// Writes a text, given with LF, as a file of the system: code page 932, CR LF.
   static void Write(const std::string& path, std::string_view text) {
-    ReplaceBytes(path, Cp932FromUtf8(CrLf(text)).bytes);
+    ReplaceBytes(path, Cp932FromUtf8(CrLf(text)).bytes, Flush::No);
   }
   /// A table file of the work folder; the deck of the model in hand.
   static void WriteTable(const std::string& key, std::string_view text) { Write(WorkPath + key, text); }
@@ -69,12 +64,12 @@ class ModelFolderTest : public testing::Test {
 
   /// A folder that nothing can be written into, for any user: its parent is a file.
   std::string BlockedFolder() const {
-    ReplaceBytes(root_ + "file", "");
-    return root_ + "file/folder/";
+    ReplaceBytes(Root() + "file", "");
+    return Root() + "file/folder/";
   }
 
  private:
-  std::string root_;
+  TemporaryFolder folder_;
 };
 
 /// Runs `action` and answers the words of the Fault that it throws, "" without one.
