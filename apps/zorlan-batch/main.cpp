@@ -1,4 +1,6 @@
 // zorlan-batch: the engine without a window.
+#include <malloc.h>
+
 #include <exception>
 #include <filesystem>
 #include <system_error>
@@ -12,9 +14,24 @@
 #include "commands.h"
 #include "private_folder.h"
 
+namespace {
+
+/// What one solve gives back the next one takes again: without this the allocator returns it to the system in
+/// between, and every page of it costs a fault and a clearing.
+void KeepFreedMemory() {
+#ifdef __GLIBC__
+  constexpr int kKept = 64 << 20;  // bytes
+  mallopt(M_MMAP_THRESHOLD, kKept);
+  mallopt(M_TRIM_THRESHOLD, kKept);
+#endif
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   using namespace zorlan;
   using namespace zorlan::batch;
+  KeepFreedMemory();
   InstallBatchHost();
   std::error_code
       ignored;  // without its own place the companion isn't found, and that is told when it is needed

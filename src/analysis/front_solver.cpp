@@ -330,6 +330,10 @@ LayerSystem FrontSweep::TakeLayerSystem() {
 /// other.
 void SubtractProducts(double* x, const double* coefficients, const double* displacements, int count,
                       int cases) {
+  if (cases == 1) {  // too short for the vectors
+    for (int k = 0; k < count; ++k) *x -= coefficients[k] * displacements[k];
+    return;
+  }
   std::array<const double*, 3> p{};
   for (int k = 0; k < count; ++k)
     p[static_cast<std::size_t>(k)] = displacements + static_cast<std::ptrdiff_t>(k) * cases;
