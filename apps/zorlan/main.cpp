@@ -2,17 +2,21 @@
 #include <QApplication>
 #include <QTimer>
 
+#include "analysis/external_road.h"
 #include "base/host.h"
+#include "base/text_file.h"
 #include "desktop/application.h"
 #include "desktop/main_window.h"
 #include "desktop/splash.h"
 #include "desktop/system_printers.h"
+#include "render/qt_text.h"
 #include "shell/start_up.h"
 
 int main(int argc, char** argv) {
   using namespace zorlan;
   QApplication application(argc, argv);
   SetUpApplication(application);
+  ProgramFolder = FolderText(FromQt(QApplication::applicationDirPath()));
   ShowSplash();
 
   MainWindow window;
@@ -30,7 +34,6 @@ int main(int argc, char** argv) {
   }
   window.show();
   const QStringList arguments = QApplication::arguments();
-  if (arguments.size() > 1)
-    QTimer::singleShot(0, &window, [&] { window.OpenDeck(arguments.at(1)); });
+  if (arguments.size() > 1) QTimer::singleShot(0, &window, [&] { window.OpenDeck(arguments.at(1)); });
   return QApplication::exec();
 }

@@ -211,6 +211,10 @@ std::string PrinterInfoText(const PrinterRec& printer) {
   return text;
 }
 
+PrinterRec StoredPrinterInfo() {
+  return FileExists(PrinterPath()) ? ParsePrinterInfo(SettingsText(PrinterPath()), {}) : PrinterRec();
+}
+
 void PrinterInfo(bool write, const SystemPrinters& printers) {
   if (write) {
     ReplaceTextFile(PrinterPath(), PrinterInfoText(PrinterSettings));

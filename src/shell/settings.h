@@ -93,6 +93,9 @@ std::string PrinterInfoText(const PrinterRec& printer);
 /// system printer, and the file is written. A printer that isn't installed gives way to the system printer.
 void PrinterInfo(bool write, const SystemPrinters& printers = {});
 
+/// What PrinterInf.Ini says as it stands; the defaults without the file. Writes nothing.
+PrinterRec StoredPrinterInfo();
+
 // Places of windows
 
 /// Where a window was left, in the device-independent pixels of the desktop.
