@@ -44,6 +44,8 @@ int main(int argc, char** argv) {
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_LOGGING_RULES", "*.debug=false;*.warning=false");
+  // The toolkit would make a runtime folder among the temporary files and leave it there.
+  if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", "/");
   const QGuiApplication application(argc, argv);
   if (!InstallFonts()) {
     Tell("フォント「IPAGothic」がありません（fonts-ipafont-gothic）");
