@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <exception>
 #include <QGuiApplication>
+#include <QTemporaryDir>
 #include <string>
 
 #include "base/host.h"
@@ -44,8 +45,9 @@ int main(int argc, char** argv) {
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_LOGGING_RULES", "*.debug=false;*.warning=false");
-  // The toolkit would make a runtime folder among the temporary files and leave it there.
-  if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", "/");
+  // Without a runtime folder the toolkit would make one among the temporary files and leave it there.
+  const QTemporaryDir runtime;
+  if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
   const QGuiApplication application(argc, argv);
   if (!InstallFonts()) {
     Tell("フォント「IPAGothic」がありません（fonts-ipafont-gothic）");
