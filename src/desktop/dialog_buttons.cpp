@@ -1,5 +1,6 @@
 #include "desktop/dialog_buttons.h"
 
+#include <QIcon>
 #include <QPushButton>
 
 namespace zorlan {
@@ -11,6 +12,7 @@ QDialogButtonBox* OkCancelButtons() {
   buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("ok"));
   buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("キャンセル"));
   buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cancel"));
+  for (QAbstractButton* const button : buttons->buttons()) button->setIcon(QIcon());  // words are enough
   return buttons;
 }
 

@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QMdiSubWindow>
+#include <QProxyStyle>
 
 #include "render/qt_text.h"
 #include "shell/settings.h"
@@ -18,6 +19,18 @@ constexpr QPoint kCascadeStart(1700, -250);
 constexpr QPoint kCascadeStep(100, 250);
 constexpr int kCascadeOffset = 28;  // pixels: a title bar
 constexpr int kVisible = 60;        // pixels of a form that stay within reach
+
+/// A maximized form keeps its title bar: in the main window's frame it would change the caption, which is the
+/// model's alone.
+class FrameStyle : public QProxyStyle {
+ public:
+  using QProxyStyle::QProxyStyle;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* result) const override {
+    return hint == SH_Workspace_FillSpaceOnMaximize ? 1
+                                                    : QProxyStyle::styleHint(hint, option, widget, result);
+  }
+};
 
 Form* FormIn(const QMdiSubWindow* frame) {
   return qobject_cast<Form*>(frame->widget());
@@ -51,7 +64,8 @@ void Form::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-FormArea::FormArea(QWidget* parent) : QMdiArea(parent), cascade_(kCascadeStart) {
+FormArea::FormArea(QWidget* parent)
+    : QMdiArea(parent), cascade_(kCascadeStart), frameStyle_(std::make_unique<FrameStyle>()) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 }
@@ -86,6 +100,7 @@ void FormArea::Show(Form* form) {
   if (form->KeepsItsSize()) bar |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
   QMdiSubWindow* const frame = addSubWindow(form, bar);
   frame->setAttribute(Qt::WA_DeleteOnClose);
+  frame->setStyle(frameStyle_.get());
   frame->setWindowIcon(window()->windowIcon());
   frame->installEventFilter(this);
   Place(frame, FromQt(form->objectName()));
@@ -127,6 +142,10 @@ void FormArea::UnloadAll() {
 void FormArea::SetFormsEnabled(bool enabled, const std::vector<std::string>& except) {
   for (Form* const form : Forms())
     if (std::ranges::find(except, FromQt(form->objectName())) == except.end()) form->setEnabled(enabled);
+}
+
+FormArea::~FormArea() {
+  for (QMdiSubWindow* const frame : subWindowList()) delete frame;  // before the style that they draw with
 }
 
 void FormArea::ResetCascade() {

@@ -1,6 +1,7 @@
 // The child windows of the main window: what they share, and the area that they stand in.
 #pragma once
 
+#include <memory>
 #include <QMdiArea>
 #include <QPoint>
 #include <QWidget>
@@ -8,6 +9,7 @@
 #include <vector>
 
 class QMdiSubWindow;
+class QStyle;
 
 namespace zorlan {
 
@@ -42,6 +44,7 @@ class FormArea : public QMdiArea {
   Q_OBJECT
  public:
   explicit FormArea(QWidget* parent = nullptr);
+  ~FormArea() override;
 
   /// The open form of this name; null if there is none.
   Form* Find(const std::string& name) const;
@@ -70,6 +73,7 @@ class FormArea : public QMdiArea {
   void Place(QMdiSubWindow* frame, const std::string& name);
 
   QPoint cascade_;  // of the form opened last, in twips
+  std::unique_ptr<QStyle> frameStyle_;
 };
 
 }  // namespace zorlan

@@ -27,6 +27,9 @@ class ModalScript : public QObject {
   /// "キャンセル", "OK".
   void ExpectBox(const QString& text, const QString& button);
 
+  /// From now on every window that isn't expected is closed without a word.
+  void RejectOthers() { rejectOthers_ = true; }
+
   /// Every box that was seen, "title|text".
   const QStringList& Seen() const { return seen_; }
   bool Done() const { return steps_.empty(); }
@@ -44,6 +47,7 @@ class ModalScript : public QObject {
   QPointer<QWidget> acting_;
   QList<QPointer<QWidget>> answered_;
   int idle_ = 0;
+  bool rejectOthers_ = false;
 };
 
 }  // namespace zorlan::test
