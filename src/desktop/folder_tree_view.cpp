@@ -1,6 +1,7 @@
 #include "desktop/folder_tree_view.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 
 #include "desktop/icons.h"
 #include "render/qt_text.h"
@@ -59,7 +60,7 @@ FolderTreeView::FolderTreeView(Leaves leaves, bool models, QWidget* parent)
   connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
     if (item != nullptr) emit picked(NodeOf(item));
   });
-  connect(this, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
+  connect(this, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
     if (NodeOf(item).kind == NodeKind::Model) emit opened(NodeOf(item));
   });
 }
@@ -73,6 +74,16 @@ void FolderTreeView::Fill(QTreeWidgetItem* item) {
       children.append(NewItem(ToQt(node.name), IconOf(node.kind), node.kind, node.path));
   item->addChildren(children);
   if (children.isEmpty()) item->setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicator);
+}
+
+void FolderTreeView::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enter) return QTreeWidget::keyPressEvent(event);
+  QTreeWidgetItem* const item = currentItem();
+  const bool opens = item != nullptr && !item->isExpanded() &&
+                     item->childIndicatorPolicy() == QTreeWidgetItem::ShowIndicator;
+  if (opens) item->setExpanded(true);
+  event->setAccepted(opens);
 }
 
 void FolderTreeView::Reveal(const std::string& path) {

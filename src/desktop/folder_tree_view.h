@@ -23,8 +23,11 @@ class FolderTreeView : public QTreeWidget {
  signals:
   /// Another node became the current one.
   void picked(const zorlan::TreeNode& node);
-  /// A leaf was opened by double click or Enter.
+  /// A leaf was double-clicked.
   void opened(const zorlan::TreeNode& node);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;  // Enter opens a folder; on a leaf it is the dialog's
 
  private:
   void Fill(QTreeWidgetItem* item);

@@ -57,6 +57,10 @@ void Form::closeEvent(QCloseEvent* event) {
   event->setAccepted(unloading_ || Commit());
 }
 
+void Form::focusInEvent(QFocusEvent* event) {
+  if (first_ != nullptr) first_->setFocus(event->reason());
+}
+
 void Form::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape)
     CloseForm();
@@ -105,6 +109,7 @@ void FormArea::Show(Form* form) {
   frame->installEventFilter(this);
   Place(frame, FromQt(form->objectName()));
   frame->show();
+  form->setFocus();
 }
 
 void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {

@@ -32,10 +32,15 @@ class Form : public QWidget {
   /// What must hold before the form may close; it has told the user why not.
   virtual bool Commit() { return true; }
 
+  /// What takes the keys when the form comes to the front. (A focus proxy would hold Tab there.)
+  void SetFirst(QWidget* widget) { first_ = widget; }
+
   void closeEvent(QCloseEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;  // Esc closes
 
  private:
+  QWidget* first_ = nullptr;
   bool unloading_ = false;
 };
 

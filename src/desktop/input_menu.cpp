@@ -37,6 +37,7 @@ frmInputMenu::frmInputMenu(MainWindow& window) : Form("frmInputMenu"), window_(w
       loads->addAction(ToQt(RowOf(command).caption), this, [this, command] { OpenTable(command); });
     push->setMenu(loads);
   }
+  SetFirst(buttons_.front().second);
   column->setSizeConstraint(QLayout::SetFixedSize);
   Update(CurrentMenuFacts(/*tableFormInFront=*/false));
 }

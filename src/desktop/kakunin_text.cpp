@@ -86,7 +86,7 @@ frmKakuninText::frmKakuninText() : Form("frmKakuninText"), points_(kPoints) {
   key(QKeySequence(Qt::Key_F3), [this] { Search(false); });
   key(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { Search(true); });
   SetZoom(kPoints);
-  setFocusProxy(text_);
+  SetFirst(text_);
 }
 
 void frmKakuninText::ShowListing(int flag, const std::string& path) {

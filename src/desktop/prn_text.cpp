@@ -99,7 +99,7 @@ void frmPrnText::Build() {
   column->setContentsMargins(6, 6, 6, 6);
   column->addLayout(row);
   column->addWidget(view_, 1);
-  setFocusProxy(view_);
+  SetFirst(view_);
 
   connect(zoom_, &QComboBox::currentIndexChanged, this, &frmPrnText::SetZoomOf);
   connect(view_, &PageView::zoomAsked, this, [this](int steps) {

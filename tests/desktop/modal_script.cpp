@@ -58,6 +58,10 @@ void ModalScript::ExpectBox(const QString& text, const QString& button) {
 void ModalScript::Tick() {
   QWidget* const window = QApplication::activeModalWidget();
   if (window == nullptr || !window->isVisible() || acting_ == window) return;
+  if (!window->isActiveWindow()) {
+    window->activateWindow();
+    return;
+  }
   const QString name = NameOf(*window);
   if (name == QLatin1String("busyBox") || name == QLatin1String("printBox"))
     return;  // they end by themselves
