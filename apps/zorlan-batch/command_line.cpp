@@ -40,6 +40,15 @@ std::string Complaint(const CLI::App& app, const CLI::ParseError& error) {
   return std::string("引数が正しくありません ： ") + error.what();
 }
 
+/// What keeps a well-formed command from being carried out; empty: nothing.
+std::string_view Refusal(const Request& request) {
+  if (request.command->words != Command::Words::DecksAndCsv) return {};
+  if (request.csvFolder.empty()) return "出力先フォルダを指定してください";
+  if (!request.csvName.empty() && request.decks.size() > 1)
+    return "ファイル名（--name）は、入力データファイルが一つの時だけ指定できます";
+  return {};
+}
+
 }  // namespace
 
 std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
@@ -62,7 +71,7 @@ std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
     level->fallthrough();
     addCommon(*level);
     level->callback([&request, &command] { request.command = &command; });
-    if (command.deck == Command::Deck::IsWritten) {
+    if (command.words == Command::Words::OldModelAndDeck) {
       level->add_option("FOLDER", request.oldModel, "旧版のモデルのフォルダ")->required()->type_name("");
       level
           ->add_option_function<std::string>(
@@ -75,11 +84,22 @@ std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
           ->required()
           ->type_name("");
     }
+    if (command.words == Command::Words::DecksAndCsv) {
+      level->add_option("--folder", request.csvFolder, "出力先フォルダ")
+          ->type_name("DIR")
+          ->group(kOptionGroup);
+      level->add_option("--name", request.csvName, "ファイル名（省略時はモデル名）")
+          ->type_name("BASE")
+          ->group(kOptionGroup);
+    }
   }
 
   try {
     app.parse(argc, argv);
-    return request;
+    const std::string_view refusal = Refusal(request);
+    if (refusal.empty()) return request;
+    Tell(refusal);
+    return kUsage;
   } catch (const CLI::Success& answer) {  // --help or --version
     app.exit(answer);
     return kDone;

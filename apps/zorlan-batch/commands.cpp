@@ -18,6 +18,7 @@
 #include "model/deck.h"
 #include "model/input_list.h"
 #include "model/model_state.h"
+#include "output/csv_output.h"
 #include "program_folders.h"
 #include "shell/convert.h"
 #include "summary.h"
@@ -89,6 +90,16 @@ ExitCode InputList(const Request&) {
   return kDone;
 }
 
+ExitCode Csv(const Request& request) {
+  CleanResults(0);
+  CopyResults();
+  const CsvResult result =
+      WriteCsvFiles(request.csvFolder, request.csvName.empty() ? CsvBaseName() : request.csvName);
+  if (!result.written) return kFailed;
+  for (const std::string& path : result.paths) PrintError("  " + path);
+  return kDone;
+}
+
 ExitCode Convert(const Request& request) {
   if (!FolderExists(request.oldModel)) {
     Tell(request.oldModel + " ： フォルダがありません");
@@ -101,13 +112,14 @@ constexpr Command kCommands[] = {
     {"analyze", "静解析を行い、<model>.ANA と <model>.out を作成します", Analyze},
     {"check", "入力データのエラーチェックを行います", Check},
     {"input-list", "入力データリストを標準出力に書きます", InputList},
+    {"csv", "解析結果を３つのＣＳＶファイルに出力します", Csv, Command::Words::DecksAndCsv},
     {"convert", "旧版（Ver1）のモデルのフォルダを入力データファイルに変換します", Convert,
-     Command::Deck::IsWritten},
+     Command::Words::OldModelAndDeck},
 };
 
 ExitCode RunOnDeck(const Request& request, const std::string& deck) {
   try {
-    if (request.command->deck == Command::Deck::IsRead && !FileExists(deck)) {
+    if (request.command->words != Command::Words::OldModelAndDeck && !FileExists(deck)) {
       Tell(deck + (FolderExists(deck) ? " ： フォルダです" : " ： 入力データファイルがありません"));
       return kUsage;
     }

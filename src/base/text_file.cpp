@@ -90,6 +90,9 @@ class FileWriter::Output {
   void TakePlace(bool flush) {
     if (flush && ::fsync(file_) != 0 && errno != EINVAL) Fail(path_, errno);
     if (::close(std::exchange(file_, -1)) != 0) Fail(path_, errno);
+    // A rename over a file makes ext4 write the data out at once, which takes milliseconds: what isn't
+    // flushed takes a place that is free.
+    if (!continued_ && !flush) ::unlink(path_.c_str());
     if (!continued_ && ::rename(name_.c_str(), path_.c_str()) != 0) Fail(path_, errno);
     kept_ = true;
   }
@@ -131,18 +134,9 @@ bool FolderExists(std::string_view path) {
 }
 
 void ShareFileOver(const std::string& from, const std::string& to) {
-  const std::string beside = NeighbourName(to);
-  ::unlink(beside.c_str());
-  if (::link(from.c_str(), beside.c_str()) != 0) {  // another file system, or one without links
-    CopyFileOver(from, to);
-    return;
-  }
-  if (::rename(beside.c_str(), to.c_str()) != 0) {
-    const int error = errno;
-    ::unlink(beside.c_str());
-    Fail(to, error);
-  }
-  ::unlink(beside.c_str());  // a rename between two names of one file leaves both
+  ::unlink(to.c_str());
+  if (::link(from.c_str(), to.c_str()) != 0)
+    CopyFileOver(from, to);  // another file system, or one without links
 }
 
 FileReader::FileReader(const std::string& path) : path_(path) {

@@ -13,7 +13,7 @@ using testing::IsEmpty;
 using testing::Not;
 
 const char* const kDeckCommands[] = {"analyze", "check", "input-list"};  // that read decks
-const char* const kCommands[] = {"analyze", "check", "input-list", "convert"};
+const char* const kCommands[] = {"analyze", "check", "input-list", "csv", "convert"};
 
 TEST(BatchCommandLine, HelpAnswersAtEachLevel) {
   const BatchProgram program;
@@ -48,6 +48,8 @@ TEST(BatchCommandLine, BadUsageIsTwoAndSaysWhatIsWrong) {
       {{"solve", "model.inp"}, "「solve」"},
       {{"check"}, "入力データファイル（.inp）を指定してください"},
       {{"check", "model.inp", "--fast"}, "「--fast」"},
+      {{"csv", "model.inp"}, "出力先フォルダを指定してください"},
+      {{"csv", "model.inp", "model.inp", "--folder", ".", "--name", "a"}, "（--name）"},
       {{"convert"}, "旧版のモデルのフォルダと入力データファイル（.inp）を指定してください"},
       {{"convert", "old"}, "旧版のモデルのフォルダと入力データファイル（.inp）を指定してください"},
       {{"convert", "old", "a.inp", "b.inp"}, "「b.inp」"},
@@ -136,6 +138,40 @@ TEST(BatchInputList, PrintsTheListOfEachDeckAndLeavesTheProjectAsItWas) {
   EXPECT_THAT(result.out, AllOf(HasSubstr("片持梁"), HasSubstr("NODAL POINT LOADS"), Not(HasSubstr("\r"))));
   EXPECT_THAT(BatchProgram::Names(program.Folder()), testing::ElementsAre("model.inp"));
   EXPECT_THAT(BatchProgram::Names(program.Temporary()), IsEmpty());
+}
+
+TEST(BatchCsv, WritesThreeFilesOfTheStoredResultsAndSaysWhere) {
+  const BatchProgram program;
+  program.Deck("model.inp", CantileverDeck());
+  MakeFolder(program.Folder() + "表");
+  ASSERT_EQ(program.Run({"analyze", "model.inp"}).exitCode, 0);
+  const BatchResult result = program.Run({"csv", "model.inp", "--folder", "表"});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(result.out, IsEmpty());
+  EXPECT_THAT(result.err, AllOf(HasSubstr("CSVファイルを作成しました"), HasSubstr("表/model_D.CSV")));
+  EXPECT_EQ(program.Run({"csv", "model.inp", "--folder", "表/", "--name", "応力"}).exitCode, 0);
+  EXPECT_THAT(BatchProgram::Names(program.Folder() + "表"),
+              testing::ElementsAre("model_D.CSV", "model_R.CSV", "model_S.CSV", "応力_D.CSV", "応力_R.CSV",
+                                   "応力_S.CSV"));
+  EXPECT_EQ(program.Bytes("表/model_R.CSV"), program.Bytes("表/応力_R.CSV"));
+}
+
+TEST(BatchCsv, WithoutResultsItFails) {
+  const BatchProgram program;
+  program.Deck("model.inp", CantileverDeck());
+  const BatchResult result = program.Run({"csv", "model.inp", "--folder", "."});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.err, HasSubstr("FT021"));
+}
+
+// Each deck's results are its own: what a former deck of the command left doesn't serve the next.
+TEST(BatchCsv, NeverTakesTheResultsOfTheDeckBefore) {
+  const BatchProgram program;
+  program.Deck("first.inp", CantileverDeck());
+  program.Deck("second.inp", CantileverDeck());
+  ASSERT_EQ(program.Run({"analyze", "first.inp"}).exitCode, 0);
+  EXPECT_EQ(program.Run({"csv", "first.inp", "second.inp", "--folder", "."}).exitCode, 1);
+  EXPECT_FALSE(program.Exists("second_D.CSV"));
 }
 
 TEST(BatchConvert, MakesADeckOfAnOldModel) {
