@@ -152,8 +152,8 @@ const std::string& MainCaption() {
 }
 
 void SetCaption() {
-  const std::string name = ModelFile.empty() ? "NewData" : ProjectName + ModelFile;
-  Caption = std::string(kCaptionTitle) + "     << " + name + " >>";
+  const std::string name = ModelFile.empty() ? "<< NewData >>" : "<< " + ProjectName + ModelFile + " >>";
+  Caption = std::string(kCaptionTitle) + "     " + name;
 }
 
 bool IsTableForm(std::string_view form) {
@@ -199,7 +199,10 @@ void OpenModel() {
     if (CloseModel() == kFormRefused) return;
     StartAfresh();
     ProjectDialog dialog;
-    if (ShowProjectDialog(DialogMode::Open, dialog)) ShowTakenModel();
+    if (ShowProjectDialog(DialogMode::Open, dialog))
+      ShowTakenModel();
+    else
+      SetCaption();
   });
 }
 
@@ -254,7 +257,7 @@ void SaveModelAs() {
       return;
     }
     ProjectDialog dialog;
-    ShowProjectDialog(DialogMode::SaveAs, dialog);
+    if (!ShowProjectDialog(DialogMode::SaveAs, dialog)) SetCaption();  // the model has no name then
   });
 }
 
