@@ -1,0 +1,46 @@
+// The sample models of the external road against the hand checks of docs/verification.md. kN, m.
+#include <gtest/gtest.h>
+
+#include "support/analysis_folder.h"
+
+namespace zorlan::test {
+namespace {
+
+constexpr double kKNPerT = 9.80665;
+
+class ExternalSample : public AnalysisTest {
+ protected:
+  bool AnalyseSample(const std::string& name) {
+    ReplaceBytes(DeckPath(), ReadBytes(ZORLAN_SOURCE_DIR "/data/DATA/例題－１.zor/" + name));
+    return AnalyseFile();
+  }
+};
+
+TEST_F(ExternalSample, AWalkwayOnASlopeFollowsTheForceMethod) {
+  ASSERT_TRUE(AnalyseSample("斜面に載る渡り廊下.inp")) << testing::PrintToString(Told());
+  EXPECT_NEAR(kKNPerT * R(3, 0, 1), -20.841082, 1e-6);
+  EXPECT_NEAR(kKNPerT * R(3, 1, 1), 36.097812, 1e-6);
+  EXPECT_NEAR(kKNPerT * F(1, 3, 1), 95.217504, 1e-6);
+  EXPECT_NEAR(kKNPerT * R(3, 0, 2), -0.268303, 1e-6);
+  EXPECT_NEAR(kKNPerT * R(3, 1, 2), 0.464714, 1e-6);
+  EXPECT_NEAR(kKNPerT * F(1, 3, 2), -3.717714, 1e-6);
+  EXPECT_NEAR(U(3, 0, 2), 2.878744e-3, 1e-9);
+  EXPECT_NEAR(U(3, 1, 2), 1.662044e-3, 1e-9);
+}
+
+TEST_F(ExternalSample, ASinkingSupportFollowsTheThreeMomentEquation) {
+  ASSERT_TRUE(AnalyseSample("支点が沈下する連続梁.inp")) << testing::PrintToString(Told());
+  // M2, M3, the four reactions, the middles of the first two spans
+  const double expected[2][8] = {
+      {-164.3478, -164.3478, 59.4565, 200.5435, 200.5435, 59.4565, 77.8261, 85.6522},
+      {-0.7304, -269.5304, 79.9087, 153.2113, 240.5713, 46.3087, 159.6348, 114.8696}};
+  for (const int c : {1, 2}) {
+    const double actual[] = {F(1, 6, c), F(2, 6, c), R(1, 1, c), R(2, 1, c),
+                             R(3, 1, c), R(4, 1, c), F(1, 7, c), F(2, 7, c)};
+    for (std::size_t k = 0; k < 8; ++k)
+      EXPECT_NEAR(kKNPerT * actual[k], expected[c - 1][k], 6e-5) << "case " << c << " quantity " << k;
+  }
+}
+
+}  // namespace
+}  // namespace zorlan::test
