@@ -19,33 +19,8 @@ namespace {
 
 constexpr std::size_t kDrainAt = std::size_t{1} << 18;  // bytes gathered before a write
 
-std::string ReasonOf(int error) {
-  switch (error) {
-    case ENOENT:
-      return "ファイルまたはフォルダがありません";
-    case EACCES:
-    case EPERM:
-      return "アクセスが許可されていません";
-    case EROFS:
-      return "書き込み禁止の場所です";
-    case ENOSPC:
-    case EDQUOT:
-      return "ディスクの空き容量が不足しています";
-    case EFBIG:
-      return "ファイルの大きさが制限を超えています";
-    case EISDIR:
-      return "フォルダです";
-    case ENOTDIR:
-      return "フォルダではありません";
-    case ENAMETOOLONG:
-      return "名前が長すぎます";
-    default:
-      return std::strerror(error);
-  }
-}
-
 [[noreturn]] void Fail(const std::string& path, int error) {
-  throw FileFault(path, ReasonOf(error));
+  throw FileFault(path, FileReason(error));
 }
 
 /// The name beside a file under which it is written anew: each process has its own.
@@ -106,6 +81,31 @@ class FileWriter::Output {
 };
 
 FileFault::FileFault(const std::string& path, const std::string& reason) : Fault(path + " ： " + reason) {}
+
+std::string FileReason(int error) {
+  switch (error) {
+    case ENOENT:
+      return "ファイルまたはフォルダがありません";
+    case EACCES:
+    case EPERM:
+      return "アクセスが許可されていません";
+    case EROFS:
+      return "書き込み禁止の場所です";
+    case ENOSPC:
+    case EDQUOT:
+      return "ディスクの空き容量が不足しています";
+    case EFBIG:
+      return "ファイルの大きさが制限を超えています";
+    case EISDIR:
+      return "フォルダです";
+    case ENOTDIR:
+      return "フォルダではありません";
+    case ENAMETOOLONG:
+      return "名前が長すぎます";
+    default:
+      return std::strerror(error);
+  }
+}
 
 fs::path NativePath(std::string_view path) {
   return fs::path(std::u8string(path.begin(), path.end()));

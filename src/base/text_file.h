@@ -20,6 +20,9 @@ std::string FolderText(std::string_view folder);
 bool FileExists(std::string_view path);
 bool FolderExists(std::string_view path);
 
+/// The system's error number in the user's words.
+std::string FileReason(int error);
+
 /// The bytes of a file; the text of one in code page 932.
 std::string ReadBytes(const std::string& path);
 std::string ReadTextFile(const std::string& path);
