@@ -1,6 +1,7 @@
 // The sample models of the external road against the hand checks of docs/verification.md. kN, m.
 #include <gtest/gtest.h>
 
+#include "sections/steel_tables.h"
 #include "support/analysis_folder.h"
 
 namespace zorlan::test {
@@ -10,6 +11,14 @@ constexpr double kKNPerT = 9.80665;
 
 class ExternalSample : public AnalysisTest {
  protected:
+  ExternalSample() {
+    SteelTableFolder = ZORLAN_SOURCE_DIR "/data/鋼材TABLE/";
+    LoadSectionTables();
+  }
+  ~ExternalSample() override {
+    SteelTableFolder.clear();
+    LoadSectionTables();
+  }
   bool AnalyseSample(const std::string& name) {
     ReplaceBytes(DeckPath(), ReadBytes(ZORLAN_SOURCE_DIR "/data/DATA/例題－１.zor/" + name));
     return AnalyseFile();
