@@ -85,6 +85,19 @@ TEST_F(StaticAnalysis, OrdersItsNumbersByCaseRowAndPlace) {
   EXPECT_NEAR(R(1, 0, 2), -10, 1e-12);
 }
 
+TEST_F(StaticAnalysis, BeginsWithWhatTheModelsFolderKeeps) {
+  MakeFolder(ResultFolder());
+  Write(ResultFolder() + "DSNW", "kept\n");
+  Write(ResultFolder() + "DSNS", "stale\n");
+  Write(AnalysisPath + "FT008", "of another model\n");
+  ASSERT_TRUE(AnalyseModel(Bar().model));
+  EXPECT_FALSE(FileExists(AnalysisPath + "FT008"));
+  EXPECT_FALSE(FileExists(AnalysisPath + "DSNS"));
+  EXPECT_FALSE(FileExists(ResultFolder() + "DSNS"));
+  EXPECT_EQ(Read(AnalysisPath + "DSNW"), "kept\n");
+  EXPECT_EQ(Read(ResultFolder() + "DSNW"), "kept\n");
+}
+
 TEST_F(StaticAnalysis, GivesTheSameBytesAgain) {
   ASSERT_TRUE(AnalyseModel(RandomModel({kPlaneFrame, 6, 6, 5}).Model()));
   std::vector<std::string> first;
@@ -134,6 +147,13 @@ std::vector<FailureCase> FailureCases() {
   ModelBuilder huge = Chain(5);
   huge.NodalLoad(3, 1e308, 0, 0);
   huge.NodalLoad(3, 1e308, 0, 0);
+  ModelBuilder stiff = Chain(5);  // only a held equation's own stiffness is beyond the range
+  stiff.model.Sect[1].E = 1e300;
+  stiff.model.Sect[1].P1 = 1e10;
+  ModelBuilder opposed = Bar();  // the moments' difference is beyond the range, they are not
+  opposed.model.Node[1].code = opposed.model.Node[2].code = kClamped;
+  opposed.model.Elem[1].II = opposed.model.Elem[1].JJ = 0;
+  opposed.CmqLoad(1, 1.7e308, 0, -1.7e308, 0, 0);
   return {
       {"one node", DeckText(single.model), {"解析失敗:  節点データは、少なくとも２点以上入力してください"}},
       {"no element", DeckText(bare.model), {"解析失敗:  要素データの入力がありません"}},
@@ -152,7 +172,13 @@ std::vector<FailureCase> FailureCases() {
       {"a fault of a stage, many nodes",
        DeckText(unknownBelow.model),
        {"解析失敗: 要素番号 30 ： 断面番号 9 が存在しません エラー発生（IN DMATRIX）"}},
-      {"overflow",
+      {"overflow of a stiffness",
+       DeckText(stiff.model),
+       {"解析失敗: 計算中に数値の範囲を超えました エラー発生（IN DSOLVE_1）"}},
+      {"overflow of a force",
+       DeckText(opposed.model),
+       {"解析失敗: 計算中に数値の範囲を超えました エラー発生（IN DSTRESS2）"}},
+      {"overflow of a load",
        DeckText(huge.model),
        {"解析失敗: 計算中に数値の範囲を超えました エラー発生（IN DSOLVE_1）"}},
       {"no such kind",
