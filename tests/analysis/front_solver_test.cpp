@@ -162,10 +162,11 @@ std::vector<ModelRec> AllKindsOfModels() {
   ModelBuilder cancelling;
   cancelling.Section(150, 1, 1);
   cancelling.Section(-200, 1, 1);
-  for (const double x : {8.0, 4.0, 0.0}) cancelling.Node(x, 0, x == 0 ? kClamped : kLoose);
+  for (const double x : {12.0, 8.0, 4.0, 0.0}) cancelling.Node(x, 0, x == 0 ? kClamped : kLoose);
   cancelling.Element(2, 1, 1);
   cancelling.Element(2, 1, 2, 0, 1);
   cancelling.Element(2, 3, 1);
+  cancelling.Element(4, 3, 1);
   cancelling.NodalLoad(1, 1, -1, 0.5);
   cancelling.NodalLoad(2, 1, 2, 0.25);
   models.push_back(cancelling.model);
