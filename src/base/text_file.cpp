@@ -19,33 +19,8 @@ namespace {
 
 constexpr std::size_t kDrainAt = std::size_t{1} << 18;  // bytes gathered before a write
 
-std::string ReasonOf(int error) {
-  switch (error) {
-    case ENOENT:
-      return "ファイルまたはフォルダがありません";
-    case EACCES:
-    case EPERM:
-      return "アクセスが許可されていません";
-    case EROFS:
-      return "書き込み禁止の場所です";
-    case ENOSPC:
-    case EDQUOT:
-      return "ディスクの空き容量が不足しています";
-    case EFBIG:
-      return "ファイルの大きさが制限を超えています";
-    case EISDIR:
-      return "フォルダです";
-    case ENOTDIR:
-      return "フォルダではありません";
-    case ENAMETOOLONG:
-      return "名前が長すぎます";
-    default:
-      return std::strerror(error);
-  }
-}
-
 [[noreturn]] void Fail(const std::string& path, int error) {
-  throw FileFault(path, ReasonOf(error));
+  throw FileFault(path, FileReason(error));
 }
 
 /// The name beside a file under which it is written anew: each process has its own.
@@ -107,6 +82,31 @@ class FileWriter::Output {
 
 FileFault::FileFault(const std::string& path, const std::string& reason) : Fault(path + " ： " + reason) {}
 
+std::string FileReason(int error) {
+  switch (error) {
+    case ENOENT:
+      return "ファイルまたはフォルダがありません";
+    case EACCES:
+    case EPERM:
+      return "アクセスが許可されていません";
+    case EROFS:
+      return "書き込み禁止の場所です";
+    case ENOSPC:
+    case EDQUOT:
+      return "ディスクの空き容量が不足しています";
+    case EFBIG:
+      return "ファイルの大きさが制限を超えています";
+    case EISDIR:
+      return "フォルダです";
+    case ENOTDIR:
+      return "フォルダではありません";
+    case ENAMETOOLONG:
+      return "名前が長すぎます";
+    default:
+      return std::strerror(error);
+  }
+}
+
 fs::path NativePath(std::string_view path) {
   return fs::path(std::u8string(path.begin(), path.end()));
 }
@@ -151,11 +151,13 @@ FileReader::~FileReader() {
 }
 
 std::size_t FileReader::Read(char* room, std::size_t size) {
-  for (;;) {
+  while (!ended_) {
     const ssize_t got = ::read(file_, room, size);
+    ended_ = got == 0;
     if (got >= 0) return static_cast<std::size_t>(got);
     if (errno != EINTR) Fail(path_, errno);
   }
+  return 0;
 }
 
 std::string ReadBytes(const std::string& path) {

@@ -20,6 +20,9 @@ std::string FolderText(std::string_view folder);
 bool FileExists(std::string_view path);
 bool FolderExists(std::string_view path);
 
+/// The system's error number in the user's words.
+std::string FileReason(int error);
+
 /// The bytes of a file; the text of one in code page 932.
 std::string ReadBytes(const std::string& path);
 std::string ReadTextFile(const std::string& path);
@@ -72,6 +75,7 @@ class FileReader {
   std::string path_;
   int file_ = -1;
   std::size_t size_ = 0;
+  bool ended_ = false;  // nobody asks the system again
 };
 
 /// A large file written piece by piece. Anew, it takes its name only at Commit, and without it leaves nothing

@@ -1,0 +1,165 @@
+#include "shell/commands.h"
+
+#include <string>
+
+#include "analysis/static_analysis.h"
+#include "base/fault.h"
+#include "base/host.h"
+#include "base/number.h"
+#include "base/text.h"
+#include "base/text_file.h"
+#include "model/deck.h"
+#include "model/input_list.h"
+#include "model/model_state.h"
+#include "sections/steel_tables.h"
+#include "sections/timber_tables.h"
+#include "shell/command_guard.h"
+#include "shell/projects.h"
+#include "shell/settings.h"
+#include "shell/start_up.h"
+#include "shell/windows.h"
+
+namespace zorlan {
+namespace {
+
+constexpr std::string_view kApp = "ZOR", kSection = "PrnText", kKey = "PrintFlag";
+
+/// The deck of the check; the input list goes by the same name.
+std::string ScratchDeck() {
+  return WorkPath + "TmpFile.inp";
+}
+
+/// Whether a check has left no message: no file, or nothing in it.
+bool HasNoMessages(const std::string& path) {
+  return !FileExists(path) || ReadBytes(path).empty();
+}
+
+/// A design whose wizard isn't there yet.
+void Design(std::string_view name) {
+  RunCommand(name, [&] {
+    if (ResultsForDesign()) Tell(std::string(name) + "は、まだできません");
+  });
+}
+
+}  // namespace
+
+std::string PrintFile(int printFlag) {
+  switch (printFlag) {
+    case kPrintCheckRead:
+    case kPrintCheck:
+      return WorkPath + "InputErr.txt";
+    case kPrintInputList:
+      return ScratchDeck();
+    case kPrintListing:
+      return ListingPath();
+    case kPrintSteelDesign:
+      return ResultFolder() + "DSNS";
+    case kPrintConcreteDesign:
+      return ResultFolder() + "DSNRC";
+    case kPrintCombinations:
+      return WorkPath + "KUMI";
+    case kPrintTimberDesign:
+      return ResultFolder() + "DSNW";
+    default:
+      return WorkPath + "TmpFile";
+  }
+}
+
+void ShowText(int printFlag, bool preview, const std::string& path) {
+  try {
+    SavePrivateSetting(kApp, kSection, kKey, std::to_string(printFlag));
+  } catch (const Fault&) {
+    // The window is told the flag as well; a text isn't withheld for it.
+  }
+  TheWindows().showText(preview ? TextWindow::Preview : TextWindow::Reader, printFlag,
+                        path.empty() ? PrintFile(printFlag) : path);
+}
+
+int CurrentPrintFlag() {
+  return ReadInt16(GetPrivateSetting(kApp, kSection, kKey, "0")).value_or(kPrintCheck);
+}
+
+void ShowListing(const std::string& path) {
+  ShowText(kPrintListing, /*preview=*/false, path);
+}
+
+bool AnalyseModel() {
+  bool done = false;
+  RunCommand("AnalyseModel", [&] {
+    LoadSectionTables();
+    LoadTimberTables();
+    if (!CloseInputForms() || !SaveNamedModel(MainCaption())) return;
+    done = RunStaticAnalysis() != kFalse;
+    LookAtResults();
+    TheWindows().dropFigureData();
+    ForgetSectionTables();  // the designs read them anew
+    ForgetTimberTables();
+  });
+  return done;
+}
+
+void ShowAnalysisListing() {
+  RunCommand("ShowAnalysisListing", [] { ShowText(kPrintListing, /*preview=*/false); });
+}
+
+void PrintAnalysisListing() {
+  RunCommand("PrintAnalysisListing", [] { ShowText(kPrintListing, /*preview=*/true); });
+}
+
+void CheckInput() {
+  RunCommand("CheckInput", [] {
+    if (!CloseInputForms()) return;
+    SaveDeck(/*deleteTables=*/false, ScratchDeck());
+    ReadDeck(ScratchDeck(), /*checkMode=*/true);
+    if (HasNoMessages(PrintFile(kPrintCheck)))
+      TheHost().message("エラーはありませんでした。", "エラーチェック");
+    else
+      ShowText(kPrintCheckRead, /*preview=*/false);
+  });
+}
+
+void PrintInputList() {
+  RunCommand("PrintInputList", [] {
+    if (!CloseInputForms()) return;
+    MakeInputList();
+    ShowText(kPrintInputList, /*preview=*/true);
+  });
+}
+
+bool ResultsForDesign() {
+  if (FileExists(AnalysisPath + "FT031")) return true;
+  Tell("再計算を行ってから、断面算定を行ってください");
+  return false;
+}
+
+void DesignSteel() {
+  Design("Ｓ断面算定");
+}
+
+void DesignConcrete() {
+  Design("ＲＣ断面算定");
+}
+
+void DesignTimber() {
+  Design("木造断面算定");
+}
+
+void ShowManual(const std::string& install) {
+  RunCommand("ShowManual", [&] {
+    const std::string manual = ManualPath(install);
+    if (!TheWindows().hasPdfViewer())
+      Tell("Acrobat Reader がインストールされていないため、ヘルプを表示できません！！！");
+    else if (!FileExists(manual))
+      Tell(manual + " が見つかりません！！！");
+    else
+      TheWindows().openPdf(manual);
+  });
+}
+
+bool MayEnterForcedDisplacements() {
+  if (InpModel.ModelCode != kPlaneGrid) return true;
+  Tell("平面格子梁モデルの場合は、強制変位は入力できません");
+  return false;
+}
+
+}  // namespace zorlan

@@ -1,0 +1,56 @@
+// The commands of the main window beside those of the File menu on models: analysis, check, lists, design,
+// help. They speak to the user through host.h and windows.h and never throw.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zorlan {
+
+/// What PrintFlag says is to be shown. Both values of the check are in use.
+enum PrintFlag : int {
+  kPrintCheckRead = -1,
+  kPrintCheck = 0,
+  kPrintInputList = 1,
+  kPrintListing = 2,
+  kPrintSteelDesign = 3,
+  kPrintConcreteDesign = 4,
+  kPrintCombinations = 5,
+  kPrintTimberDesign = 6,
+  kPrintOther = 7,
+};
+
+/// The file of a PrintFlag for the model in hand.
+std::string PrintFile(int printFlag);
+
+/// Keeps the flag under ("ZOR", "PrnText", "PrintFlag") and shows its file. `path` empty: PrintFile(flag).
+void ShowText(int printFlag, bool preview, const std::string& path = {});
+/// The flag as it was kept.
+int CurrentPrintFlag();
+
+/// "静解析": closes the table forms, saves the model without asking, analyses, and follows the result files.
+/// True if it finished.
+bool AnalyseModel();
+
+void ShowAnalysisListing();   // "解析結果のリスト確認"
+void PrintAnalysisListing();  // "解析結果のリスト印刷"
+
+void CheckInput();      // "ﾃﾞｰﾀﾁｪｯｸ"
+void PrintInputList();  // "入力ﾓﾃﾞﾙの印刷"
+
+/// The guard in front of a design: false, and told, without results.
+bool ResultsForDesign();
+void DesignSteel();
+void DesignConcrete();
+void DesignTimber();
+
+/// Opens the manual of the install folder in the system's viewer.
+void ShowManual(const std::string& install);
+
+/// Whether the forced displacements can be entered; with the plane grid the user is told that they can't.
+bool MayEnterForcedDisplacements();
+
+/// The host's showListing: the analysis listing in the reader.
+void ShowListing(const std::string& path);
+
+}  // namespace zorlan

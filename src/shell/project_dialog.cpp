@@ -1,0 +1,387 @@
+#include "shell/project_dialog.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <ctime>
+#include <exception>
+#include <optional>
+#include <tuple>
+#include <utility>
+
+#include "base/cp932.h"
+#include "base/fault.h"
+#include "base/host.h"
+#include "base/text.h"
+#include "base/text_file.h"
+#include "model/deck.h"
+#include "model/model_state.h"
+#include "shell/folder_tree.h"
+#include "shell/folders.h"
+#include "shell/settings.h"
+#include "shell/windows.h"
+
+namespace zorlan {
+namespace {
+
+constexpr std::string_view kProjectEnding = ".zor", kModelEnding = ".inp", kTestEnding = ".tmp";
+constexpr std::string_view kNoModel = "モデル名は省略できません！！！";
+constexpr std::string_view kBadModel = "モデル名に使用できない文字が含まれています！！！";
+
+const DialogModeRow& RowOf(DialogMode mode) {
+  return *std::find_if(kDialogModes.begin(), kDialogModes.end(),
+                       [&](const DialogModeRow& row) { return row.mode == mode; });
+}
+
+/// Takes the mode's character off the end of ModelFile.
+DialogMode TakeMode() {
+  const char last = ModelFile.empty() ? '\0' : ModelFile.back();
+  for (const DialogModeRow& row : kDialogModes) {
+    if (row.character == '\0' || row.character != last) continue;
+    ModelFile.pop_back();
+    return row.mode;
+  }
+  return DialogMode::Open;
+}
+
+bool Consents(const std::string& question, Buttons buttons) {
+  const Answer answer = TheHost().question(question, kApplicationTitle, buttons);
+  return answer == Answer::Yes || answer == Answer::Ok;
+}
+
+/// The name's place in the folder as it stands there, else as it would be made.
+std::string NameIn(const std::string& folder, const std::string& name) {
+  return FindName(folder, name).value_or(name);
+}
+
+/// Whether the folder takes a file of this name and gives it back. What keeps every file out of the folder is
+/// a FileFault.
+bool FolderTakes(const std::string& folder, const std::string& name) {
+  if (FindName(folder, name)) return true;  // somebody's file: proof enough, and not ours to touch
+  bool taken = false;
+  try {
+    ReplaceBytes(folder + name, {}, Flush::No);
+    const std::optional<std::string> back = FindName(folder, name);
+    taken = back && UpperCase(*back) == UpperCase(name);
+  } catch (const FileFault&) {
+    const std::string plain = folder + ".~zorlan" + std::string(kTestEnding);
+    ReplaceBytes(plain, {}, Flush::No);
+    RemoveFile(plain);
+    return false;
+  }
+  RemoveFile(folder + name);
+  return taken;
+}
+
+/// The folder of the box "データパス"; one left empty is the one in force.
+std::string DataPathOf(const ProjectDialog& dialog) {
+  const std::string_view path = NoSpc(dialog.dataPath);
+  return path.empty() ? DataPath : FolderText(path);
+}
+
+/// The three parts that the boxes name; nothing if they name none, which the user was told.
+std::optional<ModelPlace> CheckNames(const ProjectDialog& dialog) {
+  const std::string project = ProjectBoxText(dialog.project), model = ModelBoxText(dialog.model);
+  if (project.empty() || model.empty()) {
+    Tell(project.empty() ? kNoProjectName : kNoModel);
+    return std::nullopt;
+  }
+  if (!IsUsableName(project)) {
+    Tell(kBadProjectName);
+    return std::nullopt;
+  }
+  ModelPlace place;
+  place.dataPath = DataPathOf(dialog);
+  place.project = FolderText(NameIn(place.dataPath, project + std::string(kProjectEnding)));
+  const std::string folder = place.dataPath + place.project;
+  if (!FolderExists(folder)) {
+    const std::string name = place.dataPath + project + std::string(kProjectEnding);
+    if (!Consents("フォルダ" + name + " を新規作成してよいですか", Buttons::OkCancel)) return std::nullopt;
+    MakeFolder(folder);
+  }
+  place.model = NameIn(folder, model + std::string(kModelEnding));
+  // A deck that is there has a name that can be.
+  const bool there = FileExists(place.Deck());
+  if (!there && (!IsUsableName(model) || !FolderTakes(folder, model + std::string(kTestEnding)))) {
+    Tell(kBadModel);
+    return std::nullopt;
+  }
+  return place;
+}
+
+/// Whether the file can be opened and read.
+bool CanRead(const std::string& path) {
+  if (!FileExists(path)) return false;
+  try {
+    ReadBytes(path);
+    return true;
+  } catch (const Fault&) {
+    return false;
+  }
+}
+
+/// Whether two paths are one file or folder, by whatever names.
+bool IsSame(const std::string& a, const std::string& b) {
+  return LiesIn(a, b) && LiesIn(b, a);
+}
+
+/// Gives the deck at `place` the stored results of the model in hand, and no others.
+void CopyStoredResults(const ModelPlace& from, const ModelPlace& to) {
+  const auto base = [](const ModelPlace& place) {
+    return place.dataPath + place.project + ModelBaseName(place.model);
+  };
+  const std::string oldBase = base(from), newBase = base(to);
+  if (from.model.empty() || IsSame(oldBase + ".ANA", newBase + ".ANA")) return;
+  if (FileExists(oldBase + ".out"))
+    CopyFileOver(oldBase + ".out", newBase + ".out");
+  else
+    RemoveFile(newBase + ".out");  // of the model that was there before
+  DeleteTree(newBase + ".ANA", /*removeTop=*/true);
+  if (!FolderExists(oldBase + ".ANA")) return;
+  DeleteTree(UnfinishedFolder(newBase + ".ANA"), /*removeTop=*/true);
+  CopyFilesOf(oldBase + ".ANA", UnfinishedFolder(newBase + ".ANA"));
+  FinishFolder(newBase + ".ANA");
+}
+
+/// A model that comes to this name without results has none stored under it either.
+void RemoveStoredResults(const ModelPlace& place) {
+  const std::string base = place.dataPath + place.project + ModelBaseName(place.model);
+  RemoveFile(base + ".out");
+  DeleteTree(base + ".ANA", /*removeTop=*/true);
+}
+
+bool MayOverwrite(const ModelPlace& place) {
+  return !FileExists(place.Deck()) ||
+         Consents("既存モデル '" + place.project + place.model + "' に上書きしてよろしいですか？",
+                  Buttons::YesNo);
+}
+
+bool SaveUnder(const ModelPlace& place, DialogMode mode) {
+  if (!MayOverwrite(place)) return false;
+  const ModelPlace before = PlaceInHand();
+  SaveDeck(/*deleteTables=*/false, place.Deck());
+  ModelChanged = false;
+  try {
+    if (mode == DialogMode::SaveAs)
+      CopyStoredResults(before, place);
+    else if (!FileExists(AnalysisPath + "FT031"))
+      RemoveStoredResults(place);
+  } catch (const Fault& fault) {
+    ReportError("CopyResults", fault.what());  // the model itself is saved
+  }
+  NameModel(place);
+  LookAtResults();
+  return true;
+}
+
+bool DeleteChosen(const ModelPlace& place) {
+  if (!FileExists(place.Deck())) {
+    Tell(place.Deck() + " が見つかりません！！！");
+    return false;
+  }
+  if (!Consents("モデル" + place.Deck() + "を削除してよろしいですか？", Buttons::YesNo)) return false;
+  const bool inHand = HoldsModelInHand(place.Deck());
+  RemoveFile(place.Deck());
+  RemoveStoredResults(place);
+  if (inHand) ForgetModel();
+  return true;
+}
+
+bool OpenChosen(const ModelPlace& place) {
+  if (!CanRead(place.Deck())) {
+    TellCannotOpen();
+    return false;
+  }
+  TakeModel(place);
+  return true;
+}
+
+/// The old model's folder; its names are whatever the older release let them be.
+bool AcceptOldModel(ProjectDialog& dialog) {
+  const ModelPlace place = {DataPathOf(dialog), FolderText(NoSpc(dialog.project)),
+                            FolderText(NoSpc(dialog.model))};
+  if (place.model.empty()) {
+    Tell(kNoModel);
+    return false;
+  }
+  if (!FolderExists(place.Deck())) {
+    TellCannotOpen();
+    return false;
+  }
+  SaveVer1Path(place.dataPath, place.project, place.model);
+  dialog.chosen = place;
+  return true;
+}
+
+bool Accept(ProjectDialog& dialog) {
+  if (dialog.mode == DialogMode::ConversionSource) return AcceptOldModel(dialog);
+  const std::optional<ModelPlace> place = CheckNames(dialog);
+  if (!place) return false;
+  dialog.chosen = *place;
+  switch (dialog.mode) {
+    case DialogMode::Open:
+      return OpenChosen(*place);
+    case DialogMode::Delete:
+      return DeleteChosen(*place);
+    case DialogMode::CopySource:
+      if (!CanRead(place->Deck())) TellCannotOpen();
+      return CanRead(place->Deck());
+    case DialogMode::ConversionTarget:
+      return MayOverwrite(*place);  // the conversion itself writes the deck
+    default:
+      return SaveUnder(*place, dialog.mode);
+  }
+}
+
+/// What ReadDeck changes of the model in hand; put back at the end.
+class KeptModel {
+ public:
+  KeptModel()
+      : raw_(std::move(RawModel)),
+        inp_(std::move(InpModel)),
+        calc_(std::move(CalcModel)),
+        units_(GravityFactor, InUnit, OutUnit, ForceUnit) {
+    RawModel = InpModel = CalcModel = ModelRec();
+  }
+  ~KeptModel() {
+    RawModel = std::move(raw_);
+    InpModel = std::move(inp_);
+    CalcModel = std::move(calc_);
+    std::tie(GravityFactor, InUnit, OutUnit, ForceUnit) = units_;
+  }
+  KeptModel(const KeptModel&) = delete;
+  KeptModel& operator=(const KeptModel&) = delete;
+
+ private:
+  ModelRec raw_, inp_, calc_;
+  std::tuple<double, std::int16_t, std::int16_t, std::int16_t> units_;
+};
+
+/// The date of a file's last change, "yyyy/mm/dd"; nothing if it can't be had.
+std::optional<std::string> FileDate(const std::string& path) {
+  struct stat state {};
+  std::tm day{};
+  if (::stat(path.c_str(), &state) != 0 || !S_ISREG(state.st_mode)) return std::nullopt;
+  if (::localtime_r(&state.st_mtime, &day) == nullptr) return std::nullopt;
+  std::array<char, 32> text{};
+  const std::size_t length = std::strftime(text.data(), text.size(), "%Y/%m/%d", &day);
+  return std::string(text.data(), length);
+}
+
+/// A count as the panel shows it: 0 is nothing.
+std::string Count(int count) {
+  return count == 0 ? std::string() : std::to_string(count);
+}
+
+void AddModelLines(const ModelRec& model, std::vector<std::string>& lines) {
+  const int code = model.ModelCode;
+  const bool plane = code == kPlaneFrame || code == kSameDisplacementFrame;
+  lines.emplace_back(plane ? "平面解析" : code == kPlaneGrid ? "平面格子解析" : "");
+  lines.push_back(std::string("同一変形") + (code == kPlaneFrame              ? "なし"
+                                             : code == kSameDisplacementFrame ? "あり"
+                                                                              : ""));
+  const std::pair<std::string_view, int> counts[] = {
+      {"節点     : ", model.NodeCount}, {"要素     : ", model.ElemCount},
+      {"断面     : ", model.SectCount}, {"荷重ｹｰｽ  : ", model.MaxLoadCase},
+      {"剛域指定 : ", model.RigdCount}, {"節点ばね : ", model.SprgCount},
+      {"同一変形 : ", model.DispCount}, {"フレーム倍率 : ", model.AlfaCount},
+  };
+  for (const auto& [words, count] : counts) lines.push_back(std::string(words) + Count(count));
+}
+
+}  // namespace
+
+void TellCannotOpen() {
+  TheHost().message(
+      "データを開くことが出来ませんでした\nデータのパス名が正しく設定されているか確認してください",
+      "データを開く");
+}
+
+bool IsUsableName(std::string_view name) {
+  constexpr std::string_view kRefused = "/\\:*?\"<>|";  // by one file system or another
+  constexpr std::size_t kLongest = 240;                 // bytes, with room for the endings
+  const bool control = std::any_of(name.begin(), name.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7F; });
+  return !control && !name.empty() && name.size() <= kLongest &&
+         name.find_first_of(kRefused) == std::string_view::npos && !name.starts_with('.') &&
+         !name.ends_with('.') && Cp932FromUtf8(name).lost.empty() && ModelBaseName(name) == name;
+}
+
+ProjectDialog StartProjectDialog() {
+  ProjectDialog dialog;
+  dialog.mode = TakeMode();
+  dialog.heading = RowOf(dialog.mode).heading;
+  if (dialog.heading.empty()) dialog.heading = "〔" + ProjectName + ModelFile + "〕";
+  if (dialog.mode == DialogMode::ConversionSource) {
+    std::string project, model;
+    LoadVer1Path(dialog.dataPath, project, model);
+    dialog.project = WithoutSeparator(project);
+    dialog.model = WithoutSeparator(model);
+  } else {
+    dialog.dataPath = DataPath;
+    dialog.project = ProjectBoxText(ProjectName);
+    dialog.model = ModelBoxText(ModelFile);
+  }
+  return dialog;
+}
+
+bool AcceptProjectDialog(ProjectDialog& dialog) {
+  try {
+    dialog.accepted = Accept(dialog);
+  } catch (const std::exception& fault) {
+    dialog.accepted = false;
+    ReportError("ProjectDialog", fault.what());
+  }
+  return dialog.accepted;
+}
+
+bool ShowProjectDialog(DialogMode mode, ProjectDialog& dialog) {
+  if (mode == DialogMode::SaveNew || mode == DialogMode::ConversionSource) ModelFile.clear();
+  if (RowOf(mode).character != '\0') ModelFile += RowOf(mode).character;
+  dialog = StartProjectDialog();
+  TheWindows().projectDialog(dialog);
+  ModelFile = dialog.accepted ? std::string(NoSpc(ModelFile)) : std::string();
+  return dialog.accepted;
+}
+
+std::string ProjectBoxText(std::string_view folderName) {
+  const std::string whole = WithoutSeparator(NoSpc(folderName));
+  std::string_view name = whole;
+  if (IsProjectName(name)) name.remove_suffix(kProjectEnding.size());
+  return std::string(NoSpc(name));
+}
+
+std::string ModelBoxText(std::string_view fileName) {
+  const std::string_view name = NoSpc(fileName);
+  const std::string base = ModelBaseName(name);
+  const std::string_view ending = name.substr(base.size());
+  // A name with ".inp" inside it is another name.
+  return Narrowed(ending).size() == kModelEnding.size() ? std::string(NoSpc(base)) : std::string(name);
+}
+
+ModelInformation InformationOf(const std::string& deckPath) {
+  ModelInformation information;
+  const std::optional<std::string> date = FileDate(deckPath);
+  if (!date) return information;
+  information.lines = {LastName(deckPath), *date};
+  const KeptModel kept;
+  try {
+    ReadDeck(deckPath, /*checkMode=*/false);
+    information.model = std::move(InpModel);
+    AddModelLines(information.model, information.lines);
+  } catch (const std::exception& fault) {
+    information.lines.emplace_back(fault.what());
+  }
+  return information;
+}
+
+ModelInformation InformationOf(const ProjectDialog& dialog) {
+  if (dialog.mode == DialogMode::ConversionSource) return {};
+  const std::string dataPath = DataPathOf(dialog);
+  const std::string project = ProjectBoxText(dialog.project) + std::string(kProjectEnding);
+  const std::string folder = dataPath + FolderText(NameIn(dataPath, project));
+  return InformationOf(folder + NameIn(folder, ModelBoxText(dialog.model) + std::string(kModelEnding)));
+}
+
+}  // namespace zorlan
