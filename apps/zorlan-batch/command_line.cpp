@@ -31,10 +31,22 @@ std::string Complaint(const CLI::App& app, const CLI::ParseError& error) {
   const std::vector<std::string> remaining = app.remaining(/*recurse=*/true);
   if (!remaining.empty()) return "引数 「" + remaining.front() + "」 は使えません";
   if (app.get_subcommands().empty()) return "コマンドを指定してください";
-  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr)
-    return "入力データファイル（.inp）を指定してください";
+  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+    const bool convert = app.get_subcommands().front()->get_option_no_throw("FOLDER") != nullptr;
+    return convert ? "旧版のモデルのフォルダと入力データファイル（.inp）を指定してください"
+                   : "入力データファイル（.inp）を指定してください";
+  }
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) return "オプションの値がありません";
   return std::string("引数が正しくありません ： ") + error.what();
+}
+
+/// What keeps a well-formed command from being carried out; empty: nothing.
+std::string_view Refusal(const Request& request) {
+  if (request.command->words != Command::Words::DecksAndCsv) return {};
+  if (request.csvFolder.empty()) return "出力先フォルダを指定してください";
+  if (!request.csvName.empty() && request.decks.size() > 1)
+    return "ファイル名（--name）は、入力データファイルが一つの時だけ指定できます";
+  return {};
 }
 
 }  // namespace
@@ -59,14 +71,35 @@ std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
     level->fallthrough();
     addCommon(*level);
     level->callback([&request, &command] { request.command = &command; });
-    level->add_option("DECK", request.decks, "入力データファイル <model>.inp（いくつでも）")
-        ->required()
-        ->type_name("");
+    if (command.words == Command::Words::OldModelAndDeck) {
+      level->add_option("FOLDER", request.oldModel, "旧版のモデルのフォルダ")->required()->type_name("");
+      level
+          ->add_option_function<std::string>(
+              "DECK", [&request](const std::string& deck) { request.decks = {deck}; },
+              "作成する入力データファイル")
+          ->required()
+          ->type_name("");
+    } else {
+      level->add_option("DECK", request.decks, "入力データファイル <model>.inp（いくつでも）")
+          ->required()
+          ->type_name("");
+    }
+    if (command.words == Command::Words::DecksAndCsv) {
+      level->add_option("--folder", request.csvFolder, "出力先フォルダ")
+          ->type_name("DIR")
+          ->group(kOptionGroup);
+      level->add_option("--name", request.csvName, "ファイル名（省略時はモデル名）")
+          ->type_name("BASE")
+          ->group(kOptionGroup);
+    }
   }
 
   try {
     app.parse(argc, argv);
-    return request;
+    const std::string_view refusal = Refusal(request);
+    if (refusal.empty()) return request;
+    Tell(refusal);
+    return kUsage;
   } catch (const CLI::Success& answer) {  // --help or --version
     app.exit(answer);
     return kDone;

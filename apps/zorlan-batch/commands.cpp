@@ -16,14 +16,19 @@
 #include "base/text_file.h"
 #include "batch_host.h"
 #include "model/deck.h"
+#include "model/input_list.h"
 #include "model/model_state.h"
-#include "section_tables.h"
+#include "output/csv_output.h"
+#include "program_folders.h"
+#include "shell/convert.h"
 #include "summary.h"
 
 namespace zorlan::batch {
 namespace {
 
-void PrintProduct(std::string_view text) {
+/// Prints a text of the system on standard output, with the line ends of the terminal.
+void PrintProduct(std::string text) {
+  std::erase(text, '\r');
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)
     throw FileFault("標準出力", std::strerror(errno));
 }
@@ -69,24 +74,52 @@ ExitCode Analyze(const Request&) {
 
 ExitCode Check(const Request&) {
   ReadDeck(DeckPath(), /*checkMode=*/true);
-  std::string text = ReadTextFile(WorkPath + "InputErr.txt");
+  const std::string text = ReadTextFile(WorkPath + "InputErr.txt");
   if (text.empty()) {
     TheHost().message("エラーはありませんでした。", "エラーチェック");
     return kDone;
   }
-  std::erase(text, '\r');
   PrintProduct(text);
   return kFailed;
+}
+
+ExitCode InputList(const Request&) {
+  LoadDeck();
+  MakeInputList();
+  PrintProduct(ReadTextFile(WorkPath + "TmpFile.inp"));
+  return kDone;
+}
+
+ExitCode Csv(const Request& request) {
+  CleanResults(0);
+  CopyResults();
+  const CsvResult result =
+      WriteCsvFiles(request.csvFolder, request.csvName.empty() ? CsvBaseName() : request.csvName);
+  if (!result.written) return kFailed;
+  for (const std::string& path : result.paths) PrintError("  " + path);
+  return kDone;
+}
+
+ExitCode Convert(const Request& request) {
+  if (!FolderExists(request.oldModel)) {
+    Tell(request.oldModel + " ： フォルダがありません");
+    return kUsage;
+  }
+  return ConvertOldModel(request.oldModel, DeckPath()) ? kDone : kFailed;
 }
 
 constexpr Command kCommands[] = {
     {"analyze", "静解析を行い、<model>.ANA と <model>.out を作成します", Analyze},
     {"check", "入力データのエラーチェックを行います", Check},
+    {"input-list", "入力データリストを標準出力に書きます", InputList},
+    {"csv", "解析結果を３つのＣＳＶファイルに出力します", Csv, Command::Words::DecksAndCsv},
+    {"convert", "旧版（Ver1）のモデルのフォルダを入力データファイルに変換します", Convert,
+     Command::Words::OldModelAndDeck},
 };
 
 ExitCode RunOnDeck(const Request& request, const std::string& deck) {
   try {
-    if (!FileExists(deck)) {
+    if (request.command->words != Command::Words::OldModelAndDeck && !FileExists(deck)) {
       Tell(deck + (FolderExists(deck) ? " ： フォルダです" : " ： 入力データファイルがありません"));
       return kUsage;
     }
@@ -107,11 +140,14 @@ std::span<const Command> Commands() {
 }
 
 ExitCode RunCommand(const Request& request) {
-  FindSectionTables(request.documents);
+  FindProgramFolders(request.documents);
   ExitCode gravest = kDone;
-  for (const std::string& deck : request.decks) {
-    ThrowIfInterrupted();
-    gravest = std::max(gravest, RunOnDeck(request, deck));
+  const std::size_t count = request.decks.size();
+  for (std::size_t d = 0; d < count; ++d) {
+    const std::string place =
+        count > 1 ? " (" + std::to_string(d + 1) + "/" + std::to_string(count) + ")" : "";
+    TheHost().progress(request.decks[d] + place, static_cast<double>(d) / static_cast<double>(count));
+    gravest = std::max(gravest, RunOnDeck(request, request.decks[d]));
   }
   return gravest;
 }

@@ -16,6 +16,9 @@ struct Command {
   const char* name;
   const char* description;
   ExitCode (*run)(const Request& request);  // on the model in hand; a Fault is a failure
+  /// What stands behind the command: decks; decks, and where the CSV files go; an old model and the deck to
+  /// make of it.
+  enum class Words { Decks, DecksAndCsv, OldModelAndDeck } words = Words::Decks;
 };
 
 /// What stands on the command line.
@@ -23,6 +26,8 @@ struct Request {
   const Command* command = nullptr;
   std::vector<std::string> decks;
   std::string documents;  // the documents folder; empty: the user's
+  std::string oldModel;   // the folder that a conversion reads
+  std::string csvFolder, csvName;
 };
 
 std::span<const Command> Commands();

@@ -67,16 +67,11 @@ void Print(FileWriter& file, std::string_view text) {
   file.Drain();
 }
 
-std::size_t ValueCount(int cases, int rows, int places) {
-  return static_cast<std::size_t>(std::max(cases, 0)) * static_cast<std::size_t>(rows) *
-         static_cast<std::size_t>(places);
-}
-
 void PrintDisplacements(FileWriter& file, const ModelRec& model) {
   const int cases = model.MaxLoadCase, nodes = model.NodeCount;
   const std::vector<double> values =
       ReadReals(ResultFolder() + "FT021", ValueCount(cases, nodes, kDirections));
-  const CaseTable displacements{values, cases, nodes, kDirections};
+  const ResultTable displacements{values, cases, nodes, kDirections};
   const bool grid = model.ModelCode == kPlaneGrid;
   Print(file, DisplacementHeading(grid));
   for (int row = 1; row <= nodes; ++row) {
@@ -86,37 +81,42 @@ void PrintDisplacements(FileWriter& file, const ModelRec& model) {
   }
 }
 
-/// Which components of a supported node's reaction are shown; none: the node is left out.
-std::array<bool, 3> ShownReactions(const NodeRec& node, bool forced) {
+/// A supported node that the listing shows: its place in FT022A, and which components have a reaction.
+struct ListedSupport {
+  int index = 0;
   std::array<bool, 3> shown{};
-  for (std::size_t d = 0; d < shown.size(); ++d) shown[d] = forced || node.code[d] >= 1;
-  return shown;
-}
+};
 
-/// Whether a node of FT022A stands in the listing: it can be there by a forced displacement alone.
-bool IsListed(const NodeRec& node, bool forced) {
-  return forced || node.code != std::array<std::int16_t, 3>{};
-}
-
-void PrintReactions(FileWriter& file, const ModelRec& model, const OutputForce& unit) {
-  const Reactions stored = ReadReactions(ResultFolder());
-  if (stored.cases != model.MaxLoadCase)
-    throw FileFault(ResultFolder() + "FT022A", "荷重ケース数がモデルと一致しません");
-  const CaseTable reactions{stored.values, stored.cases, static_cast<int>(stored.nodes.size()), kDirections};
+/// A supported node is left out only if all its codes are 0 and no load case displaces it. One that is
+/// displaced shows all its reactions, in every case.
+std::vector<ListedSupport> ListedSupports(const ModelRec& model, const std::vector<int>& numbers) {
   const NumberRows nodeRows(model.Node, model.NodeCount);
   std::set<int> forcedNodes;
   for (int r = 1; r <= model.SpecCount; ++r) forcedNodes.insert(model.Spec[r].node);
+  std::vector<ListedSupport> supports;
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    const int row = nodeRows.Row(numbers[i]);
+    if (row == 0)
+      throw FileFault(ResultFolder() + "FT022A",
+                      "節点 " + std::to_string(numbers[i]) + " はモデルにありません");
+    const auto& code = model.Node[row].code;
+    const bool forced = forcedNodes.contains(numbers[i]);
+    if (!forced && code == std::array<std::int16_t, 3>{}) continue;
+    ListedSupport& support = supports.emplace_back();
+    support.index = static_cast<int>(i);
+    for (std::size_t d = 0; d < code.size(); ++d) support.shown[d] = forced || code[d] >= 1;
+  }
+  return supports;
+}
 
+void PrintReactions(FileWriter& file, const ModelRec& model, const OutputForce& unit) {
+  const Reactions stored = ReadReactions(ResultFolder(), model.MaxLoadCase);
+  const std::vector<ListedSupport> supports = ListedSupports(model, stored.nodes);
+  const ResultTable reactions = stored.Table();
   Print(file, ReactionHeading(model.ModelCode == kPlaneGrid, unit.Index()));
-  for (int row = 0; row < reactions.rows; ++row) {
-    const int number = stored.nodes[static_cast<std::size_t>(row)];
-    const int nodeRow = nodeRows.Row(number);
-    if (nodeRow == 0)
-      throw FileFault(ResultFolder() + "FT022A", "節点 " + std::to_string(number) + " はモデルにありません");
-    const NodeRec& node = model.Node[nodeRow];
-    const bool forced = forcedNodes.contains(number);
-    if (!IsListed(node, forced)) continue;
-    AppendReactions(file.Buffer(), number, ShownReactions(node, forced), reactions, row, unit);
+  for (const ListedSupport& support : supports) {
+    const int number = stored.nodes[static_cast<std::size_t>(support.index)];
+    AppendReactions(file.Buffer(), number, support.shown, reactions, support.index, unit);
     if (reactions.cases > 1) file.Buffer() += kLineEnd;
     file.Drain();
   }
@@ -157,7 +157,8 @@ void DSYSOUT1() {
     if (RawModel.ListFlag == 1) {
       std::string list;
       MakeAnalysisInputList(list);
-      Print(file, std::string(kInputList) + "\r\n" + list + "\r\n");
+      for (const std::string_view part : {kInputList, kLineEnd, std::string_view(list), kLineEnd})
+        Print(file, part);
     }
     try {
       PrintDisplacements(file, RawModel);
@@ -175,7 +176,7 @@ void DSYSOUT2() {
     const int cases = RawModel.MaxLoadCase, elements = RawModel.ElemCount;
     const std::vector<double> values =
         ReadReals(ResultFolder() + "FT031", ValueCount(cases, elements, kForcesPerElement));
-    const CaseTable forces{values, cases, elements, kForcesPerElement};
+    const ResultTable forces{values, cases, elements, kForcesPerElement};
     const OutputForce unit = OutputForceInHand();
     const AxialMarks marks = {Cp932FromUtf8(kCompression).bytes, Cp932FromUtf8(kTension).bytes};
     FileWriter file(AnalysisPath + std::string(kListing), FileWriter::Start::Continued);

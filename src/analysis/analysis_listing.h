@@ -10,10 +10,12 @@
 namespace zorlan {
 
 /// Title, control information, the input echo if ListFlag asks for it, displacements, reactions: creates
-/// FT100. A fault leaves the stage's note; the sections that were whole by then stay in FT100.
+/// FT100. A fault leaves the note "エラー発生（IN DSYSOUT1）"; the sections that were whole by then stay in
+/// FT100.
 void DSYSOUT1();
 
-/// Member forces, appended to FT100.
+/// Member forces, appended to FT100. A fault leaves the note "エラー発生（IN DSYSOUT2）", and FT100 as it
+/// was.
 void DSYSOUT2();
 
 /// The head of the listing; the two texts end with the empty lines behind them. UTF-8 with CR LF.

@@ -48,18 +48,14 @@ Matrix Assembled(const Equations& equations) {
 
 /// Eliminates below the diagonal. False: an unstable structure.
 bool Eliminate(const Equations& equations, double drop, Matrix& K, CaseTable& F, NoStiffness& fault) {
-  using What = NoStiffness::What;
   const int n = equations.Count(), cases = equations.cases;
   for (int i = 0; i < n - 1; ++i) {
     if (equations.Code(i) == kFixed) continue;
     const double p = K[i][i];
     if (std::abs(p) < kPivotLimit) {
-      const int dof = i % 3;
-      if (dof == 2 || (equations.kind == kPlaneGrid && dof == 1)) continue;
+      if (IsRotation(equations.kind, i % 3)) continue;
       fault = {i + 1, equations.number[static_cast<std::size_t>(i / 3 + 1)],
-               equations.kind == kPlaneGrid ? What::Z
-               : dof == 0                   ? What::X
-                                            : What::Y};
+               DirectionOf(equations.kind, i % 3)};
       return false;
     }
     Divide(K[i], p, i, n);
@@ -87,15 +83,12 @@ std::optional<DenseSolution> SolveDense(const Equations& equations, double dropT
   CaseTable& x = solution.displacements;
   for (int i = n - 1; i >= 0; --i) {
     if (K[i][i] == 0 || equations.Code(i) == kFixed) continue;
+    // The last equation was never a pivot row: the only division of the back substitution.
+    const double p = i == n - 1 ? K[i][i] : 1;
     for (int c = 0; c < cases; ++c) {
-      if (i ==
-          n - 1) {  // the last equation was never a pivot row: the only division of the back substitution
-        x[i][c] = F[i][c] / K[i][i];
-        continue;
-      }
       double sum = F[i][c];
       for (int j = i + 1; j < n; ++j) sum -= K[i][j] * x[j][c];
-      x[i][c] = sum;
+      x[i][c] = sum / p;
     }
   }
   for (int e = 0; e < n; ++e) {
@@ -114,7 +107,7 @@ namespace {
 /// The in-memory system of a same-displacement frame. Node equations: V and θ of row r at 2(r-1) and
 /// 2(r-1)+1; layers from 0.
 struct LayeredSystem {
-  LayeredSystem(const Equations& equations)
+  explicit LayeredSystem(const Equations& equations)
       : n(2 * equations.nodes),
         layers(equations.layers),
         cases(equations.cases),

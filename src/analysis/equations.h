@@ -4,6 +4,8 @@
 #pragma once
 
 #include <array>
+#include <span>
+#include <string>
 #include <vector>
 
 #include "analysis/members.h"
@@ -25,7 +27,7 @@ class CaseTable {
   int Cases() const { return cases_; }
   double* operator[](int equation) { return values_.data() + Offset(equation); }
   const double* operator[](int equation) const { return values_.data() + Offset(equation); }
-  bool Empty() const { return values_.empty(); }
+  std::span<const double> Values() const { return values_; }
 
  private:
   std::size_t Offset(int equation) const {
@@ -75,12 +77,22 @@ void AssignLayers(const ModelRec& model, Equations& equations);
 enum class SolverRoad { File, InMemory };
 Equations BuildEquations(const ModelRec& model, const std::vector<Member>& members, SolverRoad road);
 
-/// A message to the user about an equation without stiffness, as the words of an unstable structure.
+/// An equation without stiffness: where an elimination found the structure unstable.
 struct NoStiffness {
   int position = 0;  // of the pivot, from 1
   int number = 0;    // of the node, or the layer
   enum class What { X, Y, Z, FrontLayer, InMemoryLayer } what = What::X;
 };
+/// The direction of equation `dof` (0 to 2) of a node. A rotation has no word: its pivot is tolerated.
+constexpr NoStiffness::What DirectionOf(ModelKind kind, int dof) {
+  if (kind == kPlaneGrid) return NoStiffness::What::Z;
+  return dof == 0 ? NoStiffness::What::X : NoStiffness::What::Y;
+}
+/// Whether equation `dof` (0 to 2) of a node is a rotation, whose missing stiffness is tolerated.
+constexpr bool IsRotation(ModelKind kind, int dof) {
+  return dof == 2 || (kind == kPlaneGrid && dof == 1);
+}
+/// What the user is told of it.
 std::string InstabilityText(const NoStiffness& fault);
 
 }  // namespace zorlan

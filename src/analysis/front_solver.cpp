@@ -123,6 +123,8 @@ class FrontSweep {
   std::array<const double*, 3> pivot_{};
 };
 
+/// A fixed equation is neither a pivot nor reduced: its row stays empty, so that the slot's next node finds
+/// it so.
 void FrontSweep::Assemble(const ElementRecord& record) {
   for (const int node : {record.rowI, record.rowJ}) {
     nodeAt_[static_cast<std::size_t>(SlotOf(node))] = node;
@@ -132,7 +134,8 @@ void FrontSweep::Assemble(const ElementRecord& record) {
   for (std::size_t end = 0; end < 2; ++end) {
     const int node = end == 0 ? record.rowI : record.rowJ;
     for (int d = 0; d < dofs_; ++d)
-      AddRow(FrontRow(FirstRowOf(node) + d), record, 3 * end + static_cast<std::size_t>(FirstDof() + d));
+      if (CodeOf(node, d) != kFixed)
+        AddRow(FrontRow(FirstRowOf(node) + d), record, 3 * end + static_cast<std::size_t>(FirstDof() + d));
     if (double* const row = LayerRow(LayerOf(node))) AddRow(row, record, 3 * end);
   }
   if (record.loadsI) AddLoads(record.rowI);
@@ -156,14 +159,15 @@ void FrontSweep::AddLoads(int node) {
     for (int c = 0; c < cases_; ++c) row[c] += eq_.loads[equation][c];
   };
   const int first = 3 * (node - 1);
-  for (int d = 0; d < dofs_; ++d) add(FrontRow(FirstRowOf(node) + d), first + FirstDof() + d);
+  for (int d = 0; d < dofs_; ++d)
+    if (CodeOf(node, d) != kFixed) add(FrontRow(FirstRowOf(node) + d), first + FirstDof() + d);
   if (double* const row = LayerRow(LayerOf(node))) add(row, first);
 }
 
 bool FrontSweep::EliminateNode(int node, EliminatedRows& rows, NoStiffness& fault) {
   if (SlotOf(node) < 0) {  // nothing is connected to the node: its pivot lies behind the front
     fault = {plan_.slots * dofs_ + 1, eq_.number[static_cast<std::size_t>(node)],
-             eq_.kind == kPlaneGrid ? NoStiffness::What::Z : NoStiffness::What::X};
+             DirectionOf(eq_.kind, FirstDof())};
     return false;
   }
   EliminatedNode eliminated;
@@ -198,12 +202,9 @@ bool FrontSweep::Pivot(int node, int d, NoStiffness& fault) {
   const double p = own[ownColumn_ + d];
   if (std::abs(p) < tolerance_) {
     const int dof = FirstDof() + d;
-    if (dof == 2 || (eq_.kind == kPlaneGrid && dof == 1)) return true;  // a rotation: tolerated, undivided
-    using What = NoStiffness::What;
+    if (IsRotation(eq_.kind, dof)) return true;  // tolerated: its row stays undivided
     fault = {FirstRowOf(node) + d + 1, eq_.number[static_cast<std::size_t>(node)],
-             eq_.kind == kPlaneGrid ? What::Z
-             : dof == 0             ? What::X
-                                    : What::Y};
+             DirectionOf(eq_.kind, dof)};
     return false;
   }
   const auto divide = [p](double* from, double* to) {
@@ -329,6 +330,10 @@ LayerSystem FrontSweep::TakeLayerSystem() {
 /// other.
 void SubtractProducts(double* x, const double* coefficients, const double* displacements, int count,
                       int cases) {
+  if (cases == 1) {  // too short for the vectors
+    for (int k = 0; k < count; ++k) *x -= coefficients[k] * displacements[k];
+    return;
+  }
   std::array<const double*, 3> p{};
   for (int k = 0; k < count; ++k)
     p[static_cast<std::size_t>(k)] = displacements + static_cast<std::ptrdiff_t>(k) * cases;

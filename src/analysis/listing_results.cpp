@@ -86,9 +86,9 @@ std::string ForceHeading(int forceIndex) {
   return Heading(kForces, kForceHeads.names, kForceHeads.units[static_cast<std::size_t>(forceIndex)]);
 }
 
-void AppendDisplacements(std::string& out, int node, const CaseTable& displacements, int row, bool grid) {
+void AppendDisplacements(std::string& out, int node, const ResultTable& displacements, int index, bool grid) {
   for (int c = 1; c <= displacements.cases; ++c) {
-    const double* const u = displacements.Row(c, row);
+    const double* const u = displacements.Row(c, index);
     AppendOnce(out, c == 1, node, kNumber);
     AppendField(out, c, kCase);
     AppendField(out, u[0] * kCmPerM, kValue);
@@ -101,27 +101,27 @@ void AppendDisplacements(std::string& out, int node, const CaseTable& displaceme
   }
 }
 
-void AppendReactions(std::string& out, int node, std::array<bool, 3> shown, const CaseTable& reactions,
-                     int row, const OutputForce& unit) {
+void AppendReactions(std::string& out, int node, std::array<bool, 3> shown, const ResultTable& reactions,
+                     int index, const OutputForce& unit) {
   for (int c = 1; c <= reactions.cases; ++c) {
     AppendOnce(out, c == 1, node, kNumber);
     AppendField(out, c, kCase);
     for (std::size_t d = 0; d < shown.size(); ++d)
       if (shown[d])
-        AppendField(out, unit.Of(reactions.Row(c, row)[d]), kValue);
+        AppendField(out, unit.Of(reactions.Row(c, index)[d]), kValue);
       else
         out += kNoReaction;
     out += kLineEnd;
   }
 }
 
-std::string ReactionSums(const CaseTable& reactions, const OutputForce& unit) {
+std::string ReactionSums(const ResultTable& reactions, const OutputForce& unit) {
   std::string out;
   AppendLine(out, kRule);
   for (int c = 1; c <= reactions.cases; ++c) {
     std::array<double, 3> sum{};
-    for (int row = 0; row < reactions.rows; ++row)
-      for (std::size_t d = 0; d < sum.size(); ++d) sum[d] += reactions.Row(c, row)[d];
+    for (int index = 0; index < reactions.rows; ++index)
+      for (std::size_t d = 0; d < sum.size(); ++d) sum[d] += reactions.Row(c, index)[d];
     out += kSum;
     AppendField(out, c, kCase);
     for (const double component : sum) AppendField(out, unit.Of(component), kValue);
@@ -130,10 +130,10 @@ std::string ReactionSums(const CaseTable& reactions, const OutputForce& unit) {
   return out;
 }
 
-void AppendMemberForces(std::string& out, const ElemRec& element, const CaseTable& forces, int row,
+void AppendMemberForces(std::string& out, const ElemRec& element, const ResultTable& forces, int index,
                         const OutputForce& unit, const AxialMarks& marks) {
   for (int c = 1; c <= forces.cases; ++c) {
-    const double* const force = forces.Row(c, row);
+    const double* const force = forces.Row(c, index);
     AppendOnce(out, c == 1, element.number, kNumber);
     AppendOnce(out, c == 1, element.I, kMember);
     AppendOnce(out, c == 1, element.J, kMember);

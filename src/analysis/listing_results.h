@@ -4,26 +4,14 @@
 #pragma once
 
 #include <array>
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "analysis/force_units.h"
+#include "analysis/result_files.h"
 #include "model/model_rec.h"
 
 namespace zorlan {
-
-/// The values of a result file: load case from 1, row (of nodes, supports, elements) from 0, places of a row.
-struct CaseTable {
-  std::span<const double> values;
-  int cases = 0, rows = 0, places = 0;
-
-  const double* Row(int loadCase, int row) const {
-    return values.data() + (static_cast<std::size_t>(loadCase - 1) * static_cast<std::size_t>(rows) +
-                            static_cast<std::size_t>(row)) *
-                               static_cast<std::size_t>(places);
-  }
-};
 
 /// A section's title and two heading lines, each with its end. UTF-8.
 std::string DisplacementHeading(bool grid);
@@ -32,14 +20,14 @@ std::string ForceHeading(int forceIndex);
 
 /// The lines of one node, a case each: translations in cm, rotations in rad. Places: the node's three
 /// equations.
-void AppendDisplacements(std::string& out, int node, const CaseTable& displacements, int row, bool grid);
+void AppendDisplacements(std::string& out, int node, const ResultTable& displacements, int index, bool grid);
 
 /// The lines of one supported node, a case each. A component that isn't `shown` is a bare 0.
-void AppendReactions(std::string& out, int node, std::array<bool, 3> shown, const CaseTable& reactions,
+void AppendReactions(std::string& out, int node, std::array<bool, 3> shown, const ResultTable& reactions,
                      int row, const OutputForce& unit);
 
 /// The rule below the nodes and each case's sums over all supported nodes, added as stored. UTF-8.
-std::string ReactionSums(const CaseTable& reactions, const OutputForce& unit);
+std::string ReactionSums(const ResultTable& reactions, const OutputForce& unit);
 
 /// What stands behind the forces of a member by the sign of N(J) - N(I).
 struct AxialMarks {
@@ -49,7 +37,7 @@ inline constexpr std::string_view kCompression = "  圧縮";
 inline constexpr std::string_view kTension = "  引張";
 
 /// The lines of one element, a case each. Places: N(I) Q(I) M(I) N(J) Q(J) M(J) M(C).
-void AppendMemberForces(std::string& out, const ElemRec& element, const CaseTable& forces, int row,
+void AppendMemberForces(std::string& out, const ElemRec& element, const ResultTable& forces, int index,
                         const OutputForce& unit, const AxialMarks& marks);
 
 }  // namespace zorlan

@@ -1,5 +1,7 @@
 #include "analysis/member_forces.h"
 
+#include <algorithm>
+
 #include "analysis/member_load_terms.h"
 #include "analysis/result_files.h"
 

@@ -1,7 +1,6 @@
 #include "analysis/member_load_terms.h"
 
 #include <cmath>
-#include <string>
 #include <utility>
 
 #include "analysis/members.h"
@@ -21,7 +20,7 @@ void ReleasePins(LoadTerms& terms, int II, int JJ) {
   }
 }
 
-/// A load on a span of length l, its value p and length a by TYPE.
+/// A load of the value p and the length a (Ly) on a span of length l.
 struct SpanLoad {
   double p, a, l;
   bool moments;  // whether end moments are asked for
@@ -69,6 +68,7 @@ LoadTerms TwoPoints(const SpanLoad& s) {
   return t;
 }
 
+/// A slab of the width a carried by its longer edge: rising at 45 degrees from either end to p a/2.
 LoadTerms Trapezoid(const SpanLoad& s) {
   const double a3 = s.a * s.a * s.a, l2 = s.l * s.l;
   LoadTerms t;
@@ -77,7 +77,9 @@ LoadTerms Trapezoid(const SpanLoad& s) {
   return t;
 }
 
-LoadTerms Type11(const SpanLoad& s) {
+// A slab over n - 1 joists: the triangles of its n panels, and at each joist its end reaction, half of its
+// strip less the triangles.
+LoadTerms OneJoist(const SpanLoad& s) {
   const double l2 = s.l * s.l, l3 = l2 * s.l;
   LoadTerms t;
   if (s.moments) t.Ci = -s.p * (l2 * s.a / 32 + 5 * l3 / 1536);
@@ -85,7 +87,7 @@ LoadTerms Type11(const SpanLoad& s) {
   return t;
 }
 
-LoadTerms Type12(const SpanLoad& s) {
+LoadTerms TwoJoists(const SpanLoad& s) {
   const double l2 = s.l * s.l, l3 = l2 * s.l;
   LoadTerms t;
   if (s.moments) t.Ci = -s.p * (l2 * s.a / 27 + 5 * l3 / 5184);
@@ -93,7 +95,7 @@ LoadTerms Type12(const SpanLoad& s) {
   return t;
 }
 
-LoadTerms Type13(const SpanLoad& s) {
+LoadTerms ThreeJoists(const SpanLoad& s) {
   const double l2 = s.l * s.l, l3 = l2 * s.l;
   LoadTerms t;
   if (s.moments) t.Ci = -s.p * (5 * s.a * l2 / 128 + 5 * l3 / 12288);
@@ -165,8 +167,8 @@ struct TypeFormula {
   Formula formula;
 };
 constexpr TypeFormula kFormulasWithLength[] = {
-    {1, OnePoint},     {2, TwoPoints},    {10, Trapezoid},        {11, Type11},
-    {12, Type12},      {13, Type13},      {14, MiddlePart},       {15, EndParts},
+    {1, OnePoint},     {2, TwoPoints},    {10, Trapezoid},        {11, OneJoist},
+    {12, TwoJoists},   {13, ThreeJoists}, {14, MiddlePart},       {15, EndParts},
     {16, TriangleToJ}, {17, TriangleToI}, {18, TriangleToMiddle},
 };
 
@@ -247,9 +249,7 @@ LoadTerms TemperatureTerms(const TlodRec& load, const Member& member, bool grid)
   constexpr double kDepthPerY1 = 0.02;  // Y1 in cm is half the distance of the two points; m
   LoadTerms t = TemperatureAxialTerms(load, member);
   const double depth = kDepthPerY1 * load.Y1;
-  if (depth == 0)
-    throw Fault("温度荷重 ： 荷重ケース " + std::to_string(load.loadCase) + " 要素番号 " +
-                std::to_string(load.element) + " のＹ１が０です");
+  if (depth == 0) throw Fault("Ｙ１が０です");
   if (member.TakesEndMoments()) {
     const double moment = member.section.E * member.section.I * load.alpha * (load.T1 - load.T2) / depth;
     t.Ci = grid ? moment : -moment;

@@ -26,10 +26,21 @@ struct LoadedMember {
 };
 LoadedMember AsLoaded(const Member& member);
 
-/// Terms of an element load. `P` is the load times its factor, `Ly` a length by TYPE (m), `type` 0 to 18
-/// (below 0 as 0, above 18 n - 1 equal points with n = type + 1), `MG` 0 member axes, 1 global vertical, 2
-/// global horizontal, where the span is the member's projection. Throws Fault where a formula divides by a
-/// span of 0. All zeros for L = 0.
+/// Terms of an element load. `P` is the load times its factor, `Ly` a length (m), `type` one of these:
+///
+///   0 and below  uniform, t/m
+///   1            a point, t, at Ly from the load's first end
+///   2            a point at Ly from either end
+///   3 to 9       `type` equal points, which divide the span evenly
+///   10           a slab, t/m2, of the width Ly: a trapezoid at 45 degrees
+///   11, 12, 13   a slab of the depth Ly over 1, 2, 3 joists that rest on the member
+///   14, 15       uniform over the length Ly about the middle; over Ly from either end
+///   16, 17, 18   a triangle with the peak P Ly at the second end; at the first end; in the middle
+///
+/// TYPE 1, 2 and 10 to 18 without Ly, and any TYPE above 18, are `type` equal points too. `MG` 0 and below:
+/// member axes; 1 global vertical, 2 global horizontal, where the span is the member's projection, and the
+/// first end its left, or lower, one. Throws Fault where a formula divides by a span of 0. All zeros for L =
+/// 0.
 LoadTerms MemberLoadTerms(const LoadedMember& member, int type, double P, double Ly, int MG);
 
 /// Which way a caller counts the end moments of a CMQ or temperature load.

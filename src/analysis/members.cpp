@@ -35,6 +35,13 @@ class SectionCache {
   std::vector<Entry> known_;
 };
 
+template <class Record>
+void RequireNumbersInRange(const Rows<Record>& rows, int count, const char* what) {
+  for (int r = 1; r <= count; ++r)
+    if (!NumberMap::InRange(rows[r].number))
+      throw Fault(std::string(what) + " " + std::to_string(rows[r].number) + " は範囲外です");
+}
+
 template <class Inside>
 double FirstMagnification(const ModelRec& model, Inside inside) {
   for (int r = 1; r <= model.AlfaCount; ++r)
@@ -75,10 +82,11 @@ double MagnificationBetween(const ModelRec& model, double xi, double xj, double 
 }
 
 std::vector<Member> CollectMembers(const ModelRec& model) {
+  RequireNumbersInRange(model.Node, model.NodeCount, "節点番号");
+  RequireNumbersInRange(model.Elem, model.ElemCount, "要素番号");
+  RequireNumbersInRange(model.Sect, model.SectCount, "断面番号");
+  RequireNumbersInRange(model.Rigd, model.RigdCount, "剛域タイプ番号");
   const NumberMap nodes(model.Node, model.NodeCount);
-  for (int r = 1; r <= model.NodeCount; ++r)
-    if (nodes.Row(model.Node[r].number) == 0)
-      throw Fault("節点番号 " + std::to_string(model.Node[r].number) + " は範囲外です");
   const NumberMap sections(model.Sect, model.SectCount);
   const NumberMap rigids(model.Rigd, model.RigdCount);
   SectionCache cache(model);

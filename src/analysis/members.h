@@ -16,8 +16,7 @@ struct MemberSection {
   double kappa = 1;  // shear shape factor
   double I = 0;      // inertia of the working axis, times the stiffness increase factor for TYPE 1 and above
   double E = 0, G = 0;
-  double P2 =
-      0;  // the section's second field: a member whose section has none carries no end moments from its loads
+  double P2 = 0;  // the section's second field; where it is 0 loads give the member no end moments
 };
 
 /// Section constants of a row of CalcModel's section table. Throws Fault for a TYPE that doesn't exist.
@@ -56,10 +55,10 @@ class NumberMap {
   }
   /// 0 if the number is unknown.
   int Row(int number) const { return InRange(number) ? row_[static_cast<std::size_t>(number)] : 0; }
+  static bool InRange(int number) { return number >= 0 && number <= kHighestNumber; }
 
  private:
   static constexpr int kHighestNumber = 5000;
-  static bool InRange(int number) { return number >= 0 && number <= kHighestNumber; }
   std::vector<std::uint16_t> row_;
 };
 
@@ -69,12 +68,13 @@ double MagnificationAt(const ModelRec& model, double x, double tolerance);
 /// The factor of the first row in which both points lie, else 1.
 double MagnificationBetween(const ModelRec& model, double xi, double xj, double tolerance);
 
-inline constexpr double kMagnificationToleranceFileRoad = 0.01;  // m; the two roads differ on purpose:
-inline constexpr double kMagnificationToleranceInMemoryRoad =
-    1e-6;  // a node 5 mm outside is inside on the file road
+// m. The two roads differ on purpose: a node 5 mm outside a range is inside on the file road.
+inline constexpr double kMagnificationToleranceFileRoad = 0.01;
+inline constexpr double kMagnificationToleranceInMemoryRoad = 1e-6;
 
 /// Every element as a Member, in table order (index 0 is row 1). Throws Fault naming the element for an
-/// unknown node, an unknown section, or a length of 0, and the node for a number outside 0 to 5000.
+/// unknown node, an unknown section, or a length of 0; naming the row's number for a node, element, section
+/// or rigid type numbered outside 0 to 5000, whose loads or zones would be lost without a word.
 std::vector<Member> CollectMembers(const ModelRec& model);
 
 /// Every row of the spring table on a known node, in table order.

@@ -7,6 +7,7 @@
 #include "base/fault.h"
 #include "base/number.h"
 #include "base/text_file.h"
+#include "model/model_rec.h"
 
 namespace zorlan {
 namespace {
@@ -71,7 +72,7 @@ class NumberReader {
   const char* end_ = nullptr;
 };
 
-constexpr int kLargestCount = 32767;
+constexpr int kHighestNodeNumber = 5000;
 
 void WriteLines(const std::string& path, std::span<const double> values) {
   FileWriter file(path);
@@ -96,9 +97,9 @@ std::vector<double> ReadReals(const std::string& path, std::size_t count) {
 Reactions ReadReactions(const std::string& folder) {
   NumberReader index(folder + "FT022A");
   Reactions reactions;
-  reactions.cases = index.NextCount(kLargestCount);
-  reactions.nodes.resize(static_cast<std::size_t>(index.NextCount(kLargestCount)));
-  for (int& node : reactions.nodes) node = static_cast<int>(index.Next());
+  reactions.cases = index.NextCount(kMaxLoadCases);
+  reactions.nodes.resize(static_cast<std::size_t>(index.NextCount(kMaxNodes)));
+  for (int& node : reactions.nodes) node = index.NextCount(kHighestNodeNumber);
   NumberReader reader(folder + "FT022");
   const std::size_t records = static_cast<std::size_t>(reactions.cases) * reactions.nodes.size();
   reader.Expect(records * 4);
@@ -108,6 +109,12 @@ Reactions ReadReactions(const std::string& folder) {
       reader.Next();  // the node's number again
       for (int d = 0; d < 3; ++d) reactions.values.push_back(reader.Next());
     }
+  return reactions;
+}
+
+Reactions ReadReactions(const std::string& folder, int cases) {
+  Reactions reactions = ReadReactions(folder);
+  if (reactions.cases != cases) throw FileFault(folder + "FT022A", "荷重ケース数がモデルと一致しません");
   return reactions;
 }
 

@@ -25,12 +25,32 @@ constexpr std::size_t ForcePlace(int loadCase, int elements, int elementRow, int
          static_cast<std::size_t>(position - 1);
 }
 
+/// How many values a result file has.
+constexpr std::size_t ValueCount(int cases, int rows, int places) {
+  return cases <= 0 ? 0
+                    : static_cast<std::size_t>(cases) * static_cast<std::size_t>(rows) *
+                          static_cast<std::size_t>(places);
+}
+
+/// The values of a result file: load case from 1, index of the row (of nodes, supports, elements) from 0,
+/// places of a row.
+struct ResultTable {
+  std::span<const double> values;
+  int cases = 0, rows = 0, places = 0;
+
+  const double* Row(int loadCase, int index) const {
+    return values.data() + ValueCount(loadCase - 1, rows, places) + ValueCount(1, index, places);
+  }
+};
+
 /// Reactions of all cases. Reaction d (0 to 2) of support s (from 0) in case c (from 1) stands at ((c-1)
 /// supports + s) 3 + d.
 struct Reactions {
   int cases = 0;
   std::vector<int> nodes;      // numbers of the supported nodes, in the order of the files
   std::vector<double> values;  // t, t*m
+
+  ResultTable Table() const { return {values, cases, static_cast<int>(nodes.size()), 3}; }
 };
 
 /// Numbers of a result file; the file must hold at least `count` of them, what follows is left. Throws Fault:
@@ -39,6 +59,8 @@ std::vector<double> ReadReals(const std::string& path, std::size_t count);
 
 /// FT022A and FT022 of a folder.
 Reactions ReadReactions(const std::string& folder);
+/// The same; those of another number of load cases are a Fault.
+Reactions ReadReactions(const std::string& folder, int cases);
 
 /// Writes FT021 (a real a line).
 void WriteDisplacements(const std::string& folder, std::span<const double> values);

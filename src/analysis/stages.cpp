@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <span>
 
 #include "analysis/analysis_state.h"
 #include "analysis/dense_solver.h"
@@ -45,18 +46,16 @@ void TellInstability(const NoStiffness& fault) {
 }
 
 /// An overflow doesn't stop a real; it is a fault all the same.
-void RequireFinite(const CaseTable& table) {
-  if (table.Empty()) return;
-  const double* const first = table[0];
-  const double* const end = table[table.Equations() - 1] + table.Cases();
-  if (!std::all_of(first, end, [](double value) { return std::isfinite(value); }))
+void RequireFinite(std::span<const double> values) {
+  if (!std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); }))
     throw Fault("計算中に数値の範囲を超えました");
 }
 
 void BuildStage(SolverRoad road) {
   Stage.members = CollectMembers(CalcModel);
   Stage.equations = BuildEquations(CalcModel, Stage.members, road);
-  RequireFinite(Stage.equations->loads);
+  RequireFinite(Stage.equations->loads.Values());
+  for (const ElementRecord& record : Stage.equations->records) RequireFinite(record.k);
 }
 
 void Eliminate() {
@@ -71,7 +70,7 @@ void SubstituteStage() {
   Stage.displacements =
       SubstituteBack(Needed(Stage.equations), rows, Stage.layerDisplacements.value_or(CaseTable()));
   Stage.rows.reset();
-  RequireFinite(*Stage.displacements);
+  RequireFinite(Stage.displacements->Values());
 }
 
 }  // namespace
@@ -121,7 +120,8 @@ void DSOLVE_2A() {
       TellInstability(fault);
       return;
     }
-    RequireFinite(solution->displacements);
+    RequireFinite(solution->displacements.Values());
+    RequireFinite(solution->reactions.Values());
     Stage.displacements = std::move(solution->displacements);
     Stage.reactions = std::move(solution->reactions);
   });
@@ -134,7 +134,7 @@ void DSOLVE2B() {
     if (!Stage.displacements)
       TellInstability(fault);
     else
-      RequireFinite(*Stage.displacements);
+      RequireFinite(Stage.displacements->Values());
   });
 }
 
@@ -144,6 +144,7 @@ void DREAC_C() {
     const CaseTable& displacements = Needed(Stage.displacements);
     Stage.reactions = FixedReactions(equations, displacements);
     SetSpringReactions(CollectSprings(CalcModel), equations, displacements, *Stage.reactions);
+    RequireFinite(Stage.reactions->Values());
   });
 }
 
@@ -152,6 +153,7 @@ void DREAC_A() {
     const CaseTable& displacements = Needed(Stage.displacements);
     SetSpringReactions(CollectSprings(CalcModel), Needed(Stage.equations), displacements,
                        Needed(Stage.reactions));
+    RequireFinite(Stage.reactions->Values());
   });
 }
 
@@ -161,6 +163,7 @@ void DREAC_B() {
     const CaseTable& displacements = Needed(Stage.displacements);
     Stage.reactions = ElementSumReactions(equations, CalcModel.ElemCount, displacements);
     SetSpringReactions(CollectSprings(CalcModel), equations, displacements, *Stage.reactions);
+    RequireFinite(Stage.reactions->Values());
   });
 }
 
@@ -170,8 +173,10 @@ void DSTRESS1() {
 }
 
 void DSTRESS2() {
-  RunStage("DSTRESS2",
-           [] { AddLoadForces(CalcModel, Stage.members, AddedForces::All, Needed(Stage.forces)); });
+  RunStage("DSTRESS2", [] {
+    AddLoadForces(CalcModel, Stage.members, AddedForces::All, Needed(Stage.forces));
+    RequireFinite(*Stage.forces);
+  });
 }
 
 void RecomputeMidspan() {

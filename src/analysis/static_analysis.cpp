@@ -58,6 +58,10 @@ std::string_view ModelObstacle() {
   return {};
 }
 
+void TellFailure() {
+  TheHost().message(AnalysisErrorDetail + " " + AnalysisError, "解析失敗");
+}
+
 /// One solve of all load cases, results in memory.
 bool Solve() {
   PivotTolerance = kPivotTolerance;
@@ -74,7 +78,7 @@ bool Solve() {
     else
       RunInMemoryRoad(groups);
   }
-  if (!AnalysisError.empty()) TheHost().message(AnalysisErrorDetail + " " + AnalysisError, "解析失敗");
+  if (!AnalysisError.empty()) TellFailure();
   TheHost().hourglass(false);
   return AnalysisError.empty();
 }
@@ -166,8 +170,10 @@ const AnalysisReport& LastAnalysis() {
 
 std::int16_t SolveStatic() {
   if (!Solve()) return kFalse;
-  WriteStageResults();
-  return kTrue;
+  RunStage("DSTRESS2", WriteStageResults);  // the stage that leaves the last of the files
+  if (AnalysisError.empty()) return kTrue;
+  TellFailure();
+  return kFalse;
 }
 
 std::int16_t RunStaticAnalysis() {

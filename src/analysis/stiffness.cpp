@@ -1,5 +1,6 @@
 #include "analysis/stiffness.h"
 
+#include <cmath>
 #include <string>
 
 #include "analysis/members.h"
@@ -45,10 +46,11 @@ StiffnessFactors FactorsOf(const Member& member) {
     psi = 6 * section.E * section.I * section.kappa * (1 - li - lj) /
           (member.L * member.L * section.G * section.As);
   const double D = (a + psi) * (c + psi) - (b - psi) * (b - psi);
-  const StiffnessFactors factors = {3 * (c + psi) / D, 3 * (a + psi) / D, 3 * (b - psi) / D};
-  if (D == 0 || factors.kii == 0 || factors.kjj == 0)
+  // Zones that meet make D 0; in doubles a rounding error may be all that is left of it.
+  constexpr double kNoFlexibleLength = 1e-12;
+  if (D == 0 || std::abs(1 - li - lj) < kNoFlexibleLength)
     throw Fault("要素番号 " + std::to_string(member.number) + " ： 剛域の比率により、たわむ部分がありません");
-  return factors;
+  return {3 * (c + psi) / D, 3 * (a + psi) / D, 3 * (b - psi) / D};
 }
 
 FrameStiffness LocalFrameStiffness(const Member& member) {

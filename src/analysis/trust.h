@@ -12,7 +12,9 @@ namespace zorlan {
 /// What is known of one load case after a solve. t, m, rad. Directions: frame X and Y; grid Z in the first
 /// place.
 struct CaseTrust {
-  double residual = 0;     // greatest |K u - F| of an equation that the solver was to satisfy
+  /// Greatest |K u - F| of an equation that the solver was to satisfy, or what the rounding of K u hides of
+  /// it: the displacements of a mechanism can be so huge that their forces cancel by chance.
+  double residual = 0;
   int residualNode = 0;    // number of its node; 0 if every residual is exactly 0
   double largestLoad = 0;  // greatest magnitude of a load term
   bool lost = false;       // the residual is more than rounding leaves

@@ -23,6 +23,11 @@ constexpr std::size_t kDrainAt = std::size_t{1} << 18;  // bytes gathered before
   throw FileFault(path, FileReason(error));
 }
 
+/// The name beside a file under which it is written anew: each process has its own.
+std::string NeighbourName(const std::string& path) {
+  return path + ".~" + std::to_string(::getpid());
+}
+
 void WriteAll(int file, std::string_view bytes, const std::string& path) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(file, bytes.data(), bytes.size());
@@ -41,7 +46,7 @@ void WriteAll(int file, std::string_view bytes, const std::string& path) {
 class FileWriter::Output {
  public:
   Output(const std::string& path, Start start) : path_(path), continued_(start == Start::Continued) {
-    name_ = continued_ ? path : path + ".~new";
+    name_ = continued_ ? path : NeighbourName(path);
     file_ = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (continued_ ? O_APPEND : O_TRUNC), 0666);
     if (file_ < 0) Fail(path_, errno);
     if (continued_) size_ = ::lseek(file_, 0, SEEK_END);
@@ -60,6 +65,9 @@ class FileWriter::Output {
   void TakePlace(bool flush) {
     if (flush && ::fsync(file_) != 0 && errno != EINVAL) Fail(path_, errno);
     if (::close(std::exchange(file_, -1)) != 0) Fail(path_, errno);
+    // A rename over a file makes ext4 write the data out at once, which takes milliseconds: what isn't
+    // flushed takes a place that is free.
+    if (!continued_ && !flush) ::unlink(path_.c_str());
     if (!continued_ && ::rename(name_.c_str(), path_.c_str()) != 0) Fail(path_, errno);
     kept_ = true;
   }
@@ -126,18 +134,9 @@ bool FolderExists(std::string_view path) {
 }
 
 void ShareFileOver(const std::string& from, const std::string& to) {
-  const std::string beside = to + ".~new";
-  ::unlink(beside.c_str());
-  if (::link(from.c_str(), beside.c_str()) != 0) {  // another file system, or one without links
-    CopyFileOver(from, to);
-    return;
-  }
-  if (::rename(beside.c_str(), to.c_str()) != 0) {
-    const int error = errno;
-    ::unlink(beside.c_str());
-    Fail(to, error);
-  }
-  ::unlink(beside.c_str());  // a rename between two names of one file leaves both
+  ::unlink(to.c_str());
+  if (::link(from.c_str(), to.c_str()) != 0)
+    CopyFileOver(from, to);  // another file system, or one without links
 }
 
 FileReader::FileReader(const std::string& path) : path_(path) {
@@ -152,11 +151,13 @@ FileReader::~FileReader() {
 }
 
 std::size_t FileReader::Read(char* room, std::size_t size) {
-  for (;;) {
+  while (!ended_) {
     const ssize_t got = ::read(file_, room, size);
+    ended_ = got == 0;
     if (got >= 0) return static_cast<std::size_t>(got);
     if (errno != EINTR) Fail(path_, errno);
   }
+  return 0;
 }
 
 std::string ReadBytes(const std::string& path) {
@@ -187,6 +188,15 @@ void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush
   if (!converted.lost.empty())
     throw FileFault(path, "文字 「" + converted.lost + "」 はシフトＪＩＳで表せないため、保存できません");
   ReplaceBytes(path, converted.bytes, flush);
+}
+
+bool CanWriteFile(const std::string& path) {
+  const bool there = FileExists(path);
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+  if (file < 0) return false;
+  ::close(file);
+  if (!there) ::unlink(path.c_str());
+  return true;
 }
 
 void MakeFolder(const std::string& folder) {

@@ -38,6 +38,9 @@ void ReplaceBytes(const std::string& path, std::string_view bytes, Flush flush =
 /// page lacks is a fault that names it, and nothing is written.
 void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush = Flush::Yes);
 
+/// Whether a file can be written at this path. What stands there stays as it is.
+bool CanWriteFile(const std::string& path);
+
 /// Makes the folder and those above it; removes a file if it is there; removes every file directly in a
 /// folder.
 void MakeFolder(const std::string& folder);
@@ -72,6 +75,7 @@ class FileReader {
   std::string path_;
   int file_ = -1;
   std::size_t size_ = 0;
+  bool ended_ = false;  // nobody asks the system again
 };
 
 /// A large file written piece by piece. Anew, it takes its name only at Commit, and without it leaves nothing

@@ -10,15 +10,15 @@
 namespace zorlan::companion {
 
 struct BeamElement {
-  double L = 0, c = 0, s = 0;                        // length, direction
-  std::array<std::array<double, 3>, 3> stiffness{};  // end moments and tension by the strains, ends released
-  std::array<LinearForm, 3> strains;                 // by the structure's unknowns
+  Real L = 0, c = 0, s = 0;                        // length, direction
+  std::array<std::array<Real, 3>, 3> stiffness{};  // end moments and tension by the strains, ends released
+  std::array<LinearForm, 3> strains;               // by the structure's unknowns
 
   /// Forces that its ends get from the nodes, in the beam's axes: N, Q, M of I, then of J, from the strains
   /// alone.
-  std::array<double, 6> EndForces(const std::array<double, 3>& strain) const;
+  std::array<Real, 6> EndForces(const std::array<Real, 3>& strain) const;
   /// A force at its end in the beam's axes, in the structure's.
-  std::array<double, 3> Turned(const double* local) const {
+  std::array<Real, 3> Turned(const std::array<Real, 3>& local) const {
     return {c * local[0] - s * local[1], s * local[0] + c * local[1], local[2]};
   }
 };

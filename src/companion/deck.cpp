@@ -95,12 +95,10 @@ class Reader {
     if (!line) throw Fault(std::to_string(number_) + "行目 ： 入力データが途中で終わっています");
     return Line(*line, number_);
   }
-  /// How many lines a table has. No table can hold more than the file has bytes left, so a wrong count asks
-  /// for no room.
+  /// How many lines a table has.
   int Count(const Line& line, std::size_t column, int lowest) const {
     const int count = line.Integer(column);
-    if (count < lowest || static_cast<std::size_t>(count) > rest_.size() + 1)
-      line.Fail("個数 " + std::to_string(count) + " が正しくありません");
+    if (count < lowest) line.Fail("個数 " + std::to_string(count) + " が正しくありません");
     return count;
   }
 
@@ -208,8 +206,7 @@ void Reader::ReadBeam(const std::vector<ActionPair>& actions) {
   beam.endI = ReadEndCode(line, 51);
   beam.endJ = ReadEndCode(line, 57);
   if ((beam.endI == EndCode::Link) != (beam.endJ == EndCode::Link)) line.Fail("材端条件が正しくありません");
-  const Node &I = deck_.nodes[static_cast<std::size_t>(beam.nodeI)],
-             &J = deck_.nodes[static_cast<std::size_t>(beam.nodeJ)];
+  const Node &I = At(deck_.nodes, beam.nodeI), &J = At(deck_.nodes, beam.nodeJ);
   if (beam.nodeI == beam.nodeJ || (!beam.IsLink() && I.x == J.x && I.z == J.z)) line.Fail("部材長が０です");
   deck_.beams.push_back(beam);
 }

@@ -65,6 +65,12 @@ struct Deck {
   std::vector<std::array<double, 3>> loads;  // by node: along X, along Z, moment
 };
 
+/// A row of a table by its place, from 0.
+template <class Row>
+const Row& At(const std::vector<Row>& table, int place) {
+  return table[static_cast<std::size_t>(place)];
+}
+
 /// The deck of a file's bytes. Throws Fault with the line and what is wrong there, for anything that is not
 /// such a deck.
 Deck ReadDeck(std::string_view bytes);

@@ -51,7 +51,7 @@ Kinematics::Kinematics(const Deck& deck)
 
 /// A beam carries its child rigidly, or turns about a pin at the other end.
 bool Kinematics::CanCarry(int beam, int child) const {
-  const Beam& b = deck_.beams[static_cast<std::size_t>(beam)];
+  const Beam& b = At(deck_.beams, beam);
   return (b.nodeI == child ? b.endI : b.endJ) == EndCode::Rigid;
 }
 
@@ -62,10 +62,8 @@ void Kinematics::ChooseCarriers() {
   std::vector<bool> held(count);
   for (std::size_t b = 0; b < deck_.beams.size(); ++b) {
     const Beam& beam = deck_.beams[b];
-    const Node &I = deck_.nodes[static_cast<std::size_t>(beam.nodeI)],
-               &J = deck_.nodes[static_cast<std::size_t>(beam.nodeJ)];
-    const double stiffness = deck_.materials[static_cast<std::size_t>(beam.material)].E *
-                             deck_.sections[static_cast<std::size_t>(beam.section)].A /
+    const Node &I = At(deck_.nodes, beam.nodeI), &J = At(deck_.nodes, beam.nodeJ);
+    const double stiffness = At(deck_.materials, beam.material).E * At(deck_.sections, beam.section).A /
                              std::hypot(J.x - I.x, J.z - I.z);
     for (const int node : {beam.nodeI, beam.nodeJ}) {
       const auto n = static_cast<std::size_t>(node);
@@ -84,7 +82,7 @@ void Kinematics::ChooseCarriers() {
     const int child = static_cast<int>(n);
     if (held[n] || !(others > 0) || largest[n] < kCarrierRatio * others || !CanCarry(stiffest[n], child))
       continue;
-    const Beam& beam = deck_.beams[static_cast<std::size_t>(stiffest[n])];
+    const Beam& beam = At(deck_.beams, stiffest[n]);
     const int parent = beam.nodeI == child ? beam.nodeJ : beam.nodeI;
     const int root = FirstOf(tree, parent);
     if (root == child) continue;
@@ -102,7 +100,7 @@ void Kinematics::Join(const Beam& link, int place) {
 }
 
 int Kinematics::Variable(int node, int dof) const {
-  return 3 * (dof == 0 ? linkedWith_[static_cast<std::size_t>(node)] : node) + dof;
+  return 3 * (dof == 0 ? At(linkedWith_, node) : node) + dof;
 }
 
 /// Takes the variable with the largest factor out of a support's equation.
@@ -126,7 +124,7 @@ void Kinematics::Hold(const Boundary& element, int place) {
     return;
   }
   const int variable = largest->variable;
-  const double factor = largest->factor;
+  const Real factor = largest->factor;
   form.terms.erase(largest);
   LinearForm& eliminated = eliminatedForm_[static_cast<std::size_t>(variable)];
   eliminated.Add(form, -1 / factor);
@@ -165,9 +163,9 @@ void Kinematics::NumberUnknowns() {
 /// stiffer than the one before.
 LinearForm Kinematics::ByVariables(int node, int dof) const {
   LinearForm form = LinearForm::Of(Variable(node, dof));
-  const int carrier = carrier_[static_cast<std::size_t>(node)];
+  const int carrier = At(carrier_, node);
   if (carrier < 0) return form;
-  const Beam& beam = deck_.beams[static_cast<std::size_t>(carrier)];
+  const Beam& beam = At(deck_.beams, carrier);
   const bool childAtI = beam.nodeI == node;
   const int parent = childAtI ? beam.nodeJ : beam.nodeI;
   const bool turnsAboutParent = (childAtI ? beam.endJ : beam.endI) == EndCode::Pin;
@@ -175,9 +173,8 @@ LinearForm Kinematics::ByVariables(int node, int dof) const {
     if (!turnsAboutParent) form.Add(ByVariables(parent, 2), 1);
     return form;
   }
-  const Node &own = deck_.nodes[static_cast<std::size_t>(node)],
-             &other = deck_.nodes[static_cast<std::size_t>(parent)];
-  const double arm = dof == 0 ? -(own.z - other.z) : own.x - other.x;
+  const Node &own = At(deck_.nodes, node), &other = At(deck_.nodes, parent);
+  const Real arm = dof == 0 ? -(Real(own.z) - other.z) : Real(own.x) - other.x;
   form.Add(ByVariables(parent, dof), 1);
   form.Add(turnsAboutParent ? LinearForm::Of(3 * node + 2) : ByVariables(parent, 2), arm);
   return form;
@@ -191,11 +188,11 @@ LinearForm Kinematics::Displacement(int node, int dof) const {
 }
 
 std::array<LinearForm, 6> Kinematics::Straining(int beam) const {
-  const Beam& b = deck_.beams[static_cast<std::size_t>(beam)];
+  const Beam& b = At(deck_.beams, beam);
   std::array<LinearForm, 6> ends;
   for (const auto& [child, parentEnd, first] :
        {std::tuple(b.nodeI, b.endJ, std::size_t{0}), std::tuple(b.nodeJ, b.endI, std::size_t{3})}) {
-    if (carrier_[static_cast<std::size_t>(child)] != beam) continue;
+    if (At(carrier_, child) != beam) continue;
     // About a pin the rigid motion takes up the child's whole rotation.
     const int own = parentEnd == EndCode::Pin ? 2 : 3;
     for (int dof = 0; dof < own; ++dof)

@@ -91,7 +91,7 @@ std::string OutputText(const Deck& deck, const Solution& solution) {
   number = 0;
   for (const double force : solution.boundaryForces) {
     text.Integer(2, 6, ++number).Integer(11, 5, kLoadCase);
-    text.Integer(16, 8, deck.boundaries[static_cast<std::size_t>(number - 1)].node + 1);
+    text.Integer(16, 8, At(deck.boundaries, number - 1).node + 1);
     text.Real(24, kForceWidth, force).End();
   }
   return text.Take();

@@ -77,7 +77,7 @@ TEST_F(ResultFiles, ReactionsComeBackHoweverTheirRecordsAreGrouped) {
 }
 
 TEST_F(ResultFiles, AnIndexThatPromisesMoreThanTheReactionsHoldIsRefused) {
-  ReplaceBytes(Root() + "FT022A", "32767 3 1 2 3");
+  ReplaceBytes(Root() + "FT022A", "20 3 1 2 3");
   ReplaceBytes(Root() + "FT022", "1 0 0 0");
   EXPECT_THAT(FaultOf([&] { ReadReactions(Root()); }), HasSubstr("FT022 ： ファイルが途中で終わっています"));
 }

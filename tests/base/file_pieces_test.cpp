@@ -98,5 +98,16 @@ TEST_F(FilePieces, WithoutCommitANewFileLeavesTheOldOneAndNothingBesideIt) {
   EXPECT_EQ(files, 1);
 }
 
+TEST_F(FilePieces, TryingAPathLeavesWhatIsThere) {
+  ReplaceBytes(Path("a"), "one");
+  EXPECT_TRUE(CanWriteFile(Path("a")));
+  EXPECT_EQ(ReadBytes(Path("a")), "one");
+  EXPECT_TRUE(CanWriteFile(Path("b")));
+  EXPECT_FALSE(FileExists(Path("b")));
+  EXPECT_FALSE(CanWriteFile(Path("none/b")));
+  EXPECT_FALSE(CanWriteFile(Path("a/b")));
+  EXPECT_FALSE(CanWriteFile(Path("")));
+}
+
 }  // namespace
 }  // namespace zorlan

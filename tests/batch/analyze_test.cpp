@@ -185,7 +185,7 @@ TEST(BatchAnalyze, WarnsByCaseAndNodeWhereEquilibriumIsLost) {
   sections.nodes = "@NODE\n1,0,0,1,1,0\n2,3,0,0,0,0\n";
   program.Deck("model.inp", sections.Text());
   EXPECT_THAT(program.Run({"analyze", "model.inp"}).err,
-              HasSubstr("荷重ケース 1 の節点 2 で釣り合いが失われています"));
+              HasSubstr("荷重ケース 1 の節点 1 で釣り合いが失われています"));
   program.Deck("good.inp", CantileverDeck());
   EXPECT_THAT(program.Run({"analyze", "good.inp"}).err, Not(HasSubstr("釣り合い")));
 }
@@ -266,6 +266,66 @@ TEST_P(BatchInterrupted, TakesItsTemporaryFilesAlong) {
 
 INSTANTIATE_TEST_SUITE_P(BySignal, BatchInterrupted, testing::Values(SIGINT, SIGTERM, SIGHUP));
 
+/// A beam on an inclined roller: the companion solver has to take it.
+std::string RollerDeck() {
+  return "@CONT\n1,1,0,1\n@UNIT\n1,1,9.80665,0\n@NODE\n1,0,0,1,1,0\n2,4,0,0,0,0\n3,8,0,4,4,0,30\n"
+         "@ELEM\n1,1,2,0,0,1\n2,2,3,0,0,1\n@SECT\n1,0,100,20000,0,0,1,205000,0\n@PLOD\n1,2,0,-10,0\n";
+}
+
+/// A copy of the program with another companion solver beside it, or none.
+class BatchCompanion : public testing::Test {
+ protected:
+  BatchCompanion() {
+    program_.Deck("model.inp", RollerDeck());
+    EXPECT_EQ(program_.Shell("mkdir bin && cp $ZORLAN bin/zorlan-batch").exitCode, 0);
+  }
+  void PutCompanion(const std::string& script) {
+    program_.File("bin/anaZorlan", "#!/bin/sh\n" + script);
+    std::filesystem::permissions(NativePath(program_.Folder() + "bin/anaZorlan"),
+                                 std::filesystem::perms::owner_all);
+  }
+  BatchProgram program_;
+};
+
+// Half the load on each support; the roller's reaction stands at right angles to its track of 30 degrees, so
+// its horizontal part is 5 tan 30 = 2.887 kN, taken by the pin.
+TEST_F(BatchCompanion, LiesBesideTheProgram) {
+  const BatchResult result = program_.Run({"analyze", "model.inp"});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(program_.Bytes("model.out"), AllOf(HasSubstr("2.887"), HasSubstr("5.000")));
+}
+
+TEST_F(BatchCompanion, AMissingOneIsAMessage) {
+  const BatchResult result = program_.Shell("bin/zorlan-batch analyze model.inp");
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.err, HasSubstr("anaZorlan"));
+  EXPECT_THAT(Results(program_), IsEmpty());
+}
+
+TEST_F(BatchCompanion, OneThatFailsIsAMessage) {
+  PutCompanion("exit 3\n");
+  const BatchResult result = program_.Shell("bin/zorlan-batch analyze model.inp");
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.err, HasSubstr("anaZorlan"));
+  EXPECT_THAT(Results(program_), IsEmpty());
+}
+
+TEST_F(BatchCompanion, MayPrintWithoutDisturbingTheProduct) {
+  PutCompanion("echo noise; exec \"$(dirname $ZORLAN)/anaZorlan\"\n");
+  const BatchResult result = program_.Shell("bin/zorlan-batch analyze model.inp");
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(result.out, IsEmpty());
+}
+
+TEST_F(BatchCompanion, OneThatHangsEndsWithTheProgram) {
+  PutCompanion("echo $$ > \"$OLDPWD/pid\"\nexec sleep 100\n");
+  const BatchResult result = program_.Shell(
+      "OLDPWD=$PWD bin/zorlan-batch analyze model.inp & while ! [ -s pid ]; do sleep 0.01; done; kill $!; wait $!;"
+      " echo ended by $?; kill -0 $(cat pid) && echo companion still there");
+  EXPECT_EQ(result.out, "ended by 143\n");
+  EXPECT_THAT(BatchProgram::Names(program_.Temporary()), IsEmpty());
+}
+
 TEST(BatchSectionTables, TheUsersTablesComeBeforeTheSeedCopies) {
   const BatchProgram program;
   Sections sections;
@@ -280,6 +340,19 @@ TEST(BatchSectionTables, TheUsersTablesComeBeforeTheSeedCopies) {
   program.File(folder + "H.CSV", "-\r\n-\r\n-\r\n400,200,8,13,13,83.37,47000,1740,16.8,4.56,1170,174\r\n");
   ASSERT_EQ(program.Run({"--documents", "docs", "analyze", "model.inp"}).exitCode, 0);
   EXPECT_NE(program.Bytes("model.ANA/FT021"), seeds);
+}
+
+TEST(BatchSectionTables, AnInstalledProgramReadsTheTablesThatWereInstalledWithIt) {
+  const BatchProgram program;
+  Sections sections;
+  sections.sections = "@SECT\n1,2,400,200,8,13,1,205000,0\n";
+  program.Deck("model.inp", sections.Text());
+  ASSERT_EQ(program.Shell("cmake --install " ZORLAN_BINARY_DIR " --prefix $PWD/installed").exitCode, 0);
+  EXPECT_TRUE(program.Exists("installed/share/zorlan/DATA/例題－１.zor/鉄骨ラーメン.inp"));
+  EXPECT_THAT(program.Shell("installed/bin/zorlan-batch analyze model.inp").err, HasSubstr(" 0.187 "));
+  program.File("installed/share/zorlan/鋼材TABLE/H.CSV",
+               "-\r\n-\r\n-\r\n400,200,8,13,13,83.37,47000,1740,16.8,4.56,1170,174\r\n");
+  EXPECT_THAT(program.Shell("installed/bin/zorlan-batch analyze model.inp").err, HasSubstr(" 0.093 "));
 }
 
 // Ix = 23500 cm4 in the table of Japanese rolled sections: 10 * 3^3 / (3 * 205e6 * 2.35e-4) = 1.868e-3 m.

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/text_file.h"
 #include "batch/batch_program.h"
 
 namespace zorlan {
@@ -11,7 +12,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-const char* const kCommands[] = {"analyze", "check"};
+const char* const kDeckCommands[] = {"analyze", "check", "input-list"};  // that read decks
+const char* const kCommands[] = {"analyze", "check", "input-list", "csv", "convert"};
 
 TEST(BatchCommandLine, HelpAnswersAtEachLevel) {
   const BatchProgram program;
@@ -46,6 +48,12 @@ TEST(BatchCommandLine, BadUsageIsTwoAndSaysWhatIsWrong) {
       {{"solve", "model.inp"}, "「solve」"},
       {{"check"}, "入力データファイル（.inp）を指定してください"},
       {{"check", "model.inp", "--fast"}, "「--fast」"},
+      {{"csv", "model.inp"}, "出力先フォルダを指定してください"},
+      {{"csv", "model.inp", "model.inp", "--folder", ".", "--name", "a"}, "（--name）"},
+      {{"convert"}, "旧版のモデルのフォルダと入力データファイル（.inp）を指定してください"},
+      {{"convert", "old"}, "旧版のモデルのフォルダと入力データファイル（.inp）を指定してください"},
+      {{"convert", "old", "a.inp", "b.inp"}, "「b.inp」"},
+      {{"convert", "old", "a.inp"}, "old ： フォルダがありません"},
       {{"--documents"}, "コマンドを指定してください"},
       {{"check", "model.inp", "--documents"}, "オプションの値がありません"},
   };
@@ -61,7 +69,7 @@ TEST(BatchCommandLine, BadUsageIsTwoAndSaysWhatIsWrong) {
 
 TEST(BatchCommandLine, ADeckThatIsNotThereIsTwoAndNamed) {
   const BatchProgram program;
-  for (const char* const command : kCommands) {
+  for (const char* const command : kDeckCommands) {
     const BatchResult result = program.Run({command, "無い/model.inp"});
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.err, "ＺＯＲＬＡＮ For Windows: 無い/model.inp ： 入力データファイルがありません\n");
@@ -120,6 +128,72 @@ TEST(BatchCheck, LeavesNothingInTheProject) {
   EXPECT_THAT(BatchProgram::Names(program.Temporary()), IsEmpty());
 }
 
+TEST(BatchInputList, PrintsTheListOfEachDeckAndLeavesTheProjectAsItWas) {
+  const BatchProgram program;
+  program.Deck("model.inp", CantileverDeck());
+  const BatchResult result = program.Run({"input-list", "model.inp", "model.inp"});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(result.err, IsEmpty());
+  EXPECT_EQ(result.out.substr(0, result.out.size() / 2), result.out.substr(result.out.size() / 2));
+  EXPECT_THAT(result.out, AllOf(HasSubstr("片持梁"), HasSubstr("NODAL POINT LOADS"), Not(HasSubstr("\r"))));
+  EXPECT_THAT(BatchProgram::Names(program.Folder()), testing::ElementsAre("model.inp"));
+  EXPECT_THAT(BatchProgram::Names(program.Temporary()), IsEmpty());
+}
+
+TEST(BatchCsv, WritesThreeFilesOfTheStoredResultsAndSaysWhere) {
+  const BatchProgram program;
+  program.Deck("model.inp", CantileverDeck());
+  MakeFolder(program.Folder() + "表");
+  ASSERT_EQ(program.Run({"analyze", "model.inp"}).exitCode, 0);
+  const BatchResult result = program.Run({"csv", "model.inp", "--folder", "表"});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(result.out, IsEmpty());
+  EXPECT_THAT(result.err, AllOf(HasSubstr("CSVファイルを作成しました"), HasSubstr("表/model_D.CSV")));
+  EXPECT_EQ(program.Run({"csv", "model.inp", "--folder", "表/", "--name", "応力"}).exitCode, 0);
+  EXPECT_THAT(BatchProgram::Names(program.Folder() + "表"),
+              testing::ElementsAre("model_D.CSV", "model_R.CSV", "model_S.CSV", "応力_D.CSV", "応力_R.CSV",
+                                   "応力_S.CSV"));
+  EXPECT_EQ(program.Bytes("表/model_R.CSV"), program.Bytes("表/応力_R.CSV"));
+}
+
+TEST(BatchCsv, WithoutResultsItFails) {
+  const BatchProgram program;
+  program.Deck("model.inp", CantileverDeck());
+  const BatchResult result = program.Run({"csv", "model.inp", "--folder", "."});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.err, HasSubstr("FT021"));
+}
+
+// Each deck's results are its own: what a former deck of the command left doesn't serve the next.
+TEST(BatchCsv, NeverTakesTheResultsOfTheDeckBefore) {
+  const BatchProgram program;
+  program.Deck("first.inp", CantileverDeck());
+  program.Deck("second.inp", CantileverDeck());
+  ASSERT_EQ(program.Run({"analyze", "first.inp"}).exitCode, 0);
+  EXPECT_EQ(program.Run({"csv", "first.inp", "second.inp", "--folder", "."}).exitCode, 1);
+  EXPECT_FALSE(program.Exists("second_D.CSV"));
+}
+
+TEST(BatchConvert, MakesADeckOfAnOldModel) {
+  const BatchProgram program;
+  MakeFolder(program.Folder() + "old");
+  program.File("old/ft001", "2\r\n1,0,0,1,1,1\r\n2,3,0,0,0,0\r\n");
+  const BatchResult result = program.Run({"convert", "old", "new.inp"});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(result.out, IsEmpty());
+  EXPECT_EQ(program.Run({"check", "new.inp"}).exitCode, 0);
+}
+
+TEST(BatchConvert, MakesNoFolderUnasked) {
+  const BatchProgram program;
+  MakeFolder(program.Folder() + "old");
+  program.File("old/ft001", "1\r\n1,0,0,1,1,1\r\n");
+  const BatchResult result = program.Run({"convert", "old", "新/new.inp"});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.err, HasSubstr("を作成してよろしいですか？"));
+  EXPECT_FALSE(program.Exists("新"));
+}
+
 TEST(BatchProgramOutput, AFullStandardOutputIsAFailure) {
   const BatchProgram program;
   program.Deck("bad.inp", CantileverDeck() + "@ELEM\n2,1,7,0,0,1\n");
@@ -141,6 +215,17 @@ TEST(BatchProgramOutput, HasNoProgressWhereThereIsNoTerminal) {
   const BatchProgram program;
   program.Deck("model.inp", LongCantileverDeck(3000, 20));
   EXPECT_THAT(program.Run({"analyze", "model.inp"}).err, Not(HasSubstr("\r")));
+}
+
+// `script` runs a command on a terminal of its own.
+TEST(BatchProgramOutput, DrawsProgressOnATerminalAndWipesItForMessages) {
+  const BatchProgram program;
+  program.Deck("model.inp", LongCantileverDeck(1000, 20));
+  std::string decks;
+  for (int k = 0; k < 40; ++k) decks += " model.inp";
+  const BatchResult result = program.Shell("script -qec \"$ZORLAN analyze" + decks + "\" /dev/null");
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_THAT(result.out, testing::ContainsRegex("\r\x1b\\[K[^\r]*model.inp [^\r]*[0-9]+ %\r\x1b\\[K"));
 }
 
 }  // namespace

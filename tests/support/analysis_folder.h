@@ -2,10 +2,15 @@
 // case and row.
 #pragma once
 
-#include <map>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
+#include "analysis/external_road.h"
 #include "analysis/result_files.h"
 #include "analysis/static_analysis.h"
 #include "base/host.h"
@@ -20,9 +25,23 @@ class AnalysisTest : public ModelFolderTest {
     host.message = [this](std::string_view text, std::string_view title) {
       told_.push_back(std::string(title) + ": " + std::string(text));
     };
+    host.runAndWait = [this](const std::string& program, const std::string& folder) {
+      return companion_(program, folder);
+    };
     InstallHost(std::move(host));
+    ProgramFolder = ZORLAN_COMPANION_FOLDER;
   }
   ~AnalysisTest() override { InstallHost({}); }
+
+  using Companion = std::function<ProgramEnd(const std::string& program, const std::string& folder)>;
+  /// What stands in for the companion program from now on.
+  void ReplaceCompanion(Companion companion) { companion_ = std::move(companion); }
+  /// The built one.
+  static ProgramEnd RunCompanion(const std::string& program, const std::string& folder) {
+    const int status = std::system(("cd '" + folder + "' && exec '" + program + "' 2>/dev/null").c_str());
+    if (WIFSIGNALED(status)) return {ProgramEnd::How::Killed, WTERMSIG(status), ""};
+    return {ProgramEnd::How::Exited, WEXITSTATUS(status), ""};
+  }
 
   /// Writes the deck (LF, UTF-8) and analyses it.
   bool Analyse(std::string_view deck) {
@@ -67,6 +86,7 @@ class AnalysisTest : public ModelFolderTest {
   const Reactions& AllReactions() const { return reactions_; }
 
  private:
+  Companion companion_ = RunCompanion;
   std::vector<std::string> told_;
   int cases_ = 0, nodes_ = 0, elements_ = 0;
   std::vector<double> displacements_, forces_;
