@@ -138,6 +138,8 @@ TEST(BatchAnalyze, ABadDeckIsOneAndNamesItsFaultAndTheFile) {
     EXPECT_THAT(result.out, IsEmpty());
     EXPECT_THAT(result.err, HasSubstr(name + " ： 解析できませんでした"));
     for (const char* const word : deck.words) EXPECT_THAT(result.err, HasSubstr(word)) << name;
+    const bool withoutNodes = deck.text.find("@NODE") == std::string::npos;
+    EXPECT_EQ(result.err.find("節点データを１行も") != std::string::npos, withoutNodes) << name;
   }
   EXPECT_THAT(BatchProgram::Names(program.Temporary()), IsEmpty());
 }
