@@ -1,6 +1,7 @@
 #include "analysis/external_deck.h"
 
 #include <string_view>
+#include <utility>
 
 #include "analysis/external_road.h"
 #include "base/fixed_real.h"
@@ -63,13 +64,29 @@ ColumnLine SectionLine(const ExtSection& section) {
       .Real(56, section.I);
 }
 
-/// The actions at one end; the pair's number stands on its first line.
-ColumnLine LoadLine(const ExtLoad& load, int pair) {
-  ColumnLine line;
-  if (pair != 0) line.Integer(1, pair);
-  for (const std::size_t place : {std::size_t{0}, std::size_t{2}, std::size_t{4}})
-    line.Real(6 + kRealWidth * place, load[place]);
-  return line;
+/// Two actions as texts. Where they cancel they have the same digits (a minus sign takes one), so that they
+/// cancel in the deck too.
+std::pair<std::string, std::string> ActionTexts(double I, double J) {
+  std::pair<std::string, std::string> texts{ExternalReal(I), ExternalReal(J)};
+  if (I != -J || I == 0) return texts;
+  const std::string& negative = I < 0 ? texts.first : texts.second;
+  std::string positive = negative;
+  positive[positive.find('-')] = ' ';
+  (I < 0 ? texts.second : texts.first) = positive;
+  return texts;
+}
+
+/// The actions of a loaded beam at its end I, and on a second line those at its end J.
+void AppendLoadPair(const ExtLoad& I, const ExtLoad& J, int number, std::string& deck) {
+  ColumnLine lineI, lineJ;
+  lineI.Integer(1, number);
+  for (const std::size_t place : {std::size_t{0}, std::size_t{2}, std::size_t{4}}) {
+    const auto [textI, textJ] = ActionTexts(I[place], J[place]);
+    lineI.Text(6 + kRealWidth * place, textI);
+    lineJ.Text(6 + kRealWidth * place, textJ);
+  }
+  lineI.AppendTo(deck);
+  lineJ.AppendTo(deck);
 }
 
 std::string_view ReleaseCode(int end) {
@@ -116,8 +133,8 @@ void AppendBeamGroup(const ExternalTables& tables, std::string& deck) {
   for (const ExtMaterial& material : tables.ExtMaterials) MaterialLine(material).AppendTo(deck);
   for (const ExtSection& section : tables.ExtSections) SectionLine(section).AppendTo(deck);
   for (int empty = 0; empty < 3; ++empty) ColumnLine().AppendTo(deck);
-  for (std::size_t row = 0; row < tables.ExtLoads.size(); ++row)
-    LoadLine(tables.ExtLoads[row], row % 2 == 0 ? static_cast<int>(row / 2) + 1 : 0).AppendTo(deck);
+  for (std::size_t row = 0; row < tables.ExtLoads.size(); row += 2)
+    AppendLoadPair(tables.ExtLoads[row], tables.ExtLoads[row + 1], static_cast<int>(row / 2) + 1, deck);
   for (const ExtBeam& beam : tables.ExtBeams) BeamLine(beam).AppendTo(deck);
   ColumnLine().Text(1, kEndOfBeams).AppendTo(deck);
 }

@@ -1,12 +1,11 @@
 #include "analysis/external_tables.h"
 
 #include <algorithm>
-#include <cmath>
 #include <map>
-#include <numbers>
 #include <utility>
 
-#include "analysis/member_load_terms.h"
+#include "analysis/external_loads.h"
+#include "analysis/external_supports.h"
 #include "analysis/members.h"
 #include "base/fault.h"
 #include "sections/section_properties.h"
@@ -19,9 +18,8 @@ constexpr double kMmPerM = 1000;    // the unit that the section tables are kept
 constexpr double kNone = 1e-14;     // stands for a shear area or an inertia that the section doesn't have
 constexpr double kHelperE = 7e12;   // t/m2
 constexpr double kHelperNu = 0.3;
-constexpr double kHelperA = 0.25;    // m2
-constexpr double kHelperI = 0.0052;  // m4
-constexpr double kCmPerM = 100;
+constexpr double kHelperA = 0.25;          // m2
+constexpr double kHelperI = 0.0052;        // m4
 constexpr int kHighestDeckNumber = 99999;  // five columns
 
 /// Poisson's ratio that makes E / (2 (1 + ν)) the shear modulus.
@@ -57,48 +55,9 @@ struct Point {
   double x, y;
 };
 
-Point Between(const Member& member, double share) {
-  return {member.xi + share * (member.xj - member.xi), member.yi + share * (member.yj - member.yi)};
-}
-
-/// End actions of all loads on a member in one case.
-struct EndActions {
-  std::array<double, 3> I{}, J{};  // N, Q, C
-  void Add(const LoadTerms& t) {
-    const std::array<double, 3> termsI{t.Ni, t.Qi, t.Ci}, termsJ{t.Nj, t.Qj, t.Cj};
-    for (std::size_t k = 0; k < 3; ++k) {
-      I[k] += termsI[k];
-      J[k] += termsJ[k];
-    }
-  }
-  bool Any() const {
-    const auto isNotZero = [](double value) { return value != 0; };
-    return std::any_of(I.begin(), I.end(), isNotZero) || std::any_of(J.begin(), J.end(), isNotZero);
-  }
-};
-
-std::vector<EndActions> CollectEndActions(const ModelRec& model, const std::vector<Member>& members,
-                                          int loadCase) {
-  std::vector<EndActions> actions(members.size());
-  const NumberMap elements(model.Elem, model.ElemCount);
-  const auto forEach = [&](const auto& loads, int count, auto terms) {
-    for (int r = 1; r <= count; ++r) {
-      const int row = elements.Row(loads[r].element);
-      if (row == 0 || loads[r].loadCase != loadCase) continue;
-      const auto place = static_cast<std::size_t>(row - 1);
-      actions[place].Add(terms(loads[r], members[place]));
-    }
-  };
-  forEach(model.Elod, model.ElodCount, [](const ElodRec& load, const Member& member) {
-    return MemberLoadTerms(AsLoaded(member), load.TYPE, load.P * load.K, load.Ly, load.MG);
-  });
-  forEach(model.Clod, model.ClodCount, [](const ClodRec& load, const Member& member) {
-    return CmqTerms(load, member, EndMoments::Turned);
-  });
-  forEach(model.Tlod, model.TlodCount, [](const TlodRec& load, const Member& member) {
-    return TemperatureTerms(load, member, /*grid=*/false);
-  });
-  return actions;
+template <class End>
+Point Between(const End& from, const End& to, double share) {
+  return {from.X + share * (to.X - from.X), from.Y + share * (to.Y - from.Y)};
 }
 
 /// Builds the tables of one case, one table after the other.
@@ -107,7 +66,6 @@ class TableBuilder {
   TableBuilder(const ModelRec& model, int loadCase)
       : model_(model),
         loadCase_(loadCase),
-        tolerance_(MagnificationTolerance(model)),
         members_(CollectMembers(model)),
         actions_(CollectEndActions(model, members_, loadCase)),
         nodes_(model.Node, model.NodeCount),
@@ -120,8 +78,11 @@ class TableBuilder {
     for (int row = 1; row <= model_.ElemCount; ++row) AddElement(row);
     AddLinks();
     AddHelperSection();
-    AddNodalLoads();
-    AddSupports();
+    tables_.ExtNodalLoads = CollectNodalLoads(model_, members_, actions_, loadCase_);
+    ExternalSupports supports = CollectSupports(model_, loadCase_);
+    tables_.ExtBoundary = std::move(supports.boundary);
+    tables_.supportRows = std::move(supports.rows);
+    tables_.movedNodes = std::move(supports.movedNodes);
     RequireDeckNumbers();
     return std::move(tables_);
   }
@@ -132,15 +93,14 @@ class TableBuilder {
   void AddSections();
   void AddHelperSection();
   void AddElement(int row);
-  int AddRigidZone(int node, Point face, int endCode, bool atEndJ);
-  int ZonedSection(int sectionRow, const Member& member);
-  void AddLoads(ExtBeam& first, ExtBeam& last, const Member& member, const EndActions& actions,
-                const ExtElement& arms);
+  ExtBeam BeamOf(int row) const;
+  bool IsBar(int row) const;
+  void AddRigidZones(int row, ExtBeam& beam, ExtElement& element);
+  int AddRigidZone(int node, int otherNode, double share, int endCode, bool atEndJ);
+  int ZonedSection(int sectionRow, double share);
+  std::pair<ExtBeam, ExtBeam> Divided(const ExtBeam& beam);
+  int AddLoads(int row, const ExtElement& element);
   void AddLinks();
-  void AddNodalLoads();
-  void AddSupports();
-  void AddSupport(int row, const std::array<double, 3>& moved, const std::array<double, 3>& spring);
-  void AddRoller(int row, const std::array<double, 3>& moved);
   void RequireDeckNumbers() const;
 
   int AddNode(int modelNumber, Point at) {
@@ -148,17 +108,20 @@ class TableBuilder {
     tables_.ExtNodes.push_back({number, modelNumber, at.x, at.y});
     return number;
   }
-  ExtBeam& AddBeam(const ExtBeam& beam) {
+  const ExtNode& NodeOf(int number) const { return tables_.ExtNodes[static_cast<std::size_t>(number - 1)]; }
+  /// Its number.
+  int AddBeam(ExtBeam beam) {
+    beam.number = NextBeam();
     tables_.ExtBeams.push_back(beam);
-    tables_.ExtBeams.back().number = static_cast<int>(tables_.ExtBeams.size());
-    return tables_.ExtBeams.back();
+    return beam.number;
   }
-  double MagnificationOf(int nodeRow) const {
-    return MagnificationAt(model_, model_.Node[nodeRow].X, tolerance_);
-  }
+  int NextBeam() const { return static_cast<int>(tables_.ExtBeams.size()) + 1; }
   double MagnificationOf(const Member& member) const {
-    return MagnificationBetween(model_, member.xi, member.xj, tolerance_);
+    return MagnificationBetween(model_, member.xi, member.xj, MagnificationTolerance(model_));
   }
+  const Member& MemberOf(int row) const { return members_[static_cast<std::size_t>(row - 1)]; }
+  const EndActions& ActionsOf(int row) const { return actions_[static_cast<std::size_t>(row - 1)]; }
+  int SectionRow(int row) const { return sections_.Row(model_.Elem[row].section); }
   /// The material of a section that carries the factor of a member; its section stays plain, so that the
   /// factor counts once.
   int MagnifiedMaterial(int sectionRow, double magnification) const;
@@ -166,12 +129,11 @@ class TableBuilder {
 
   const ModelRec& model_;
   const int loadCase_;
-  const double tolerance_;
   const std::vector<Member> members_;
   const std::vector<EndActions> actions_;
   const NumberMap nodes_, sections_;
-  std::vector<ExtSection> plainSections_;               // by section row, from 0, zeros kept
-  std::map<std::array<double, 2>, int> zonedSections_;  // by section row and flexible share
+  std::vector<ExtSection> plainSections_;                // by section row, from 0, zeros kept
+  std::map<std::pair<int, double>, int> zonedSections_;  // by section row and flexible share
   std::vector<std::size_t>
       helperBeams_;  // whose section number is known once the helper section stands, last
   ExternalTables tables_;
@@ -226,11 +188,80 @@ int TableBuilder::MagnifiedMaterial(int sectionRow, double magnification) const 
   return sectionRow;
 }
 
-/// The section of a member between its rigid zones. Its axial stiffness is that of the whole length, so its
-/// area shrinks with its length.
-int TableBuilder::ZonedSection(int sectionRow, const Member& member) {
-  const double share = 1 - member.lambdaI - member.lambdaJ;
-  int& number = zonedSections_[{static_cast<double>(sectionRow), share}];
+/// Without bending stiffness.
+bool TableBuilder::IsBar(int row) const {
+  return plainSections_[static_cast<std::size_t>(SectionRow(row) - 1)].I <= 0;
+}
+
+void TableBuilder::AddElement(int row) {
+  ExtBeam beam = BeamOf(row);
+  ExtElement element;
+  AddRigidZones(row, beam, element);
+  const bool loaded = ActionsOf(row).Any();
+  // A bar can't hold a node at its middle, so it takes the actions of both its ends itself.
+  if (loaded && !IsBar(row)) {
+    auto [first, second] = Divided(beam);
+    first.loadI = second.loadJ = AddLoads(row, element);
+    element.beamI = AddBeam(first);
+    element.beamJ = AddBeam(second);
+  } else {
+    if (loaded) beam.loadI = beam.loadJ = AddLoads(row, element);
+    element.beamI = element.beamJ = AddBeam(beam);
+  }
+  tables_.elements.push_back(element);
+}
+
+/// The element in one piece between its nodes.
+ExtBeam TableBuilder::BeamOf(int row) const {
+  const Member& member = MemberOf(row);
+  // Two ends whose conditions aren't both among 0 and 1 are rigid.
+  const bool known = (member.II == 0 || member.II == 1) && (member.JJ == 0 || member.JJ == 1);
+  ExtBeam beam;
+  beam.modelElement = member.number;
+  beam.nodeI = member.rowI;
+  beam.nodeJ = member.rowJ;
+  beam.endI = known && member.II == 1 ? kExtPin : kExtRigid;
+  beam.endJ = known && member.JJ == 1 ? kExtPin : kExtRigid;
+  beam.section = SectionRow(row);
+  beam.material = MagnifiedMaterial(beam.section, MagnificationOf(member));
+  return beam;
+}
+
+/// Leaves the flexible part of the beam between helper beams. A rigid zone acts on bending alone: a member
+/// without bending is the same bar with or without.
+void TableBuilder::AddRigidZones(int row, ExtBeam& beam, ExtElement& element) {
+  const Member& member = MemberOf(row);
+  const double I = member.lambdaI, J = member.lambdaJ;
+  if (IsBar(row) || member.BothPinned() || (I == 0 && J == 0)) return;
+  if (I < 0 || J < 0 || I + J >= 1)
+    throw Fault("要素番号 " + std::to_string(member.number) + " ： 剛域の長さが正しくありません");
+  beam.section = ZonedSection(beam.section, 1 - I - J);
+  if (I > 0)
+    beam.nodeI = AddRigidZone(member.rowI, member.rowJ, I, std::exchange(beam.endI, kExtRigid), false);
+  if (J > 0)
+    beam.nodeJ = AddRigidZone(member.rowJ, member.rowI, J, std::exchange(beam.endJ, kExtRigid), true);
+  element.armI = I * member.L;
+  element.armJ = J * member.L;
+}
+
+/// A beam of the helper section from a node over a share of the way to the other. Answers the node at its
+/// face.
+int TableBuilder::AddRigidZone(int node, int otherNode, double share, int endCode, bool atEndJ) {
+  const int face = AddNode(0, Between(NodeOf(node), NodeOf(otherNode), share));
+  helperBeams_.push_back(tables_.ExtBeams.size());
+  ExtBeam zone;
+  zone.material = HelperMaterial();
+  zone.nodeI = atEndJ ? face : node;
+  zone.nodeJ = atEndJ ? node : face;
+  (atEndJ ? zone.endJ : zone.endI) = endCode;
+  AddBeam(zone);
+  return face;
+}
+
+/// The section of a member between its rigid zones. The member's axial stiffness is that of its whole length,
+/// so the area shrinks with the length.
+int TableBuilder::ZonedSection(int sectionRow, double share) {
+  int& number = zonedSections_[{sectionRow, share}];
   if (number == 0) {
     ExtSection section = plainSections_[static_cast<std::size_t>(sectionRow - 1)];
     section.A *= share;
@@ -240,83 +271,26 @@ int TableBuilder::ZonedSection(int sectionRow, const Member& member) {
   return number;
 }
 
-/// A beam of the helper section between a node and the face of its rigid zone. Answers the face's node.
-int TableBuilder::AddRigidZone(int node, Point face, int endCode, bool atEndJ) {
-  const int faceNode = AddNode(0, face);
-  helperBeams_.push_back(tables_.ExtBeams.size());
-  ExtBeam zone;
-  zone.material = HelperMaterial();
-  zone.nodeI = atEndJ ? faceNode : node;
-  zone.nodeJ = atEndJ ? node : faceNode;
-  (atEndJ ? zone.endJ : zone.endI) = endCode;
-  AddBeam(zone);
-  return faceNode;
-}
-
-void TableBuilder::AddElement(int row) {
-  const Member& member = members_[static_cast<std::size_t>(row - 1)];
-  const EndActions& actions = actions_[static_cast<std::size_t>(row - 1)];
-  const int sectionRow = sections_.Row(model_.Elem[row].section);
-  const bool bar = plainSections_[static_cast<std::size_t>(sectionRow - 1)].I <= 0;
-  // Two ends whose conditions aren't both among 0 and 1 are rigid.
-  const bool known = (member.II == 0 || member.II == 1) && (member.JJ == 0 || member.JJ == 1);
-
-  ExtBeam beam;
-  beam.modelElement = member.number;
-  beam.nodeI = member.rowI;
-  beam.nodeJ = member.rowJ;
-  beam.endI = known && member.II == 1 ? kExtPin : kExtRigid;
-  beam.endJ = known && member.JJ == 1 ? kExtPin : kExtRigid;
-  beam.material = MagnifiedMaterial(sectionRow, MagnificationOf(member));
-  beam.section = sectionRow;
-
-  ExtElement element;
-  // A rigid zone acts on bending alone: a member without it is the same bar with or without.
-  if (!bar && !member.BothPinned() && (member.lambdaI > 0 || member.lambdaJ > 0)) {
-    if (member.lambdaI + member.lambdaJ >= 1)
-      throw Fault("要素番号 " + std::to_string(member.number) + " ： 剛域の長さが部材長以上です");
-    beam.section = ZonedSection(sectionRow, member);
-    if (member.lambdaI > 0) {
-      beam.nodeI = AddRigidZone(member.rowI, Between(member, member.lambdaI),
-                                std::exchange(beam.endI, kExtRigid), false);
-      element.armI = member.lambdaI * member.L;
-    }
-    if (member.lambdaJ > 0) {
-      beam.nodeJ = AddRigidZone(member.rowJ, Between(member, 1 - member.lambdaJ),
-                                std::exchange(beam.endJ, kExtRigid), true);
-      element.armJ = member.lambdaJ * member.L;
-    }
-  }
-  // A bar can't hold a node at its middle, so it takes the actions of both its ends itself.
-  if (actions.Any() && !bar) {
-    ExtBeam half = beam;
-    beam.nodeJ = half.nodeI = AddNode(0, Between(member, 0.5 * (1 + member.lambdaI - member.lambdaJ)));
-    beam.endJ = half.endI = kExtRigid;
-    element.beamI = AddBeam(beam).number;
-    element.beamJ = AddBeam(half).number;
-    ExtBeam& first = tables_.ExtBeams[tables_.ExtBeams.size() - 2];
-    ExtBeam& second = tables_.ExtBeams.back();
-    first.twin = second.number;
-    second.twin = -first.number;
-    AddLoads(first, second, member, actions, element);
-  } else {
-    ExtBeam& whole = AddBeam(beam);
-    element.beamI = element.beamJ = whole.number;
-    if (actions.Any()) AddLoads(whole, whole, member, actions, element);
-  }
-  tables_.elements.push_back(element);
+/// The halves of a beam, twins, about a helper node at its middle. They are to be added next.
+std::pair<ExtBeam, ExtBeam> TableBuilder::Divided(const ExtBeam& beam) {
+  ExtBeam first = beam, second = beam;
+  first.nodeJ = second.nodeI = AddNode(0, Between(NodeOf(beam.nodeI), NodeOf(beam.nodeJ), 0.5));
+  first.endJ = second.endI = kExtRigid;
+  first.twin = NextBeam() + 1;
+  second.twin = -NextBeam();
+  return {first, second};
 }
 
 /// The actions at the ends of the flexible part that give the member's own at its nodes, times its
-/// magnification. What the nodes' magnifications make different goes onto the nodes themselves.
-void TableBuilder::AddLoads(ExtBeam& first, ExtBeam& last, const Member& member, const EndActions& actions,
-                            const ExtElement& arms) {
-  const double m = MagnificationOf(member);
-  const double momentI = actions.I[2] - actions.I[1] * arms.armI,
-               momentJ = actions.J[2] + actions.J[1] * arms.armJ;
+/// magnification. Answers the number of the pair.
+int TableBuilder::AddLoads(int row, const ExtElement& element) {
+  const EndActions& actions = ActionsOf(row);
+  const double m = MagnificationOf(MemberOf(row));
+  const double momentI = actions.I[2] - actions.I[1] * element.armI,
+               momentJ = actions.J[2] + actions.J[1] * element.armJ;
   tables_.ExtLoads.push_back({m * actions.I[0], 0, m * actions.I[1], 0, -m * momentI, 0, 0, 0});
   tables_.ExtLoads.push_back({m * actions.J[0], 0, m * actions.J[1], 0, -m * momentJ, 0, 0, 0});
-  first.loadI = last.loadJ = static_cast<int>(tables_.ExtLoads.size() / 2);
+  return static_cast<int>(tables_.ExtLoads.size() / 2);
 }
 
 /// The nodes of a group in their order, each joined to the next. A node that stands in two groups belongs to
@@ -349,118 +323,6 @@ void TableBuilder::AddLinks() {
     former = row;
     formerGroup = group;
   });
-}
-
-void TableBuilder::AddNodalLoads() {
-  std::vector<std::array<double, 3>> sums(static_cast<std::size_t>(model_.NodeCount) + 1);
-  for (int r = 1; r <= model_.PlodCount; ++r) {
-    const PlodRec& load = model_.Plod[r];
-    const int row = nodes_.Row(load.node);
-    if (row == 0 || load.loadCase != loadCase_) continue;
-    const double m = MagnificationOf(row);
-    std::array<double, 3>& sum = sums[static_cast<std::size_t>(row)];
-    sum[0] += load.F1 * m;
-    sum[1] += load.F2 * m;
-    sum[2] -= load.F3 * m;
-  }
-  for (std::size_t e = 0; e < members_.size() && model_.AlfaCount > 0; ++e) {
-    const Member& member = members_[e];
-    for (const auto& [row, action] :
-         {std::pair(member.rowI, actions_[e].I), std::pair(member.rowJ, actions_[e].J)}) {
-      const double excess = MagnificationOf(row) - MagnificationOf(member);
-      std::array<double, 3>& sum = sums[static_cast<std::size_t>(row)];
-      sum[0] -= excess * (member.c * action[0] - member.s * action[1]);
-      sum[1] -= excess * (member.c * action[1] + member.s * action[0]);
-      sum[2] += excess * action[2];
-    }
-  }
-  for (int row = 1; row <= model_.NodeCount; ++row) {
-    const std::array<double, 3>& sum = sums[static_cast<std::size_t>(row)];
-    if (sum != std::array<double, 3>{})
-      tables_.ExtNodalLoads.push_back({row, model_.Node[row].number, sum[0], sum[1], sum[2]});
-  }
-}
-
-// Boundary elements. The axes of a node's three directions in the deck: along X, upward, and the rotation's,
-// which points at the viewer, so that a rotation about it is counter-clockwise.
-
-constexpr std::array<std::array<double, 3>, 3> kAxes{{{1, 0, 0}, {0, 0, 1}, {0, -1, 0}}};
-
-std::array<double, 3> Along(std::size_t dof, double cosine) {
-  std::array<double, 3> direction{};
-  for (std::size_t k = 0; k < 3; ++k)
-    if (kAxes[dof][k] != 0) direction[k] = cosine * kAxes[dof][k];
-  return direction;
-}
-
-void TableBuilder::AddSupports() {
-  const auto count = static_cast<std::size_t>(model_.NodeCount) + 1;
-  std::vector<std::array<double, 3>> moved(count), springs(count);
-  std::vector<bool> listed(count);
-  for (int r = 1; r <= model_.SpecCount; ++r) {
-    const SpecRec& spec = model_.Spec[r];
-    const int row = nodes_.Row(spec.node);
-    if (row == 0 || spec.loadCase != loadCase_) continue;
-    const auto place = static_cast<std::size_t>(row);
-    moved[place][0] += spec.S1 / kCmPerM;
-    moved[place][1] += spec.S2 / kCmPerM;
-    moved[place][2] += spec.S3;
-    listed[place] = true;
-  }
-  for (const NodeSpring& spring : CollectSprings(model_))
-    for (std::size_t d = 0; d < 3; ++d) springs[static_cast<std::size_t>(spring.row)][d] += spring.k[d];
-  for (int row = 1; row <= model_.NodeCount; ++row) {
-    const auto place = static_cast<std::size_t>(row);
-    AddSupport(row, moved[place], springs[place]);
-    const auto& code = model_.Node[row].code;
-    if (listed[place] || std::any_of(code.begin(), code.end(), [](std::int16_t c) { return c != kFree; }))
-      tables_.supportRows.push_back(row);
-  }
-}
-
-void TableBuilder::AddSupport(int row, const std::array<double, 3>& moved,
-                              const std::array<double, 3>& spring) {
-  const NodeRec& node = model_.Node[row];
-  const double m = MagnificationOf(row);
-  ExtMovedNode marked{row, node.code};
-  const bool roller =
-      model_.RollerFlag == 1 && (node.code[0] == kInclinedRoller || node.code[1] == kInclinedRoller);
-  if (roller) AddRoller(row, moved);
-  for (std::size_t d = 0; d < 3; ++d) {
-    ExtBoundaryElement element;
-    element.node = row;
-    element.kind = d == 2 ? kExtRotation : kExtDisplacement;
-    element.magnification = m;
-    element.code = node.code[d];
-    if (element.code != kFixed && element.code != kSpring) element.code = kFree;
-    element.cosine = element.code == kFree ? 1 : -1;
-    element.prescribed = moved[d];
-    if (element.code == kSpring) {
-      element.prescribed = -moved[d];
-      element.stiffness = spring[d] * m;
-      if (element.stiffness == 0) continue;
-    } else if (element.code != kFixed && (moved[d] == 0 || (roller && d < 2))) {
-      continue;
-    }
-    element.direction = Along(d, element.cosine);
-    tables_.ExtBoundary.push_back(element);
-    if (moved[d] != 0) marked.code[d] = element.code == kSpring ? kMovedSpringCode : kMovedCode;
-  }
-  if (marked.code != node.code) tables_.movedNodes.push_back(marked);
-}
-
-/// One boundary element along the normal of the rolling plane; the support moves by the forced displacement's
-/// part along it.
-void TableBuilder::AddRoller(int row, const std::array<double, 3>& moved) {
-  const double normal = (model_.Node[row].rollerAngle + 90) * std::numbers::pi / 180;
-  ExtBoundaryElement element;
-  element.node = row;
-  element.code = kInclinedRoller;
-  element.prescribed = moved[0] * std::cos(normal) + moved[1] * std::sin(normal);
-  element.cosine = 1;
-  element.direction = {std::cos(normal), 0, std::sin(normal)};
-  element.magnification = MagnificationOf(row);
-  tables_.ExtBoundary.push_back(element);
 }
 
 void TableBuilder::RequireDeckNumbers() const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace zorlan {
 namespace {
@@ -23,6 +24,16 @@ CaseTable Residuals(const Equations& equations, const CaseTable& u) {
     }
   }
   return r;
+}
+
+/// The stiffness of every equation against its own displacement.
+std::vector<double> Diagonal(const Equations& equations) {
+  std::vector<double> diagonal(static_cast<std::size_t>(equations.Count()));
+  for (const ElementRecord& record : equations.records)
+    for (std::size_t p = 0; p < 6; ++p)
+      diagonal[3 * static_cast<std::size_t>((p < 3 ? record.rowI : record.rowJ) - 1) + p % 3] +=
+          record.k[TrianglePlace(p, p)];
+  return diagonal;
 }
 
 int LayerOf(const Equations& equations, int row) {
@@ -100,6 +111,7 @@ std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTabl
   std::vector<CaseTrust> trust(static_cast<std::size_t>(equations.cases));
   CaseTable r = Residuals(equations, displacements);
   if (equations.layers > 0) SumLayers(equations, r);
+  const std::vector<double> diagonal = Diagonal(equations);
   const HeldEquations held(equations, displacements, alsoHeld);
   const int directions = equations.kind == kPlaneGrid ? 1 : 2;
   for (int row = 1; row <= equations.nodes; ++row)
@@ -110,8 +122,13 @@ std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTabl
       for (int d = 0; d < 3; ++d) {
         const double load = equations.loads[first + d][c];
         result.largestLoad = std::max(result.largestLoad, std::abs(load));
-        if (held.IsSatisfied(row, d) && std::abs(r[first + d][c]) > result.residual) {
-          result.residual = std::abs(r[first + d][c]);
+        // No sum is known better than to the rounding of its terms.
+        constexpr double kRounding = std::numeric_limits<double>::epsilon();
+        const double unknown =
+            kRounding * std::abs(diagonal[static_cast<std::size_t>(first + d)] * displacements[first + d][c]);
+        const double residual = std::max(std::abs(r[first + d][c]), unknown);
+        if (held.IsSatisfied(row, d) && residual > result.residual) {
+          result.residual = residual;
           result.residualNode = number;
         }
         if (d >= directions) continue;
@@ -125,7 +142,10 @@ std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTabl
         result.displacementNode = number;
       }
     }
-  for (CaseTrust& result : trust) result.lost = result.residual > lostResidual * result.largestLoad;
+  // A settlement alone has no load to measure by, and its rounding must not raise the alarm.
+  constexpr double kLeastMeasure = 1;  // t, t*m
+  for (CaseTrust& result : trust)
+    result.lost = result.residual > lostResidual * std::max(result.largestLoad, kLeastMeasure);
   return trust;
 }
 

@@ -12,7 +12,9 @@ namespace zorlan {
 /// What is known of one load case after a solve. t, m, rad. Directions: frame X and Y; grid Z in the first
 /// place.
 struct CaseTrust {
-  double residual = 0;     // greatest |K u - F| of an equation that the solver was to satisfy
+  /// Greatest |K u - F| of an equation that the solver was to satisfy, or what the rounding of K u hides of
+  /// it: the displacements of a mechanism can be so huge that their forces cancel by chance.
+  double residual = 0;
   int residualNode = 0;    // number of its node; 0 if every residual is exactly 0
   double largestLoad = 0;  // greatest magnitude of a load term
   bool lost = false;       // the residual is more than rounding leaves
@@ -21,7 +23,7 @@ struct CaseTrust {
   int displacementNode = 0;        // number of that node
 };
 
-/// A residual above this share of the case's largest load term is lost.
+/// A residual above this share of the case's largest load term, or of 1 t where that is less, is lost.
 inline constexpr double kLostResidual = 1e-6;
 /// The same for a case that came back in the companion's printed columns.
 inline constexpr double kLostPrintedResidual = 1e-4;

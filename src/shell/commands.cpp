@@ -44,7 +44,11 @@ void Design(std::string_view name) {
 }  // namespace
 
 void ShowText(int printFlag, bool preview, const std::string& path) {
-  SavePrivateSetting(kApp, kSection, kKey, std::to_string(printFlag));
+  try {
+    SavePrivateSetting(kApp, kSection, kKey, std::to_string(printFlag));
+  } catch (const Fault&) {
+    // The window is told the flag as well; a text isn't withheld for it.
+  }
   TheWindows().showText(preview ? TextWindow::Preview : TextWindow::Reader, printFlag,
                         path.empty() ? PrintFile(printFlag) : path);
 }

@@ -32,6 +32,7 @@ constexpr std::string_view kCaptionTitle = "ＺＯＲＬＡＮ　Ｆｏｒ　Ｗ
 constexpr std::string_view kNoData = "データ未入力です！！！";
 
 std::string Caption(kCaptionTitle);
+ModelPlace OriginInHand;
 
 /// Asks the open forms that `asked` holds for to close; false as soon as one refuses.
 template <class Predicate>
@@ -47,6 +48,7 @@ void EmptyHands() {
   ClearAnalysis();
   ModelChanged = ModelIsOpen = false;
   Results = {};
+  OriginInHand = {};
 }
 
 /// InpModel for a deck that can't be read through: the control data alone, so that the tables can be mended.
@@ -84,9 +86,10 @@ void BringResultsBack() {
   }
 }
 
-/// What is remembered of the model in hand for the next start. A path that the files can't hold is told; the
-/// model is no worse for it.
+/// What is remembered of the model in hand, also for the next start. A path that the files can't hold is
+/// told; the model is no worse for it.
 void RememberPlace() {
+  OriginInHand = PlaceInHand();
   NoteRecentModel(DeckPath());
   try {
     SaveDataPath();
@@ -137,6 +140,10 @@ ModelPlace PlaceInHand() {
   return {DataPath, ProjectName, ModelFile};
 }
 
+const ModelPlace& Origin() {
+  return OriginInHand;
+}
+
 void LookAtResults() {
   std::error_code missing;
   const auto length = std::filesystem::file_size(NativePath(AnalysisPath + "FT031"), missing);
@@ -152,8 +159,8 @@ const std::string& MainCaption() {
 }
 
 void SetCaption() {
-  const std::string name = ModelFile.empty() ? "NewData" : ProjectName + ModelFile;
-  Caption = std::string(kCaptionTitle) + "     << " + name + " >>";
+  const std::string name = ModelFile.empty() ? "<< NewData >>" : "<< " + ProjectName + ModelFile + " >>";
+  Caption = std::string(kCaptionTitle) + "     " + name;
 }
 
 bool IsTableForm(std::string_view form) {
@@ -186,6 +193,7 @@ void NewModel() {
     ModelFile.clear();
     ClearAnalysis();
     Results = {};
+    OriginInHand = {};
     InitModelDefaults();
     ModelIsOpen = true;
     SetCaption();
@@ -199,7 +207,10 @@ void OpenModel() {
     if (CloseModel() == kFormRefused) return;
     StartAfresh();
     ProjectDialog dialog;
-    if (ShowProjectDialog(DialogMode::Open, dialog)) ShowTakenModel();
+    if (ShowProjectDialog(DialogMode::Open, dialog))
+      ShowTakenModel();
+    else
+      SetCaption();
   });
 }
 
@@ -254,7 +265,7 @@ void SaveModelAs() {
       return;
     }
     ProjectDialog dialog;
-    ShowProjectDialog(DialogMode::SaveAs, dialog);
+    if (!ShowProjectDialog(DialogMode::SaveAs, dialog)) SetCaption();  // the model has no name then
   });
 }
 
@@ -306,7 +317,11 @@ void NameModel(const ModelPlace& place) {
 }
 
 bool HoldsModelInHand(const std::string& path) {
-  return ModelIsOpen && !ModelFile.empty() && LiesIn(DeckPath(), path);
+  if (!ModelIsOpen || ModelFile.empty()) return false;
+  const std::string deck = DeckPath(), top = WithoutSeparator(path);
+  if (deck == top || deck.starts_with(FolderText(top))) return true;
+  std::error_code ignored;  // what can't be looked at isn't a link
+  return !std::filesystem::is_symlink(NativePath(top), ignored) && LiesIn(deck, top);
 }
 
 void ForgetModel() {

@@ -38,13 +38,14 @@ const TableFolder kTableFolders[] = {
     {"木材TABLE", TimberTableFolder, kTimberFiles, "が木材テーブルにありませんので、複写します"},
 };
 
-/// Builds a folder as a copy of a seed folder, whole or not at all.
+/// Builds a folder as a copy of a seed folder, whole or not at all. What stands in its place stays, and is a
+/// FileFault.
 void BringFolder(const std::string& seed, const std::string& folder) {
   const std::string unfinished = UnfinishedFolder(folder);
   DeleteTree(unfinished, /*removeTop=*/true);
   MakeFolder(unfinished);
   CopyTree(seed, unfinished);
-  FinishFolder(folder);
+  RenameFile(WithoutSeparator(unfinished), WithoutSeparator(folder));
 }
 
 /// The sample project and whatever else the seed copy of DATA holds that isn't there.
@@ -84,7 +85,7 @@ class TreeHold {
   /// False: another instance has it.
   bool Take() {
     if (held_) return true;
-    file_ = ::open((AppPath + "zorlan.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    file_ = ::open((AppPath + ".zorlan.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     if (file_ >= 0 && ::flock(file_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
       ::close(file_);
       return false;
@@ -128,6 +129,8 @@ constexpr StartStep kStartSteps[] = {
     {"Refresh", [](const StartUp&) { TheWindows().refresh(); }},
     {"LoadSectionTables",
      [](const StartUp&) {
+       ForgetSectionTables();
+       ForgetTimberTables();
        LoadSectionTables();
        LoadTimberTables();
      }},

@@ -72,6 +72,19 @@ TEST(ExternalDeck, StandsInItsColumns) {
   EXPECT_EQ(ExternalDeckText(BuildExternalTables(Corner(), 1)), CrLf(kDeck));
 }
 
+TEST(ExternalDeck, GivesActionsThatCancelTheSameDigits) {
+  ModelBuilder b;
+  b.Node(0, 0, kClamped);
+  b.Node(7, 0);
+  b.Section(2.1e7, 0.01234567, 2e-4);
+  b.Element(1, 2);
+  // 2.1e7 x 0.01234567 x 12e-6 x 37.9 = 117.911026...: ten digits alone, eight behind a minus sign
+  b.TemperatureLoad(1, 10, 37.9, 37.9, 0.000012, 0);
+  const std::string deck = ExternalDeckText(BuildExternalTables(b.model, 1));
+  EXPECT_NE(deck.find("\n    1 117.91103 "), std::string::npos) << deck;
+  EXPECT_NE(deck.find("\n     -117.91103 "), std::string::npos) << deck;
+}
+
 TEST(ExternalReal, FillsTenCharacters) {
   EXPECT_EQ(ExternalReal(0.00023456789), ".000234568");
   EXPECT_EQ(ExternalReal(-7.32421875), "-7.3242188");

@@ -1,5 +1,5 @@
-// Any bytes as a deck: read with the input check, split into tables and joined again, and, if the model is small,
-// analysed. Whatever the bytes are, all of it ends with an answer or a Fault.
+// Any bytes as a deck: read with the input check, split into tables, listed and joined again, and, if the
+// model is small, analysed. Whatever the bytes are, all of it ends with an answer or a Fault.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -11,6 +11,7 @@
 #include "base/fault.h"
 #include "base/text_file.h"
 #include "model/deck.h"
+#include "model/input_list.h"
 #include "model/model_state.h"
 
 namespace zorlan {
@@ -59,6 +60,7 @@ void RunDeck(std::string_view bytes) {
   });
   Try([] {
     LoadDeck();
+    MakeInputList();
     SaveDeck(/*deleteTables=*/true, WorkPath + "TmpFile.inp");
   });
   if (small) Try([] { RunStaticAnalysis(); });
