@@ -33,6 +33,10 @@ struct Setting {
 std::string GetPrivateSetting(std::string_view app, std::string_view section, std::string_view key,
                               std::string_view defaultValue = {});
 
+/// The values of several keys by one reading; empty where a key is missing.
+std::vector<std::string> GetPrivateSettings(std::string_view app, std::string_view section,
+                                            std::span<const std::string> keys);
+
 /// Replaces the value of the key, or appends the pair, and rewrites the file. A pair beyond the limit of
 /// entries is a Fault.
 void SavePrivateSetting(std::string_view app, std::string_view section, std::string_view key,
