@@ -1,4 +1,4 @@
-// A deck of 5000 nodes and 20 load cases, step by step: splitting, joining, reading, listing, analysing.
+// A deck of 5000 nodes and 20 load cases, step by step: splitting, joining, reading, input list, analysis.
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
 
@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "analysis/analysis_listing.h"
 #include "analysis/static_analysis.h"
 #include "base/text_file.h"
 #include "frames.h"
@@ -81,16 +80,6 @@ void AnalyseWithListing(benchmark::State& state) {
     if (RunStaticAnalysis() == kFalse) state.SkipWithError("the analysis failed");
 }
 BENCHMARK(AnalyseWithListing)->Unit(benchmark::kMillisecond);
-
-void WriteListingOfResults(benchmark::State& state) {
-  const DeckInHand deck;
-  RunStaticAnalysis();
-  for (auto _ : state) {
-    DSYSOUT1();
-    DSYSOUT2();
-  }
-}
-BENCHMARK(WriteListingOfResults)->Unit(benchmark::kMillisecond);
 
 /// A thousand sections that stand in the steel tables, looked up once each.
 void LookUpSections(benchmark::State& state) {

@@ -47,6 +47,7 @@ function(zorlan_test name)
   target_include_directories(${name}_test PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${name}_test PRIVATE ZORLAN_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   target_link_libraries(${name}_test PRIVATE ${TEST_LINKS} zorlan_options GTest::gmock GTest::gtest_main)
+  target_compile_options(${name}_test PRIVATE -O1)  # the tests' own code has nothing to gain from more
   include(GoogleTest)
   gtest_discover_tests(${name}_test TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
 endfunction()

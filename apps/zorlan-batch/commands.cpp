@@ -64,7 +64,7 @@ ExitCode Analyze(const Request&) {
   const DeckHeld held(DeckPath());
   const auto start = std::chrono::steady_clock::now();
   if (RunStaticAnalysis() == kFalse) {
-    const bool empty = RawModel.NodeCount == 0;
+    const bool empty = LastAnalysis().deckRead && RawModel.NodeCount == 0;
     Tell(DeckPath() + " ： 解析できませんでした" + (empty ? "（節点データを１行も読み込めません）" : ""));
     return kFailed;
   }

@@ -2,13 +2,9 @@
 #include <malloc.h>
 
 #include <exception>
-#include <filesystem>
-#include <system_error>
 #include <variant>
 
-#include "analysis/external_road.h"
 #include "base/host.h"
-#include "base/text_file.h"
 #include "batch_host.h"
 #include "command_line.h"
 #include "commands.h"
@@ -33,10 +29,6 @@ int main(int argc, char** argv) {
   using namespace zorlan::batch;
   KeepFreedMemory();
   InstallBatchHost();
-  std::error_code
-      ignored;  // without its own place the companion isn't found, and that is told when it is needed
-  ProgramFolder =
-      FolderText(PathText(std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path()));
   try {
     const std::variant<Request, ExitCode> parsed = ParseCommandLine(argc, argv);
     if (const ExitCode* const code = std::get_if<ExitCode>(&parsed)) return *code;

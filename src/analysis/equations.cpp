@@ -109,8 +109,8 @@ std::vector<std::vector<int>> PlacesByRow(const std::vector<ElementRecord>& reco
   return places;
 }
 
-/// The stream of the file road: for each node row its members not yet taken, then its springs; the last row
-/// takes only its springs. The first record that meets a node takes the node's load terms.
+/// The stream of the file road: for each node row its members not yet taken, then its springs. The first
+/// record that meets a node takes the node's load terms.
 void OrderForTheFront(const PlainRecords& plain, Equations& equations) {
   const auto memberPlaces = PlacesByRow(plain.members, equations.nodes);
   const auto springPlaces = PlacesByRow(plain.springs, equations.nodes);
@@ -127,12 +127,11 @@ void OrderForTheFront(const PlainRecords& plain, Equations& equations) {
   equations.records.reserve(plain.members.size() + plain.springs.size());
   equations.recordsAtRow.assign(static_cast<std::size_t>(equations.nodes) + 1, 0);
   for (int row = 1; row <= equations.nodes; ++row) {
-    if (row < equations.nodes)
-      for (const int place : memberPlaces[static_cast<std::size_t>(row)]) {
-        if (taken[static_cast<std::size_t>(place)]) continue;
-        taken[static_cast<std::size_t>(place)] = true;
-        append(plain.members[static_cast<std::size_t>(place)], row);
-      }
+    for (const int place : memberPlaces[static_cast<std::size_t>(row)]) {
+      if (taken[static_cast<std::size_t>(place)]) continue;
+      taken[static_cast<std::size_t>(place)] = true;
+      append(plain.members[static_cast<std::size_t>(place)], row);
+    }
     for (const int place : springPlaces[static_cast<std::size_t>(row)])
       append(plain.springs[static_cast<std::size_t>(place)], row);
   }

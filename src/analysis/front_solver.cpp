@@ -181,8 +181,6 @@ bool FrontSweep::EliminateNode(int node, EliminatedRows& rows, NoStiffness& faul
     if (CodeOf(node, d) == kFixed) continue;
     if (!Pivot(node, d, fault)) return false;
     eliminated.row[static_cast<std::size_t>(d)] = StoreRow(own, rows);
-    // A stored equation's column is empty from here on, in the node's own later rows first.
-    for (int later = d + 1; later < dofs_; ++later) FrontRow(FirstRowOf(node) + later)[ownColumn_ + d] = 0;
   }
   ReduceOthers(node);
   for (int d = 0; d < dofs_; ++d) {

@@ -33,7 +33,6 @@ CaseTable FixedReactions(const Equations& equations, const CaseTable& displaceme
       for (std::size_t place = 0; place < 6; ++place) {
         const int e = EquationAt(record, place);
         if (equations.Code(e) == kFree || equations.Code(e) == kSpring) continue;
-        if (record.rowI == record.rowJ && place >= 3) continue;  // a spring has three equations
         AddProduct(record, place, displacements, reactions[e]);
         if (place < 3 ? record.loadsI : record.loadsJ)
           for (int c = 0; c < equations.cases; ++c) reactions[e][c] -= equations.loads[e][c];

@@ -151,11 +151,13 @@ FileReader::~FileReader() {
 }
 
 std::size_t FileReader::Read(char* room, std::size_t size) {
-  for (;;) {
+  while (!ended_) {
     const ssize_t got = ::read(file_, room, size);
+    ended_ = got == 0;
     if (got >= 0) return static_cast<std::size_t>(got);
     if (errno != EINTR) Fail(path_, errno);
   }
+  return 0;
 }
 
 std::string ReadBytes(const std::string& path) {

@@ -75,6 +75,7 @@ class FileReader {
   std::string path_;
   int file_ = -1;
   std::size_t size_ = 0;
+  bool ended_ = false;  // nobody asks the system again
 };
 
 /// A large file written piece by piece. Anew, it takes its name only at Commit, and without it leaves nothing

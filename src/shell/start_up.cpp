@@ -85,7 +85,7 @@ class TreeHold {
   /// False: another instance has it.
   bool Take() {
     if (held_) return true;
-    file_ = ::open((AppPath + "zorlan.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    file_ = ::open((AppPath + ".zorlan.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     if (file_ >= 0 && ::flock(file_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
       ::close(file_);
       return false;

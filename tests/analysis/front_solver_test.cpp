@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "support/model_builder.h"
+#include "support/plain_front.h"
 #include "support/random_models.h"
 #include "support/solved_model.h"
 
@@ -138,6 +139,56 @@ TEST(FrontCodes, OfFixedEquationsLeaveTheirUnknownAtZero) {
     EXPECT_EQ(s.U(3, 2), 0);
     EXPECT_NEAR(s.U(3, 1), -8. / (12 * 200), 1e-12) << "guided end: P L^3/12EI";
   }
+}
+
+/// Sound models, models with negative stiffness of a section or of a spring, mechanisms, and nothing.
+std::vector<ModelRec> AllKindsOfModels() {
+  std::vector<ModelRec> models;
+  for (const ModelKind kind : {kPlaneFrame, kSameDisplacementFrame, kPlaneGrid})
+    for (const auto& [columns, storeys] : {std::pair(2, 3), {4, 4}, {3, 7}, {6, 5}})
+      for (std::uint32_t seed = 1; seed <= 25; ++seed) {
+        ModelRec model = RandomModel({kind, columns, storeys, seed}).Model();
+        if (seed % 5 == 1) model.Sect[2].E = -model.Sect[2].E;
+        if (seed % 5 == 2)
+          for (int r = 1; r <= model.ElemCount; r += 3) model.Elem[r].II = model.Elem[r].JJ = 1;
+        if (seed % 5 == 3)
+          for (int r = 1; r <= model.SprgCount; ++r) model.Sprg[r].K1 = model.Sprg[r].K2 = -1000;
+        if (seed % 5 == 4)
+          for (int r = 1; r <= model.SectCount; ++r) model.Sect[r].E = 0;
+        models.push_back(model);
+      }
+  // Two members side by side, of EI = 150 and, pinned at J, -200: 4EI/L of the one and 3EI/L of the other
+  // cancel at I, their couplings don't.
+  ModelBuilder cancelling;
+  cancelling.Section(150, 1, 1);
+  cancelling.Section(-200, 1, 1);
+  for (const double x : {12.0, 8.0, 4.0, 0.0}) cancelling.Node(x, 0, x == 0 ? kClamped : kLoose);
+  cancelling.Element(2, 1, 1);
+  cancelling.Element(2, 1, 2, 0, 1);
+  cancelling.Element(2, 3, 1);
+  cancelling.Element(4, 3, 1);
+  cancelling.NodalLoad(1, 1, -1, 0.5);
+  cancelling.NodalLoad(2, 1, 2, 0.25);
+  models.push_back(cancelling.model);
+  return models;
+}
+
+TEST(FrontElimination, IsThePlainOneToTheLastBit) {
+  int solved = 0, unstable = 0;
+  for (const ModelRec& model : AllKindsOfModels()) {
+    const Equations equations = BuildEquations(model, CollectMembers(model), SolverRoad::File);
+    NoStiffness fault, plainFault;
+    const std::optional<CaseTable> x = SolveByFront(equations, fault);
+    const std::optional<CaseTable> plain = PlainFront(equations).Solve(kPivotTolerance, plainFault);
+    ASSERT_EQ(x.has_value(), plain.has_value());
+    ++(x ? solved : unstable);
+    if (!x)
+      EXPECT_EQ(InstabilityText(fault), InstabilityText(plainFault));
+    else
+      EXPECT_THAT(x->Values(), testing::ElementsAreArray(plain->Values()));
+  }
+  EXPECT_GT(solved, 200);
+  EXPECT_GT(unstable, 5);
 }
 
 TEST(FrontProgress, RisesToTheEnd) {

@@ -176,6 +176,25 @@ TEST(Instability, OfARotationIsToleratedBesideGroups) {
   EXPECT_EQ(Solve(b.model, SolverRoad::InMemory).U(3, 2), 0);
 }
 
+// A spring of negative stiffness takes all that a rotation has of its own, 4EI/L = 200. A row whose diagonal
+// is 0 is left out of every reduction, so the rotation is tolerated as it stands: the bare load term on the
+// file road, 0 in memory. 12EI/L^3 = 37.5 and 6EI/L^2 = 75 then move the tip.
+TEST(Instability, OfARotationThatIsCoupledAllTheSameIsTolerated) {
+  ModelBuilder b = Plain();
+  b.Node(0, 0, kClamped);
+  b.Node(4, 0, {0, 0, 2});
+  b.Element(1, 2);
+  b.Spring(2, 0, 0, -20000);
+  b.NodalLoad(2, 0, -1, 0.25);
+  const SolvedModel file = Solve(b.model, SolverRoad::File), memory = Solve(b.model, SolverRoad::InMemory);
+  ASSERT_FALSE(file.instability || memory.instability);
+  EXPECT_EQ(file.U(2, 2), 0.25);
+  EXPECT_NEAR(file.U(2, 1), -1 / 37.5 + 0.25 * 75 / 37.5, 1e-12);
+  EXPECT_EQ(memory.U(2, 2), 0);
+  EXPECT_NEAR(memory.U(2, 1), -1 / 37.5, 1e-12);
+  EXPECT_TRUE(file.trust[0].lost && memory.trust[0].lost);
+}
+
 /// An upright bar on which a spring of k t/m in U, and of m t*m/rad, is all that holds its top.
 ModelBuilder Barely(double k, double m) {
   ModelBuilder b = Plain();

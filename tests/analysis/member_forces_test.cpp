@@ -121,12 +121,11 @@ TEST(MemberForces, OfATrussMemberWithInertiaAreItsAxialForceAndItsOwnLoad) {
 }
 
 TEST(MemberForces, HaveNoNInAGridWhateverTheLoads) {
-  ModelBuilder b = Held(0, 0, 3, 4, 0, 0, kPlaneGrid);
-  for (const int MG : {0, 1, 2, 3}) b.ElementLoad(1, -3, 0, 0, MG);
-  for (const int MG : {0, 1}) b.CmqLoad(1, 1, 2, 3, 4, 5, MG);
-  b.TemperatureLoad(1, 10, 40, 20, 1e-5, 0);
-  for (const SolverRoad road : kRoads)
-    for (const int p : {1, 4}) EXPECT_EQ(Solve(b.model, road).F(1, p), 0);
+  const ModelBuilder slanted = Held(0, 0, 3, 4, 0, 0, kPlaneGrid);
+  for (const ModelBuilder& b : {Loaded(slanted, -3, 0), Loaded(slanted, -3, 1), Loaded(slanted, -3, 2),
+                                WithCmq(slanted, 0), WithCmq(slanted, 1), Heated(slanted, 40, 20)})
+    for (const SolverRoad road : kRoads)
+      for (const int p : {1, 4}) EXPECT_EQ(Solve(b.model, road).F(1, p), 0);
 }
 
 TEST(MemberForces, OfACaseThatIsNotThereAreLeftOut) {

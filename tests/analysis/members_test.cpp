@@ -48,6 +48,12 @@ TEST(Members, OfAnUnknownRigidTypeHaveNoZones) {
   EXPECT_EQ(CollectMembers(b.model)[1].lambdaJ, 0);
 }
 
+TEST(Members, OfTheRigidTypeZeroHaveNoZonesEvenIfARowHasThatNumber) {
+  ModelBuilder b = TwoMembers();
+  b.model.Rigd[1].number = 0;
+  EXPECT_EQ(CollectMembers(b.model)[0].lambdaI, 0);
+}
+
 TEST(Members, TakeTheLastOfTheRowsWithTheirNumber) {
   ModelBuilder b = TwoMembers();
   b.Section(3e6, 0.01, 1e-4);

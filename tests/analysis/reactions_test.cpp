@@ -105,9 +105,11 @@ TEST(Reactions, OfSeveralSpringsOnANodeAreThoseOfTheLastRow) {
 }
 
 TEST(Reactions, OfASpringCodeWithoutASpringAreNothing) {
-  for (const ModelKind kind : {kPlaneFrame, kSameDisplacementFrame})
-    for (const SolverRoad road : kRoads)
-      EXPECT_NEAR(Solve(LoadedBeam(kind, kClamped, {0, 2, 0}).model, road).R(2, 1), 0, 1e-9);
+  for (const double w : {-3.0, -0.1, -0.7, 1.3, 1e3 / 7}) {
+    const ModelRec model = LoadedBeam(kPlaneFrame, kClamped, {0, 2, 0}, w).model;
+    EXPECT_EQ(Solve(model, SolverRoad::File).R(2, 1), 0);
+    EXPECT_NEAR(Solve(model, SolverRoad::InMemory).R(2, 1), 0, 1e-9) << "what rounding leaves";
+  }
 }
 
 // Loads and stiffness are both doubled: the displacements stay, the reactions balance the doubled load. A
