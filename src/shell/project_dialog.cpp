@@ -112,17 +112,6 @@ std::optional<ModelPlace> CheckNames(const ProjectDialog& dialog) {
   return place;
 }
 
-/// Whether the file can be opened and read.
-bool CanRead(const std::string& path) {
-  if (!FileExists(path)) return false;
-  try {
-    ReadBytes(path);
-    return true;
-  } catch (const Fault&) {
-    return false;
-  }
-}
-
 /// Whether two paths are one file or folder, by whatever names.
 bool IsSame(const std::string& a, const std::string& b) {
   return LiesIn(a, b) && LiesIn(b, a);
@@ -187,7 +176,7 @@ bool DeleteChosen(const ModelPlace& place) {
 }
 
 bool OpenChosen(const ModelPlace& place) {
-  if (!CanRead(place.Deck())) {
+  if (!CanReadFile(place.Deck())) {
     TellCannotOpen();
     return false;
   }
@@ -223,8 +212,8 @@ bool Accept(ProjectDialog& dialog) {
     case DialogMode::Delete:
       return DeleteChosen(*place);
     case DialogMode::CopySource:
-      if (!CanRead(place->Deck())) TellCannotOpen();
-      return CanRead(place->Deck());
+      if (!CanReadFile(place->Deck())) TellCannotOpen();
+      return CanReadFile(place->Deck());
     case DialogMode::ConversionTarget:
       return MayOverwrite(*place);  // the conversion itself writes the deck
     default:

@@ -109,7 +109,7 @@ ModelPlace PlaceOf(const std::string& deck) {
   return place;
 }
 
-/// Asks whether a changed model is to be saved, and does it. Nothing: the user cancelled.
+/// Asks whether a changed model is to be saved, and does it. Answers as CloseModel does.
 std::int16_t OfferSaving() {
   switch (TheHost().question("入力中のモデルを保存してよろしいですか？", kApplicationTitle,
                              Buttons::YesNoCancel)) {
@@ -218,7 +218,7 @@ bool OpenDeckFile(const std::string& path) {
   bool opened = false;
   RunCommand("OpenModel", [&] {
     const ModelPlace place = PlaceOf(path);
-    if (ModelBaseName(place.model) == place.model || !FileExists(place.Deck())) {
+    if (ModelBaseName(place.model) == place.model || !CanReadFile(place.Deck())) {
       TellCannotOpen();
       ForgetRecentModel(place.Deck());
       return;

@@ -486,7 +486,8 @@ TEST_F(ProjectsTest, DeckFileOutsideAnyProjectOpensToo) {
 TEST_F(ProjectsTest, FileThatIsNoDeckOrNotThereIsTold) {
   Write(Account() + "a.txt", "text");
   NoteRecentModel(Account() + "gone.inp");
-  for (const char* const name : {"a.txt", "gone.inp", ""}) {
+  std::filesystem::create_symlink("/proc/self/mem", NativePath(Account() + "locked.inp"));  // can't be read
+  for (const char* const name : {"a.txt", "gone.inp", "locked.inp", ""}) {
     Forget();
     EXPECT_FALSE(OpenDeckFile(Account() + name));
     EXPECT_THAT(told, ElementsAre("データを開くことが出来ませんでした\n"
