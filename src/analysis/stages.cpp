@@ -100,7 +100,7 @@ void DFORWARB() {
     Eliminate();
     if (!Stage.rows) return;
     NoStiffness fault;
-    Stage.layerDisplacements = SolveLayers(std::move(Stage.rows->layers), Stage.equations->layers, fault);
+    Stage.layerDisplacements = SolveLayers(std::move(Stage.rows->layers), fault);
     if (!Stage.layerDisplacements) {
       Stage.rows.reset();
       TellInstability(fault);
