@@ -32,6 +32,8 @@ std::string Complaint(const CLI::App& app, const CLI::ParseError& error) {
   if (!remaining.empty()) return "引数 「" + remaining.front() + "」 は使えません";
   if (app.get_subcommands().empty()) return "コマンドを指定してください";
   if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+    if (app.get_subcommands().front()->get_option_no_throw("FILE") != nullptr)
+      return "リストのファイルを指定してください";
     const bool convert = app.get_subcommands().front()->get_option_no_throw("FOLDER") != nullptr;
     return convert ? "旧版のモデルのフォルダと入力データファイル（.inp）を指定してください"
                    : "入力データファイル（.inp）を指定してください";
@@ -42,6 +44,8 @@ std::string Complaint(const CLI::App& app, const CLI::ParseError& error) {
 
 /// What keeps a well-formed command from being carried out; empty: nothing.
 std::string_view Refusal(const Request& request) {
+  if (request.command->words == Command::Words::ListingAndPdf && request.output.empty())
+    return "ＰＤＦファイル（--output）を指定してください";
   if (request.command->words != Command::Words::DecksAndCsv) return {};
   if (request.csvFolder.empty()) return "出力先フォルダを指定してください";
   if (!request.csvName.empty() && request.decks.size() > 1)
@@ -79,6 +83,16 @@ std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
               "作成する入力データファイル")
           ->required()
           ->type_name("");
+    } else if (command.words == Command::Words::ListingAndPdf) {
+      level
+          ->add_option_function<std::string>(
+              "FILE", [&request](const std::string& listing) { request.decks = {listing}; },
+              "リストのファイル")
+          ->required()
+          ->type_name("");
+      level->add_option("--output", request.output, "作成するＰＤＦファイル")
+          ->type_name("FILE.pdf")
+          ->group(kOptionGroup);
     } else {
       level->add_option("DECK", request.decks, "入力データファイル <model>.inp（いくつでも）")
           ->required()

@@ -5,11 +5,13 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstring>
 
+#include "analysis/external_road.h"
 #include "analysis/static_analysis.h"
 #include "base/fault.h"
 #include "base/host.h"
@@ -64,7 +66,7 @@ ExitCode Analyze(const Request&) {
   const DeckHeld held(DeckPath());
   const auto start = std::chrono::steady_clock::now();
   if (RunStaticAnalysis() == kFalse) {
-    const bool empty = RawModel.NodeCount == 0;
+    const bool empty = LastAnalysis().deckRead && RawModel.NodeCount == 0;
     Tell(DeckPath() + " ： 解析できませんでした" + (empty ? "（節点データを１行も読み込めません）" : ""));
     return kFailed;
   }
@@ -108,6 +110,17 @@ ExitCode Convert(const Request& request) {
   return ConvertOldModel(request.oldModel, DeckPath()) ? kDone : kFailed;
 }
 
+/// Becomes the program that knows pages: the others stay free of its libraries, whose start alone takes
+/// longer than the analysis of a small deck.
+ExitCode Print(const Request& request) {
+  const std::string program = ProgramFolder + "zorlan-print";
+  std::array<std::string, 4> words = {program, request.decks.front(), request.output, AppPath};
+  std::array<char*, 5> arguments = {words[0].data(), words[1].data(), words[2].data(), words[3].data(),
+                                    nullptr};
+  ::execv(program.c_str(), arguments.data());
+  throw FileFault(program, std::strerror(errno));
+}
+
 constexpr Command kCommands[] = {
     {"analyze", "静解析を行い、<model>.ANA と <model>.out を作成します", Analyze},
     {"check", "入力データのエラーチェックを行います", Check},
@@ -115,12 +128,16 @@ constexpr Command kCommands[] = {
     {"csv", "解析結果を３つのＣＳＶファイルに出力します", Csv, Command::Words::DecksAndCsv},
     {"convert", "旧版（Ver1）のモデルのフォルダを入力データファイルに変換します", Convert,
      Command::Words::OldModelAndDeck},
+    {"print", "リストを印刷の形でＰＤＦファイルに出力します", Print, Command::Words::ListingAndPdf},
 };
 
 ExitCode RunOnDeck(const Request& request, const std::string& deck) {
   try {
     if (request.command->words != Command::Words::OldModelAndDeck && !FileExists(deck)) {
-      Tell(deck + (FolderExists(deck) ? " ： フォルダです" : " ： 入力データファイルがありません"));
+      const bool listing = request.command->words == Command::Words::ListingAndPdf;
+      const std::string missing =
+          listing ? " ： リストのファイルがありません" : " ： 入力データファイルがありません";
+      Tell(deck + (FolderExists(deck) ? " ： フォルダです" : missing));
       return kUsage;
     }
     SetModelInHand(deck);

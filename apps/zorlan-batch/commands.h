@@ -17,8 +17,8 @@ struct Command {
   const char* description;
   ExitCode (*run)(const Request& request);  // on the model in hand; a Fault is a failure
   /// What stands behind the command: decks; decks, and where the CSV files go; an old model and the deck to
-  /// make of it.
-  enum class Words { Decks, DecksAndCsv, OldModelAndDeck } words = Words::Decks;
+  /// make of it; a listing, and the PDF file to make of it.
+  enum class Words { Decks, DecksAndCsv, OldModelAndDeck, ListingAndPdf } words = Words::Decks;
 };
 
 /// What stands on the command line.
@@ -28,6 +28,7 @@ struct Request {
   std::string documents;  // the documents folder; empty: the user's
   std::string oldModel;   // the folder that a conversion reads
   std::string csvFolder, csvName;
+  std::string output;
 };
 
 std::span<const Command> Commands();

@@ -2,6 +2,7 @@
 #include <malloc.h>
 
 #include <exception>
+#include <optional>
 #include <variant>
 
 #include "base/host.h"
@@ -32,8 +33,10 @@ int main(int argc, char** argv) {
   try {
     const std::variant<Request, ExitCode> parsed = ParseCommandLine(argc, argv);
     if (const ExitCode* const code = std::get_if<ExitCode>(&parsed)) return *code;
-    const PrivateFolder folder;
-    return RunCommand(std::get<Request>(parsed));
+    const Request& request = std::get<Request>(parsed);
+    std::optional<PrivateFolder> folder;
+    if (request.command->words != Command::Words::ListingAndPdf) folder.emplace();
+    return RunCommand(request);
   } catch (const Interrupted& interrupted) {
     DieBySignal(interrupted.signal);
   } catch (const std::exception& fault) {

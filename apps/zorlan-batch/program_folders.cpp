@@ -13,16 +13,9 @@
 namespace zorlan::batch {
 namespace {
 
-/// The folder of the seed copies: beside an installed program, else in the source tree.
-std::string SeedFolder() {
-  const std::filesystem::path installed =
-      NativePath(ProgramFolder).parent_path().parent_path() / "share" / "zorlan";
-  return FolderText(FolderExists(PathText(installed)) ? PathText(installed) : ZORLAN_SOURCE_DATA);
-}
-
 std::string TableFolder(const std::string& name) {
   const std::string folder = FolderText(AppPath + name);
-  return FolderExists(folder) ? folder : FolderText(SeedFolder() + name);
+  return FolderExists(folder) ? folder : FolderText(InstallFolder(ZORLAN_SOURCE_DATA) + name);
 }
 
 }  // namespace

@@ -185,6 +185,7 @@ std::int16_t RunStaticAnalysis() {
   try {
     if (!FileExists(DeckPath())) throw FileFault(DeckPath(), "ファイルがありません");
     ReadDeck(DeckPath(), /*checkMode=*/false);
+    Report.deckRead = true;
     if (CountSupports(CalcModel, 0) == 0) {
       Tell("支持点がありません");
       return kFalse;

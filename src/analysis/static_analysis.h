@@ -38,8 +38,9 @@ int CountSupports(const ModelRec& model, int loadCase);
 /// Which solver a run took.
 enum class Road { InMemory, File, External };
 
-/// What the last successful run did, for who tells the user.
+/// What the last run did, for who tells the user; all but `deckRead` is of a successful one.
 struct AnalysisReport {
+  bool deckRead = false;
   int nodes = 0, elements = 0, cases = 0;
   Road road = Road::InMemory;
   std::vector<CaseTrust> trust;  // a case each, of the in-program solver

@@ -142,7 +142,10 @@ std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTabl
         result.displacementNode = number;
       }
     }
-  for (CaseTrust& result : trust) result.lost = result.residual > lostResidual * result.largestLoad;
+  // A settlement alone has no load to measure by, and its rounding must not raise the alarm.
+  constexpr double kLeastMeasure = 1;  // t, t*m
+  for (CaseTrust& result : trust)
+    result.lost = result.residual > lostResidual * std::max(result.largestLoad, kLeastMeasure);
   return trust;
 }
 

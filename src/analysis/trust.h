@@ -23,7 +23,7 @@ struct CaseTrust {
   int displacementNode = 0;        // number of that node
 };
 
-/// A residual above this share of the case's largest load term is lost.
+/// A residual above this share of the case's largest load term, or of 1 t where that is less, is lost.
 inline constexpr double kLostResidual = 1e-6;
 /// The same for a case that came back in the companion's printed columns.
 inline constexpr double kLostPrintedResidual = 1e-4;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <Eigen/SparseCholesky>
 #include <limits>
+#include <span>
 
 #include "base/fault.h"
 #include "companion/structure.h"
@@ -18,6 +19,9 @@ using Factorization = Eigen::SimplicialLDLT<Matrix>;
 /// A pivot below this share of its diagonal entry is what rounding leaves of 0. The share of a sound
 /// structure is far above: a clamped beam cut into N pieces has pivots of about 1 / N^3.
 constexpr Real kPivotShare = 1000 * std::numeric_limits<Real>::epsilon();
+
+/// A result below this share of the largest of its kind is what rounding leaves of 0.
+constexpr double kRoundingShare = 1e-15;
 
 /// The equations of a structure, scaled to a diagonal of 1.
 class Equations {
@@ -165,6 +169,26 @@ bool IsFinite(const Solution& solution) {
          allFinite(solution.boundaryForces);
 }
 
+/// Sets to 0 what is rounding. It differs with the processor's widest real, and a beam without axial force
+/// would pass for a strut or a tie by its sign.
+void ClearRounding(Solution& solution) {
+  double movement = 0, force = 0;  // the largest: m and rad, forces and moments
+  const auto widen = [](double& largest, std::span<const double> values) {
+    for (const double value : values) largest = std::max(largest, std::abs(value));
+  };
+  for (const auto& u : solution.displacements) widen(movement, u);
+  for (const auto& ends : solution.endForces) widen(force, ends);
+  widen(force, solution.boundaryForces);
+
+  const auto clear = [](double largest, std::span<double> values) {
+    for (double& value : values)
+      if (std::abs(value) < kRoundingShare * largest) value = 0;
+  };
+  for (auto& u : solution.displacements) clear(movement, u);
+  for (auto& ends : solution.endForces) clear(force, ends);
+  clear(force, solution.boundaryForces);
+}
+
 }  // namespace
 
 std::optional<Solution> Solve(const Deck& deck, Unstable& unstable) {
@@ -173,6 +197,7 @@ std::optional<Solution> Solve(const Deck& deck, Unstable& unstable) {
   if (!unknowns) return std::nullopt;
   Solution solution = Recover(structure, *unknowns);
   if (!IsFinite(solution)) throw Fault("計算中に数値の範囲を超えました");
+  ClearRounding(solution);
   return solution;
 }
 

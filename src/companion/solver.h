@@ -23,8 +23,8 @@ struct Unstable {
 };
 
 /// Solves the deck; for an unstable structure there is no solution and `unstable` is filled. A rotation that
-/// no beam holds (all ends at the node are pins) isn't counted as unstable: it stays 0. Throws Fault for
-/// supports that contradict each other, or an overflow.
+/// no beam holds (all ends at the node are pins) isn't counted as unstable: it stays 0. What rounding leaves
+/// of a 0 is 0. Throws Fault for supports that contradict each other, or an overflow.
 std::optional<Solution> Solve(const Deck& deck, Unstable& unstable);
 
 }  // namespace zorlan::companion

@@ -43,28 +43,6 @@ void Design(std::string_view name) {
 
 }  // namespace
 
-std::string PrintFile(int printFlag) {
-  switch (printFlag) {
-    case kPrintCheckRead:
-    case kPrintCheck:
-      return WorkPath + "InputErr.txt";
-    case kPrintInputList:
-      return ScratchDeck();
-    case kPrintListing:
-      return ListingPath();
-    case kPrintSteelDesign:
-      return ResultFolder() + "DSNS";
-    case kPrintConcreteDesign:
-      return ResultFolder() + "DSNRC";
-    case kPrintCombinations:
-      return WorkPath + "KUMI";
-    case kPrintTimberDesign:
-      return ResultFolder() + "DSNW";
-    default:
-      return WorkPath + "TmpFile";
-  }
-}
-
 void ShowText(int printFlag, bool preview, const std::string& path) {
   try {
     SavePrivateSetting(kApp, kSection, kKey, std::to_string(printFlag));

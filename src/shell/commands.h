@@ -5,23 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "output/print_flag.h"
+
 namespace zorlan {
-
-/// What PrintFlag says is to be shown. Both values of the check are in use.
-enum PrintFlag : int {
-  kPrintCheckRead = -1,
-  kPrintCheck = 0,
-  kPrintInputList = 1,
-  kPrintListing = 2,
-  kPrintSteelDesign = 3,
-  kPrintConcreteDesign = 4,
-  kPrintCombinations = 5,
-  kPrintTimberDesign = 6,
-  kPrintOther = 7,
-};
-
-/// The file of a PrintFlag for the model in hand.
-std::string PrintFile(int printFlag);
 
 /// Keeps the flag under ("ZOR", "PrnText", "PrintFlag") and shows its file. `path` empty: PrintFile(flag).
 void ShowText(int printFlag, bool preview, const std::string& path = {});

@@ -4,7 +4,9 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 #include "base/text.h"
 #include "base/text_file.h"
@@ -64,6 +66,18 @@ std::string DocumentsFolder() {
 
 std::string ProgramTree(std::string_view documents) {
   return FolderText(FolderText(documents) + "Quellwerk") + FolderText("ZORLAN_V6");
+}
+
+std::string InstallFolder(const std::string& sourceData) {
+  std::error_code ignored;  // without it the build's folder is left
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+  const std::string installed =
+      FolderText(PathText(program.parent_path().parent_path() / "share" / "zorlan"));
+  return FolderExists(installed) ? installed : FolderText(sourceData);
+}
+
+std::string ManualPath(const std::string& install) {
+  return FolderText(install) + "マニュアル.pdf";
 }
 
 std::string VersionText() {

@@ -1,4 +1,4 @@
-// Where the program's own tree of folders stands, and its version.
+// Where the program's own tree of folders and its install folder stand, and its version.
 #pragma once
 
 #include <string>
@@ -16,6 +16,13 @@ std::string DocumentsFolderFrom(std::string_view userDirs, std::string_view home
 
 /// The program's tree under a documents folder, with a closing separator.
 std::string ProgramTree(std::string_view documents);
+
+/// The install folder of this program: "share/zorlan" beside the folder of the running program, else the
+/// folder that the build names.
+std::string InstallFolder(const std::string& sourceData);
+
+/// "マニュアル.pdf" of the install folder.
+std::string ManualPath(const std::string& install);
 
 /// "Version 6.00 [Rev.0]"
 std::string VersionText();

@@ -32,6 +32,16 @@ std::vector<fs::directory_entry> EntriesOf(const std::string& folder) {
 
 }  // namespace
 
+bool CanReadFile(const std::string& path) {
+  if (!FileExists(path)) return false;
+  try {
+    ReadBytes(path);
+    return true;
+  } catch (const Fault&) {
+    return false;
+  }
+}
+
 std::string WithoutSeparator(std::string_view path) {
   while (path.size() > 1 && path.ends_with('/')) path.remove_suffix(1);
   return std::string(path);

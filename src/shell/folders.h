@@ -10,6 +10,9 @@ namespace zorlan {
 /// The name that a folder has for `name`, case aside (A to Z); the exact one first. Nothing without one.
 std::optional<std::string> FindName(const std::string& folder, std::string_view name);
 
+/// Whether the file can be opened and read.
+bool CanReadFile(const std::string& path);
+
 /// The path without closing separators: a link at its end is then seen as a link.
 std::string WithoutSeparator(std::string_view path);
 

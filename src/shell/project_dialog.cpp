@@ -80,29 +80,31 @@ std::string DataPathOf(const ProjectDialog& dialog) {
   return path.empty() ? DataPath : FolderText(path);
 }
 
-/// The three parts that the boxes name; nothing if they name none, which the user was told.
+/// The three parts that the boxes name; nothing if they name none, which the user was told. What a folder
+/// has is proof of its name.
 std::optional<ModelPlace> CheckNames(const ProjectDialog& dialog) {
   const std::string project = ProjectBoxText(dialog.project), model = ModelBoxText(dialog.model);
   if (project.empty() || model.empty()) {
     Tell(project.empty() ? kNoProjectName : kNoModel);
     return std::nullopt;
   }
-  if (!IsUsableName(project)) {
+  ModelPlace place;
+  place.dataPath = DataPathOf(dialog);
+  const std::string projectName = project + std::string(kProjectEnding);
+  const std::optional<std::string> known = FindName(place.dataPath, projectName);
+  if (!known && !IsUsableName(project)) {
     Tell(kBadProjectName);
     return std::nullopt;
   }
-  ModelPlace place;
-  place.dataPath = DataPathOf(dialog);
-  place.project = FolderText(NameIn(place.dataPath, project + std::string(kProjectEnding)));
+  place.project = FolderText(known.value_or(projectName));
   const std::string folder = place.dataPath + place.project;
   if (!FolderExists(folder)) {
-    const std::string name = place.dataPath + project + std::string(kProjectEnding);
-    if (!Consents("フォルダ" + name + " を新規作成してよいですか", Buttons::OkCancel)) return std::nullopt;
+    const std::string question = "フォルダ" + place.dataPath + projectName + " を新規作成してよいですか";
+    if (!Consents(question, Buttons::OkCancel)) return std::nullopt;
     MakeFolder(folder);
   }
-  place.model = NameIn(folder, model + std::string(kModelEnding));
-  // A deck that is there has a name that can be.
-  const bool there = FileExists(place.Deck());
+  const std::optional<std::string> there = FindName(folder, model + std::string(kModelEnding));
+  place.model = there.value_or(model + std::string(kModelEnding));
   if (!there && (!IsUsableName(model) || !FolderTakes(folder, model + std::string(kTestEnding)))) {
     Tell(kBadModel);
     return std::nullopt;
@@ -110,45 +112,34 @@ std::optional<ModelPlace> CheckNames(const ProjectDialog& dialog) {
   return place;
 }
 
-/// Whether the file can be opened and read.
-bool CanRead(const std::string& path) {
-  if (!FileExists(path)) return false;
-  try {
-    ReadBytes(path);
-    return true;
-  } catch (const Fault&) {
-    return false;
-  }
-}
-
 /// Whether two paths are one file or folder, by whatever names.
 bool IsSame(const std::string& a, const std::string& b) {
   return LiesIn(a, b) && LiesIn(b, a);
 }
 
-/// Gives the deck at `place` the stored results of the model in hand, and no others.
-void CopyStoredResults(const ModelPlace& from, const ModelPlace& to) {
-  const auto base = [](const ModelPlace& place) {
-    return place.dataPath + place.project + ModelBaseName(place.model);
-  };
-  const std::string oldBase = base(from), newBase = base(to);
-  if (from.model.empty() || IsSame(oldBase + ".ANA", newBase + ".ANA")) return;
-  if (FileExists(oldBase + ".out"))
-    CopyFileOver(oldBase + ".out", newBase + ".out");
-  else
-    RemoveFile(newBase + ".out");  // of the model that was there before
-  DeleteTree(newBase + ".ANA", /*removeTop=*/true);
-  if (!FolderExists(oldBase + ".ANA")) return;
-  DeleteTree(UnfinishedFolder(newBase + ".ANA"), /*removeTop=*/true);
-  CopyFilesOf(oldBase + ".ANA", UnfinishedFolder(newBase + ".ANA"));
-  FinishFolder(newBase + ".ANA");
+/// The path of a model without the ending of its deck.
+std::string BasePath(const ModelPlace& place) {
+  return place.dataPath + place.project + ModelBaseName(place.model);
 }
 
-/// A model that comes to this name without results has none stored under it either.
 void RemoveStoredResults(const ModelPlace& place) {
-  const std::string base = place.dataPath + place.project + ModelBaseName(place.model);
-  RemoveFile(base + ".out");
-  DeleteTree(base + ".ANA", /*removeTop=*/true);
+  RemoveFile(BasePath(place) + ".out");
+  DeleteTree(BasePath(place) + ".ANA", /*removeTop=*/true);
+}
+
+/// Gives the model at `to` the stored results of the one at `from`, and no others. A model that was never
+/// stored has none.
+void CopyStoredResults(const ModelPlace& from, const ModelPlace& to) {
+  const std::string oldBase = BasePath(from), newBase = BasePath(to);
+  if (!from.model.empty() && IsSame(oldBase + ".ANA", newBase + ".ANA")) return;
+  RemoveStoredResults(to);
+  if (from.model.empty()) return;
+  if (FileExists(oldBase + ".out")) CopyFileOver(oldBase + ".out", newBase + ".out");
+  if (!FolderExists(oldBase + ".ANA")) return;
+  const std::string unfinished = UnfinishedFolder(newBase + ".ANA");
+  DeleteTree(unfinished, /*removeTop=*/true);
+  CopyFilesOf(oldBase + ".ANA", unfinished);
+  FinishFolder(newBase + ".ANA");
 }
 
 bool MayOverwrite(const ModelPlace& place) {
@@ -157,16 +148,12 @@ bool MayOverwrite(const ModelPlace& place) {
                   Buttons::YesNo);
 }
 
-bool SaveUnder(const ModelPlace& place, DialogMode mode) {
+bool SaveUnder(const ModelPlace& place) {
   if (!MayOverwrite(place)) return false;
-  const ModelPlace before = PlaceInHand();
   SaveDeck(/*deleteTables=*/false, place.Deck());
   ModelChanged = false;
   try {
-    if (mode == DialogMode::SaveAs)
-      CopyStoredResults(before, place);
-    else if (!FileExists(AnalysisPath + "FT031"))
-      RemoveStoredResults(place);
+    CopyStoredResults(Origin(), place);
   } catch (const Fault& fault) {
     ReportError("CopyResults", fault.what());  // the model itself is saved
   }
@@ -189,7 +176,7 @@ bool DeleteChosen(const ModelPlace& place) {
 }
 
 bool OpenChosen(const ModelPlace& place) {
-  if (!CanRead(place.Deck())) {
+  if (!CanReadFile(place.Deck())) {
     TellCannotOpen();
     return false;
   }
@@ -225,12 +212,12 @@ bool Accept(ProjectDialog& dialog) {
     case DialogMode::Delete:
       return DeleteChosen(*place);
     case DialogMode::CopySource:
-      if (!CanRead(place->Deck())) TellCannotOpen();
-      return CanRead(place->Deck());
+      if (!CanReadFile(place->Deck())) TellCannotOpen();
+      return CanReadFile(place->Deck());
     case DialogMode::ConversionTarget:
       return MayOverwrite(*place);  // the conversion itself writes the deck
     default:
-      return SaveUnder(*place, dialog.mode);
+      return SaveUnder(*place);
   }
 }
 

@@ -32,6 +32,7 @@ constexpr std::string_view kCaptionTitle = "ＺＯＲＬＡＮ　Ｆｏｒ　Ｗ
 constexpr std::string_view kNoData = "データ未入力です！！！";
 
 std::string Caption(kCaptionTitle);
+ModelPlace OriginInHand;
 
 /// Asks the open forms that `asked` holds for to close; false as soon as one refuses.
 template <class Predicate>
@@ -47,6 +48,7 @@ void EmptyHands() {
   ClearAnalysis();
   ModelChanged = ModelIsOpen = false;
   Results = {};
+  OriginInHand = {};
 }
 
 /// InpModel for a deck that can't be read through: the control data alone, so that the tables can be mended.
@@ -84,9 +86,10 @@ void BringResultsBack() {
   }
 }
 
-/// What is remembered of the model in hand for the next start. A path that the files can't hold is told; the
-/// model is no worse for it.
+/// What is remembered of the model in hand, also for the next start. A path that the files can't hold is
+/// told; the model is no worse for it.
 void RememberPlace() {
+  OriginInHand = PlaceInHand();
   NoteRecentModel(DeckPath());
   try {
     SaveDataPath();
@@ -106,7 +109,7 @@ ModelPlace PlaceOf(const std::string& deck) {
   return place;
 }
 
-/// Asks whether a changed model is to be saved, and does it. Nothing: the user cancelled.
+/// Asks whether a changed model is to be saved, and does it. Answers as CloseModel does.
 std::int16_t OfferSaving() {
   switch (TheHost().question("入力中のモデルを保存してよろしいですか？", kApplicationTitle,
                              Buttons::YesNoCancel)) {
@@ -135,6 +138,10 @@ void StartAfresh() {
 
 ModelPlace PlaceInHand() {
   return {DataPath, ProjectName, ModelFile};
+}
+
+const ModelPlace& Origin() {
+  return OriginInHand;
 }
 
 void LookAtResults() {
@@ -186,6 +193,7 @@ void NewModel() {
     ModelFile.clear();
     ClearAnalysis();
     Results = {};
+    OriginInHand = {};
     InitModelDefaults();
     ModelIsOpen = true;
     SetCaption();
@@ -210,7 +218,7 @@ bool OpenDeckFile(const std::string& path) {
   bool opened = false;
   RunCommand("OpenModel", [&] {
     const ModelPlace place = PlaceOf(path);
-    if (ModelBaseName(place.model) == place.model || !FileExists(place.Deck())) {
+    if (ModelBaseName(place.model) == place.model || !CanReadFile(place.Deck())) {
       TellCannotOpen();
       ForgetRecentModel(place.Deck());
       return;
@@ -309,7 +317,11 @@ void NameModel(const ModelPlace& place) {
 }
 
 bool HoldsModelInHand(const std::string& path) {
-  return ModelIsOpen && !ModelFile.empty() && LiesIn(DeckPath(), path);
+  if (!ModelIsOpen || ModelFile.empty()) return false;
+  const std::string deck = DeckPath(), top = WithoutSeparator(path);
+  if (deck == top || deck.starts_with(FolderText(top))) return true;
+  std::error_code ignored;  // what can't be looked at isn't a link
+  return !std::filesystem::is_symlink(NativePath(top), ignored) && LiesIn(deck, top);
 }
 
 void ForgetModel() {

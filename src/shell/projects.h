@@ -22,6 +22,10 @@ struct ModelPlace {
 /// The place that the three globals name.
 ModelPlace PlaceInHand();
 
+/// Where the deck lies that the model in hand came from or was last saved as, also when it has lost its name;
+/// empty for a new one. Its stored results are the model's.
+const ModelPlace& Origin();
+
 /// A model is in hand: opened or begun. ModelFile doesn't say so: at start it names the model of last time,
 /// and a new model has no name.
 extern bool ModelIsOpen;
@@ -83,7 +87,8 @@ void ShowTakenModel();
 /// Gives the model in hand another place: its name, caption and what is remembered of it.
 void NameModel(const ModelPlace& place);
 
-/// Whether the file or folder is, or holds, the deck of the model in hand.
+/// Whether the removal of a file or folder takes the deck of the model in hand away. A link takes away only
+/// what was opened by way of it.
 bool HoldsModelInHand(const std::string& path);
 /// Ends the model in hand without saving, as after its deletion: no names, empty work folders, no windows.
 void ForgetModel();

@@ -27,11 +27,10 @@ void Keep(std::vector<std::string> models, std::size_t before) {
 }  // namespace
 
 std::vector<std::string> RecentModels() {
-  std::vector<std::string> models;
-  for (std::size_t i = 1; i <= kMaxRecentModels; ++i) {
-    std::string deck = GetPrivateSetting(kApp, kSection, std::to_string(i));
-    if (!deck.empty()) models.push_back(std::move(deck));
-  }
+  std::vector<std::string> keys;
+  for (std::size_t i = 1; i <= kMaxRecentModels; ++i) keys.push_back(std::to_string(i));
+  std::vector<std::string> models = GetPrivateSettings(kApp, kSection, keys);
+  std::erase(models, std::string());
   return models;
 }
 

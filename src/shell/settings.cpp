@@ -141,9 +141,22 @@ std::string Quoted(std::string_view text) {
 std::string GetPrivateSetting(std::string_view app, std::string_view section, std::string_view key,
                               std::string_view defaultValue) {
   const std::string name = EntryKey(app, section, key);
-  for (Entry& entry : ParseSettings(SettingsText(SettingsPath())))
-    if (entry.key == name) return std::move(entry.value);
+  for (const Entry& entry : ParseSettings(SettingsText(SettingsPath())))
+    if (entry.key == name) return entry.value;
   return std::string(defaultValue);
+}
+
+std::vector<std::string> GetPrivateSettings(std::string_view app, std::string_view section,
+                                            std::span<const std::string> keys) {
+  const std::vector<Entry> entries = ParseSettings(SettingsText(SettingsPath()));
+  std::vector<std::string> values;
+  for (const std::string& key : keys) {
+    const auto found = std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) {
+      return entry.key == EntryKey(app, section, key);
+    });
+    values.push_back(found != entries.end() ? found->value : std::string());
+  }
+  return values;
 }
 
 void SavePrivateSetting(std::string_view app, std::string_view section, std::string_view key,
@@ -209,6 +222,10 @@ std::string PrinterInfoText(const PrinterRec& printer) {
                                    printer.pageNumbers, printer.firstPage})
     text.append(std::to_string(value)).append(kLineEnd);
   return text;
+}
+
+PrinterRec StoredPrinterInfo() {
+  return FileExists(PrinterPath()) ? ParsePrinterInfo(SettingsText(PrinterPath()), {}) : PrinterRec();
 }
 
 void PrinterInfo(bool write, const SystemPrinters& printers) {

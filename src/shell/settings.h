@@ -33,6 +33,10 @@ struct Setting {
 std::string GetPrivateSetting(std::string_view app, std::string_view section, std::string_view key,
                               std::string_view defaultValue = {});
 
+/// The values of several keys by one reading; empty where a key is missing.
+std::vector<std::string> GetPrivateSettings(std::string_view app, std::string_view section,
+                                            std::span<const std::string> keys);
+
 /// Replaces the value of the key, or appends the pair, and rewrites the file. A pair beyond the limit of
 /// entries is a Fault.
 void SavePrivateSetting(std::string_view app, std::string_view section, std::string_view key,
@@ -92,6 +96,9 @@ std::string PrinterInfoText(const PrinterRec& printer);
 /// Reads PrinterInf.Ini into PrinterSettings, or writes it. Without the file the settings are those of the
 /// system printer, and the file is written. A printer that isn't installed gives way to the system printer.
 void PrinterInfo(bool write, const SystemPrinters& printers = {});
+
+/// What PrinterInf.Ini says as it stands; the defaults without the file. Writes nothing.
+PrinterRec StoredPrinterInfo();
 
 // Places of windows
 

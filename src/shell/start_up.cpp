@@ -15,7 +15,6 @@
 #include "model/model_state.h"
 #include "sections/steel_tables.h"
 #include "sections/timber_tables.h"
-#include "shell/documents_folder.h"
 #include "shell/folders.h"
 #include "shell/projects.h"
 #include "shell/windows.h"
@@ -85,7 +84,7 @@ class TreeHold {
   /// False: another instance has it.
   bool Take() {
     if (held_) return true;
-    file_ = ::open((AppPath + "zorlan.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    file_ = ::open((AppPath + ".zorlan.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     if (file_ >= 0 && ::flock(file_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
       ::close(file_);
       return false;
@@ -147,18 +146,6 @@ void SetFolders(const std::string& documents) {
   DataPath = DefaultDataPath;
   for (const TableFolder& folder : kTableFolders)
     folder.path = FolderText(AppPath + std::string(folder.name));
-}
-
-std::string InstallFolder(const std::string& sourceData) {
-  std::error_code ignored;  // without it the build's folder is left
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-  const std::string installed =
-      FolderText(PathText(program.parent_path().parent_path() / "share" / "zorlan"));
-  return FolderExists(installed) ? installed : FolderText(sourceData);
-}
-
-std::string ManualPath(const std::string& install) {
-  return FolderText(install) + "マニュアル.pdf";
 }
 
 void SetUpFolders(const std::string& install) {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/documents_folder.h"
 #include "shell/settings.h"
 
 namespace zorlan {
@@ -19,12 +20,6 @@ inline constexpr std::string_view kSplashLines[] = {"応力解析・断面算定
                                                     "Windows 7 / 8.1 / 10 対応版", "Ver6"};
 inline constexpr int kSplashMilliseconds = 2000;
 
-/// Distances of the cascade at start, in both directions.
-inline constexpr int kCascadeStep = 50;
-
-/// Told to who starts the program a second time: two would empty each other's work folder.
-inline constexpr std::string_view kAlreadyRunning = "ＺＯＲＬＡＮは、既に起動しています";
-
 /// What the start needs to know of the machine, and what of the desktop takes part in it.
 struct StartUp {
   std::string documents;    // the user's documents folder; empty: DocumentsFolder()
@@ -34,13 +29,6 @@ struct StartUp {
 
 /// Sets AppPath and all folders that follow from it, the folders of the section tables included.
 void SetFolders(const std::string& documents);
-
-/// The install folder of this program: "share/zorlan" beside the folder of the running program, else the
-/// folder that the build names.
-std::string InstallFolder(const std::string& sourceData);
-
-/// "マニュアル.pdf" of the install folder.
-std::string ManualPath(const std::string& install);
 
 /// Makes the missing folders and brings the seed copies in, a deleted sample project included; then looks for
 /// each file of the section tables, and tells and copies what is missing.

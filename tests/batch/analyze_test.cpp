@@ -138,6 +138,8 @@ TEST(BatchAnalyze, ABadDeckIsOneAndNamesItsFaultAndTheFile) {
     EXPECT_THAT(result.out, IsEmpty());
     EXPECT_THAT(result.err, HasSubstr(name + " ： 解析できませんでした"));
     for (const char* const word : deck.words) EXPECT_THAT(result.err, HasSubstr(word)) << name;
+    const bool withoutNodes = deck.text.find("@NODE") == std::string::npos;
+    EXPECT_EQ(result.err.find("節点データを１行も") != std::string::npos, withoutNodes) << name;
   }
   EXPECT_THAT(BatchProgram::Names(program.Temporary()), IsEmpty());
 }
@@ -286,6 +288,17 @@ class BatchCompanion : public testing::Test {
   }
   BatchProgram program_;
 };
+
+// Without a load the beam follows its settling support as a whole: only the rounding of the companion's
+// columns is left.
+TEST_F(BatchCompanion, ASettlementAloneRaisesNoAlarm) {
+  std::string deck = RollerDeck();
+  deck.replace(deck.find("@PLOD"), std::string::npos, "@SPEC\n1,1,0,0.5,0\n");
+  program_.Deck("model.inp", deck);
+  const BatchResult result = program_.Run({"analyze", "model.inp"});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_THAT(result.err, Not(HasSubstr("釣り合い")));
+}
 
 // Half the load on each support; the roller's reaction stands at right angles to its track of 30 degrees, so
 // its horizontal part is 5 tan 30 = 2.887 kN, taken by the pin.

@@ -180,6 +180,31 @@ TEST(CompanionSolver, SlidesAnInclinedRollerAlongItsPlaneAlone) {
   EXPECT_NEAR(nx * s.displacements[1][0] + nz * s.displacements[1][1], 0, 1e-17);
 }
 
+// The roller's plane rises by 30 degrees, so cosines that aren't exact enter every equation. The beam below
+// slides on a plane of its own and is pulled along by nothing but its own load.
+TEST(CompanionSolver, LeavesExactZerosWhereNothingActs) {
+  Frame f;
+  const int pin = f.Node(0, 0), middle = f.Node(4, 0), roller = f.Node(8, 0);
+  f.Beam(pin, middle);
+  f.Beam(middle, roller);
+  f.Pin(pin);
+  const int plane = f.Hold(roller, {-0.5, std::sqrt(0.75), 0});
+  f.deck.loads[1] = {30, 0, 0};
+  const int wall = f.Node(0, 5), slide = f.Node(6, 5);
+  f.Beam(wall, slide);
+  f.Clamp(wall);
+  f.Hold(slide, {std::sqrt(0.5), std::sqrt(0.5), 0});
+  f.Hold(slide, {0, 0, 1});
+  f.deck.loads[4] = {7, 0, 0};
+  const Solution s = f.Solved();
+  const std::array<double, 6> pulled = {-30, 0, 0, 30, 0, 0}, idle = {};
+  EXPECT_NEAR(s.endForces[0][0], pulled[0], 1e-12);
+  EXPECT_NEAR(s.endForces[0][3], pulled[3], 1e-12);
+  for (const std::size_t place : {1, 2, 4, 5}) EXPECT_EQ(s.endForces[0][place], 0) << place;
+  EXPECT_EQ(s.endForces[1], idle);
+  EXPECT_EQ(s.boundaryForces[static_cast<std::size_t>(plane)], 0);
+}
+
 TEST(CompanionSolver, JoinsTheNodesOfALinkAlongXWhateverTheirHeights) {
   Frame f;  // two columns of 3 m and 4 m: 12EI/H^3... as cantilevers 3EI/H^3
   const int base1 = f.Node(0, 0), head1 = f.Node(0, 3), base2 = f.Node(5, 0), head2 = f.Node(5, 4);

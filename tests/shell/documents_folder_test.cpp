@@ -55,5 +55,9 @@ TEST(Version, HasTwoDigitsBehindThePoint) {
   EXPECT_EQ(VersionText(), "Version 6.00 [Rev.0]");
 }
 
+TEST(InstallFolder, IsTheBuildsFolderForAProgramThatIsNotInstalled) {
+  EXPECT_EQ(InstallFolder("/home/me/zorlan/data"), "/home/me/zorlan/data/");
+}
+
 }  // namespace
 }  // namespace zorlan

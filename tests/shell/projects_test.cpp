@@ -373,6 +373,24 @@ TEST_F(ProjectsTest, NewModelSavedOverAnotherLeavesNoForeignResults) {
   EXPECT_FALSE(FileExists(Sample() + "門形.out"));
 }
 
+TEST_F(ProjectsTest, ModelThatLostItsNameTakesItsResultsToTheNextOne) {
+  Write(Results() + "FT031", "1\n");
+  Write(Sample() + "門形.out", "listing");
+  SaveModelAs();  // cancelled
+  OnDialog("例題－１", "門形");
+  answers = {Answer::Yes};
+  OverwriteModel();
+  EXPECT_EQ(Read(Results() + "FT031"), "1\r\n") << "saved where it came from";
+  EXPECT_EQ(Read(Sample() + "門形.out"), "listing");
+  SaveModelAs();
+  Write(Sample() + "別.inp", "another");
+  Write(Sample() + "別.ANA/DSNS", "another's");
+  OnDialog("例題－１", "別");
+  answers = {Answer::Yes};
+  OverwriteModel();
+  EXPECT_THAT(Listing(Sample() + "別.ANA"), ElementsAre("FT031"));
+}
+
 TEST_F(ProjectsTest, DeletingAsksWithTheFullPathAndTakesTheResultsAlong) {
   Write(Sample() + "二.inp", kPortal);
   Write(Sample() + "二.out", "listing");
@@ -419,6 +437,25 @@ TEST_F(ProjectsTest, DeletingAModelThatIsNotThereIsTold) {
   EXPECT_THAT(told, ElementsAre(Sample() + "無い.inp が見つかりません！！！"));
 }
 
+TEST_F(ProjectsTest, NameNeverLeadsOutOfTheChosenProject) {
+  Write(Data() + "隣.zor/m.inp", kPortal);
+  const auto before = Contents(Data());
+  OnDialog("例題－１", "../隣.zor/m");
+  answers = {Answer::Yes};
+  DeleteModel();
+  EXPECT_THAT(told, ElementsAre("モデル名に使用できない文字が含まれています！！！"));
+  EXPECT_EQ(Contents(Data()), before);
+}
+
+TEST_F(ProjectsTest, DeletingALinkToTheDeckInHandKeepsTheModel) {
+  std::filesystem::create_symlink(NativePath(Deck()), NativePath(Sample() + "鏡.inp"));
+  OnDialog("例題－１", "鏡");
+  answers = {Answer::Yes};
+  DeleteModel();
+  EXPECT_THAT(Listing(Sample()), ElementsAre("門形.inp"));
+  EXPECT_TRUE(ModelIsOpen);
+}
+
 TEST_F(ProjectsTest, DeletingFollowsNoLinkOutOfTheProject) {
   Write(Account() + "other/precious", "1");
   Write(Sample() + "二.inp", kPortal);
@@ -449,7 +486,8 @@ TEST_F(ProjectsTest, DeckFileOutsideAnyProjectOpensToo) {
 TEST_F(ProjectsTest, FileThatIsNoDeckOrNotThereIsTold) {
   Write(Account() + "a.txt", "text");
   NoteRecentModel(Account() + "gone.inp");
-  for (const char* const name : {"a.txt", "gone.inp", ""}) {
+  std::filesystem::create_symlink("/proc/self/mem", NativePath(Account() + "locked.inp"));  // can't be read
+  for (const char* const name : {"a.txt", "gone.inp", "locked.inp", ""}) {
     Forget();
     EXPECT_FALSE(OpenDeckFile(Account() + name));
     EXPECT_THAT(told, ElementsAre("データを開くことが出来ませんでした\n"

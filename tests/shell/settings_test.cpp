@@ -94,6 +94,12 @@ TEST_F(SettingsTest, SeveralValuesGoInByOneWriting) {
   EXPECT_EQ(Read(Settings()), "\"ZOR:a:1:\",\"x\"\r\n\"ZOR:a:2:\",\"y\"\r\n");
 }
 
+TEST_F(SettingsTest, SeveralValuesComeByOneReading) {
+  SavePrivateSetting("ZOR", "a", "2", "y");
+  const std::string keys[] = {"1", "2"};
+  EXPECT_THAT(GetPrivateSettings("ZOR", "a", keys), ElementsAre("", "y"));
+}
+
 TEST_F(SettingsTest, BrokenLinesAreLeftOutAndTheOthersHold) {
   ReplaceBytes(Settings(), "\"ZOR:a:1:\",\"x\"\r\n\"ZOR:a:2:\r\n\xFF\xFE\x81\r\n,,,\r\n\"ZOR:a:3:\",\"z");
   EXPECT_EQ(GetPrivateSetting("ZOR", "a", "1"), "x");

@@ -187,7 +187,7 @@ TEST_F(StartUpTest, SecondInstanceTouchesNothing) {
   const pid_t child = ::fork();
   if (child == 0) {
     // The hold of this copy of the process is the parent's; a fresh one would have to take it anew.
-    ::execl("/usr/bin/flock", "flock", "-n", (Tree() + "zorlan.lock").c_str(), "true", nullptr);
+    ::execl("/usr/bin/flock", "flock", "-n", (Tree() + ".zorlan.lock").c_str(), "true", nullptr);
     ::_exit(127);
   }
   int state = 0;
@@ -198,12 +198,12 @@ TEST_F(StartUpTest, SecondInstanceTouchesNothing) {
 
 TEST_F(StartUpTest, TreeHeldByAnotherInstanceIsLeftAlone) {
   Write(Tree() + "WK/NODE", "1,0,0,1,1,1\n");
-  Write(Tree() + "zorlan.lock", "");
+  Write(Tree() + ".zorlan.lock", "");
   int ready[2];
   ASSERT_EQ(::pipe(ready), 0);
   const pid_t child = ::fork();
   if (child == 0) {
-    ::execl("/usr/bin/flock", "flock", (Tree() + "zorlan.lock").c_str(), "sh", "-c",
+    ::execl("/usr/bin/flock", "flock", (Tree() + ".zorlan.lock").c_str(), "sh", "-c",
             ("echo >&" + std::to_string(ready[1]) + "; sleep 30").c_str(), nullptr);
     ::_exit(127);
   }
@@ -217,7 +217,7 @@ TEST_F(StartUpTest, TreeHeldByAnotherInstanceIsLeftAlone) {
   if (!isHeld) GTEST_SKIP() << "no flock program here";
   EXPECT_EQ(started, Started::AlreadyRunning);
   EndProgram();
-  EXPECT_EQ(Listing(Tree()), (std::vector<std::string>{"WK/", "WK/NODE", "zorlan.lock"}));
+  EXPECT_EQ(Listing(Tree()), (std::vector<std::string>{".zorlan.lock", "WK/", "WK/NODE"}));
 }
 
 TEST_F(StartUpTest, EndEmptiesTheWorkFoldersAndKeepsTheRest) {

@@ -1,0 +1,72 @@
+#include "desktop/boxes.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QMessageBox>
+#include <QString>
+
+#include "render/qt_text.h"
+
+namespace zorlan {
+namespace {
+
+/// An hourglass over a box that waits for the user would be a lie.
+class ArrowShown {
+ public:
+  ArrowShown() : over_(QApplication::overrideCursor() != nullptr) {
+    if (over_) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  }
+  ~ArrowShown() {
+    if (over_) QApplication::restoreOverrideCursor();
+  }
+  ArrowShown(const ArrowShown&) = delete;
+  ArrowShown& operator=(const ArrowShown&) = delete;
+
+ private:
+  bool over_;
+};
+
+QMessageBox::StandardButton Run(QMessageBox::Icon icon, std::string_view text, std::string_view title,
+                                QMessageBox::StandardButtons buttons, QMessageBox::StandardButton enter) {
+  const ArrowShown arrow;
+  QMessageBox box(icon, ToQt(title), ToQt(text), buttons, QApplication::activeWindow());
+  box.setTextFormat(Qt::PlainText);
+  box.setDefaultButton(enter);
+  return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+bool SomethingWouldBeLost(std::string_view text) {
+  return text.find("削除") != std::string_view::npos || text.find("上書き") != std::string_view::npos;
+}
+
+}  // namespace
+
+void ShowBox(std::string_view text, std::string_view title) {
+  Run(QMessageBox::Information, text, title, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+Answer AskBox(std::string_view text, std::string_view title, Buttons buttons) {
+  const bool loss = SomethingWouldBeLost(text);
+  switch (buttons) {
+    case Buttons::YesNo: {
+      const QMessageBox::StandardButton enter = loss ? QMessageBox::No : QMessageBox::Yes;
+      const auto answer = Run(QMessageBox::Question, text, title, QMessageBox::Yes | QMessageBox::No, enter);
+      return answer == QMessageBox::Yes ? Answer::Yes : Answer::No;
+    }
+    case Buttons::YesNoCancel: {
+      const auto answer = Run(QMessageBox::Question, text, title,
+                              QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+      if (answer == QMessageBox::Yes) return Answer::Yes;
+      return answer == QMessageBox::No ? Answer::No : Answer::Cancel;
+    }
+    case Buttons::OkCancel: {
+      const QMessageBox::StandardButton enter = loss ? QMessageBox::Cancel : QMessageBox::Ok;
+      const auto answer =
+          Run(QMessageBox::Question, text, title, QMessageBox::Ok | QMessageBox::Cancel, enter);
+      return answer == QMessageBox::Ok ? Answer::Ok : Answer::Cancel;
+    }
+  }
+  return Answer::Cancel;
+}
+
+}  // namespace zorlan

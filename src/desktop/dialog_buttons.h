@@ -1,0 +1,11 @@
+// The two buttons under a dialog.
+#pragma once
+
+#include <QDialogButtonBox>
+
+namespace zorlan {
+
+/// "ＯＫ", which Enter presses, and "キャンセル"; Esc is the latter.
+QDialogButtonBox* OkCancelButtons();
+
+}  // namespace zorlan

@@ -1,0 +1,223 @@
+#include "desktop/form.h"
+
+#include <algorithm>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QMdiSubWindow>
+#include <QProxyStyle>
+
+#include "render/qt_text.h"
+#include "shell/settings.h"
+
+namespace zorlan {
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+constexpr QPoint kCascadeStart(1700, -250);
+constexpr QPoint kCascadeStep(100, 250);
+constexpr int kCascadeOffset = 28;  // pixels: a title bar
+constexpr int kVisible = 60;        // pixels of a form that stay within reach
+
+/// A maximized form keeps its title bar: in the main window's frame it would change the caption, which is the
+/// model's alone.
+class FrameStyle : public QProxyStyle {
+ public:
+  using QProxyStyle::QProxyStyle;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* result) const override {
+    return hint == SH_Workspace_FillSpaceOnMaximize ? 1
+                                                    : QProxyStyle::styleHint(hint, option, widget, result);
+  }
+};
+
+Form* FormIn(const QMdiSubWindow* frame) {
+  return qobject_cast<Form*>(frame->widget());
+}
+
+}  // namespace
+
+Form::Form(const char* name) {
+  setObjectName(QString::fromLatin1(name));
+  setAttribute(Qt::WA_DeleteOnClose);
+}
+
+bool Form::CloseForm() {
+  QWidget* const frame = parentWidget();
+  return frame != nullptr && qobject_cast<QMdiSubWindow*>(frame) != nullptr ? frame->close() : close();
+}
+
+void Form::Unload() {
+  unloading_ = true;
+  CloseForm();
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+  event->setAccepted(unloading_ || Commit());
+}
+
+void Form::focusInEvent(QFocusEvent* event) {
+  if (first_ != nullptr) first_->setFocus(event->reason());
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape)
+    CloseForm();
+  else
+    QWidget::keyPressEvent(event);
+}
+
+FormArea::FormArea(QWidget* parent)
+    : QMdiArea(parent), cascade_(kCascadeStart), frameStyle_(std::make_unique<FrameStyle>()) {
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+}
+
+std::vector<Form*> FormArea::Forms() const {
+  std::vector<Form*> forms;
+  for (const QMdiSubWindow* const frame : subWindowList(QMdiArea::CreationOrder))
+    if (Form* const form = FormIn(frame)) forms.push_back(form);
+  return forms;
+}
+
+Form* FormArea::Find(const std::string& name) const {
+  for (Form* const form : Forms())
+    if (FromQt(form->objectName()) == name) return form;
+  return nullptr;
+}
+
+std::vector<std::string> FormArea::Names() const {
+  std::vector<std::string> names;
+  for (const Form* const form : Forms()) names.push_back(FromQt(form->objectName()));
+  return names;
+}
+
+void FormArea::Show(Form* form) {
+  if (auto* const open = qobject_cast<QMdiSubWindow*>(form->parentWidget())) {
+    if (open->isMinimized()) open->showNormal();
+    setActiveSubWindow(open);
+    form->setFocus();
+    return;
+  }
+  Qt::WindowFlags bar = Qt::SubWindow;  // with all its buttons
+  if (form->KeepsItsSize()) bar |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+  QMdiSubWindow* const frame = addSubWindow(form, bar);
+  frame->setAttribute(Qt::WA_DeleteOnClose);
+  frame->setStyle(frameStyle_.get());
+  frame->setWindowIcon(window()->windowIcon());
+  frame->installEventFilter(this);
+  Place(frame, FromQt(form->objectName()));
+  frame->show();
+  form->setFocus();
+}
+
+void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
+  const bool fixed = FormIn(frame)->KeepsItsSize();
+  if (!fixed) cascade_ += kCascadeStep;
+  WindowPlace place;
+  const bool kept = LoadWindowPlace(name, place) && place.width > 0 && place.height > 0;
+  const QSize size = frame->sizeHint();
+  if (kept && fixed) {
+    place.width = size.width();
+    place.height = size.height();
+  } else if (!kept) {
+    const QPoint corner = fixed ? QPoint(0, 0) : cascade_ / kTwipsPerPixel;
+    place = {corner.x(), corner.y(), size.width(), size.height(), false};
+  }
+  const QSize room = viewport()->size();
+  place.width = std::min(place.width, std::max(room.width(), kVisible));
+  place.height = std::min(place.height, std::max(room.height(), kVisible));
+  // A form that was left in a larger window must stay within reach of the mouse; a new one fits in whole.
+  const int right = kept ? room.width() - kVisible : room.width() - place.width;
+  const int bottom = kept ? room.height() - kVisible : room.height() - place.height;
+  place.left = std::clamp(place.left, kept ? kVisible - place.width : 0, std::max(0, right));
+  place.top = std::clamp(place.top, 0, std::max(0, bottom));
+  frame->setGeometry(place.left, place.top, place.width, place.height);
+  if (place.maximized) frame->setWindowState(Qt::WindowMaximized);
+}
+
+void FormArea::UnloadAll() {
+  for (Form* const form : Forms()) {
+    form->Unload();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  }
+}
+
+void FormArea::SetFormsEnabled(bool enabled, const std::vector<std::string>& except) {
+  for (Form* const form : Forms())
+    if (std::ranges::find(except, FromQt(form->objectName())) == except.end()) form->setEnabled(enabled);
+}
+
+FormArea::~FormArea() {
+  for (QMdiSubWindow* const frame : subWindowList()) delete frame;  // before the style that they draw with
+}
+
+void FormArea::ResetCascade() {
+  cascade_ = kCascadeStart;
+}
+
+std::vector<QMdiSubWindow*> FormArea::FramesToArrange() const {
+  std::vector<QMdiSubWindow*> frames;
+  for (QMdiSubWindow* const frame : subWindowList(QMdiArea::StackingOrder))
+    if (!frame->isMinimized() && FormIn(frame) != nullptr && !FormIn(frame)->KeepsItsSize())
+      frames.insert(frames.begin(), frame);
+  return frames;
+}
+
+QRect FormArea::RoomToArrange() const {
+  QRect room = viewport()->rect();
+  for (const QMdiSubWindow* const frame : subWindowList())
+    if (FormIn(frame) != nullptr && FormIn(frame)->KeepsItsSize() && frame->x() < kVisible)
+      room.setLeft(std::max(room.left(), frame->geometry().right() + 1));
+  return room.width() > viewport()->width() / 2 ? room : viewport()->rect();
+}
+
+void FormArea::CascadeForms() {
+  const QRect room = RoomToArrange();
+  std::vector<QMdiSubWindow*> frames = FramesToArrange();
+  std::ranges::reverse(frames);
+  QPoint corner = room.topLeft();
+  for (QMdiSubWindow* const frame : frames) {
+    frame->showNormal();
+    const QSize size = frame->size().boundedTo(room.size());
+    if (!room.contains(QRect(corner, size))) corner = room.topLeft();
+    frame->setGeometry(QRect(corner, size));
+    corner += QPoint(kCascadeOffset, kCascadeOffset);
+  }
+}
+
+void FormArea::TileForms(Qt::Orientation along) {
+  const QRect room = RoomToArrange();
+  const std::vector<QMdiSubWindow*> frames = FramesToArrange();
+  const int count = static_cast<int>(frames.size());
+  for (int i = 0; i < count; ++i) {
+    QMdiSubWindow* const frame = frames[static_cast<std::size_t>(i)];
+    frame->showNormal();
+    if (along == Qt::Vertical)
+      frame->setGeometry(room.left(), room.top() + room.height() * i / count, room.width(),
+                         room.height() / count);
+    else
+      frame->setGeometry(room.left() + room.width() * i / count, room.top(), room.width() / count,
+                         room.height());
+  }
+}
+
+bool FormArea::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Close)
+    if (auto* const frame = qobject_cast<QMdiSubWindow*>(watched))
+      if (const Form* const form = FormIn(frame)) {
+        const bool maximized = frame->isMaximized();
+        WindowPlace place;
+        if (maximized) LoadWindowPlace(FromQt(form->objectName()), place);
+        if (!maximized) {
+          const QRect area = frame->geometry();
+          place = {area.x(), area.y(), area.width(), area.height(), false};
+        }
+        place.maximized = maximized;
+        if (!frame->isMinimized()) SaveWindowPlace(FromQt(form->objectName()), place);
+      }
+  return QMdiArea::eventFilter(watched, event);
+}
+
+}  // namespace zorlan

@@ -1,0 +1,84 @@
+// The child windows of the main window: what they share, and the area that they stand in.
+#pragma once
+
+#include <memory>
+#include <QMdiArea>
+#include <QPoint>
+#include <QWidget>
+#include <string>
+#include <vector>
+
+class QMdiSubWindow;
+class QStyle;
+
+namespace zorlan {
+
+/// A child window. Its name, such as "frmPrnText", is its object name and the key of its place.
+class Form : public QWidget {
+  Q_OBJECT
+ public:
+  explicit Form(const char* name);
+
+  /// Commits what was entered and closes. False: it was refused, and the form stays.
+  bool CloseForm();
+  /// Closes and asks nothing.
+  void Unload();
+
+  /// A form that keeps its size, such as a bar of buttons: it stands at the left edge, and the others are
+  /// arranged beside it.
+  virtual bool KeepsItsSize() const { return false; }
+
+ protected:
+  /// What must hold before the form may close; it has told the user why not.
+  virtual bool Commit() { return true; }
+
+  /// What takes the keys when the form comes to the front. (A focus proxy would hold Tab there.)
+  void SetFirst(QWidget* widget) { first_ = widget; }
+
+  void closeEvent(QCloseEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;  // Esc closes
+
+ private:
+  QWidget* first_ = nullptr;
+  bool unloading_ = false;
+};
+
+/// The area of the child windows.
+class FormArea : public QMdiArea {
+  Q_OBJECT
+ public:
+  explicit FormArea(QWidget* parent = nullptr);
+  ~FormArea() override;
+
+  /// The open form of this name; null if there is none.
+  Form* Find(const std::string& name) const;
+  /// Names of the open forms in the order of their opening.
+  std::vector<std::string> Names() const;
+
+  /// Shows a form: a new one where it was left last time, or else at the next place of the cascade and as
+  /// large as its content asks for; one that is open comes to the front.
+  void Show(Form* form);
+  void UnloadAll();
+  /// Every form but those named takes input, or takes none.
+  void SetFormsEnabled(bool enabled, const std::vector<std::string>& except);
+
+  void ResetCascade();
+  void CascadeForms();
+  void TileForms(Qt::Orientation along);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  std::vector<Form*> Forms() const;
+  /// The frames to be arranged, the one in front first, and the room for them.
+  std::vector<QMdiSubWindow*> FramesToArrange() const;
+  QRect RoomToArrange() const;
+  void Place(QMdiSubWindow* frame, const std::string& name);
+
+  QPoint cascade_;  // of the form opened last, in twips
+  std::unique_ptr<QStyle> frameStyle_;
+};
+
+}  // namespace zorlan

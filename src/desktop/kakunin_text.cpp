@@ -1,0 +1,165 @@
+#include "desktop/kakunin_text.h"
+
+#include <algorithm>
+#include <exception>
+#include <QBoxLayout>
+#include <QFileDialog>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QWheelEvent>
+
+#include "base/host.h"
+#include "base/text_file.h"
+#include "output/print_flag.h"
+#include "render/fonts.h"
+#include "render/qt_text.h"
+
+namespace zorlan {
+namespace {
+
+// At 96 dots an inch 10.5 points are 14 pixels: half-width characters are a whole number of them wide.
+constexpr double kPoints = 10.5, kSmallest = 6, kLargest = 36, kZoomStep = 0.75;
+constexpr int kColumns = 110, kLines = 34;  // of the first size
+
+/// The text of a file, LF alone between lines; "" without the file.
+QString TextOf(const std::string& path) {
+  if (path.empty() || !FileExists(path)) return {};
+  QString text = ToQt(ReadTextFile(path));
+  text.remove(QLatin1Char('\r'));
+  return text;
+}
+
+}  // namespace
+
+frmKakuninText::frmKakuninText() : Form("frmKakuninText"), points_(kPoints) {
+  heading_ = new QLabel;
+  heading_->setObjectName(QStringLiteral("heading"));
+  text_ = new QPlainTextEdit;
+  text_->setObjectName(QStringLiteral("text"));
+  text_->setReadOnly(true);
+  text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  text_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  text_->viewport()->installEventFilter(this);
+  search_ = new QLineEdit;
+  search_->setObjectName(QStringLiteral("search"));
+  search_->setPlaceholderText(QStringLiteral("検索"));
+  search_->setClearButtonEnabled(true);
+  search_->setMaximumWidth(220);
+  found_ = new QLabel;
+  auto* const save = new QPushButton(QStringLiteral("保存"));
+  save->setObjectName(QStringLiteral("save"));
+  save->setToolTip(QStringLiteral("別のファイルに保存します"));
+  auto* const closing = new QPushButton(QStringLiteral("閉じる"));
+  closing->setObjectName(QStringLiteral("close"));
+
+  auto* const row = new QHBoxLayout;
+  row->addWidget(heading_);
+  row->addStretch();
+  row->addWidget(found_);
+  row->addWidget(search_);
+  row->addWidget(save);
+  row->addWidget(closing);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(6, 6, 6, 6);
+  column->addLayout(row);
+  column->addWidget(text_, 1);
+
+  connect(search_, &QLineEdit::returnPressed, this, [this] { Search(false); });
+  connect(save, &QPushButton::clicked, this, &frmKakuninText::Save);
+  connect(closing, &QPushButton::clicked, this, &frmKakuninText::CloseForm);
+  const auto key = [this](const QKeySequence& keys, auto action) {
+    auto* const shortcut = new QShortcut(keys, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, action);
+  };
+  key(QKeySequence::Find, [this] {
+    search_->setFocus();
+    search_->selectAll();
+  });
+  key(QKeySequence(Qt::Key_F3), [this] { Search(false); });
+  key(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { Search(true); });
+  SetZoom(kPoints);
+  SetFirst(text_);
+}
+
+void frmKakuninText::ShowListing(int flag, const std::string& path) {
+  path_ = path;
+  const QString heading = ToQt(ReaderHeading(flag));
+  heading_->setText(heading);
+  setWindowTitle(heading.trimmed() + QStringLiteral("　") + ToQt(path.substr(path.rfind('/') + 1)));
+  text_->setPlainText(TextOf(path));
+  found_->clear();
+}
+
+void frmKakuninText::Search(bool backwards) {
+  const QString wanted = search_->text();
+  if (wanted.isEmpty()) return;
+  const QTextDocument::FindFlags direction =
+      backwards ? QTextDocument::FindBackward : QTextDocument::FindFlags();
+  bool found = text_->find(wanted, direction);
+  found_->clear();
+  if (!found) {
+    QTextCursor cursor = text_->textCursor();
+    const QTextCursor before = cursor;
+    cursor.movePosition(backwards ? QTextCursor::End : QTextCursor::Start);
+    text_->setTextCursor(cursor);
+    found = text_->find(wanted, direction);
+    if (!found) text_->setTextCursor(before);
+    found_->setText(found ? QStringLiteral("先頭に戻りました") : QStringLiteral("見つかりません"));
+  }
+  if (found) text_->centerCursor();
+}
+
+void frmKakuninText::Save() {
+  const QString target = QFileDialog::getSaveFileName(this, QStringLiteral("保存"), ToQt(path_));
+  if (target.isEmpty()) return;
+  try {
+    ReplaceBytes(FromQt(target), FileExists(path_) ? ReadBytes(path_) : std::string());
+    Tell("保存しました");
+  } catch (const std::exception& fault) {
+    Tell(fault.what());
+  }
+}
+
+void frmKakuninText::SetZoom(double points) {
+  points_ = std::clamp(points, kSmallest, kLargest);
+  text_->setFont(FixedFont(points_));
+}
+
+QSize frmKakuninText::sizeHint() const {
+  const QFontMetricsF metrics(FixedFont(kPoints));
+  return {static_cast<int>(metrics.horizontalAdvance(QLatin1Char('0')) * kColumns),
+          static_cast<int>(metrics.lineSpacing() * kLines)};
+}
+
+void frmKakuninText::keyPressEvent(QKeyEvent* event) {
+  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+  if (control && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Semicolon))
+    SetZoom(points_ + kZoomStep);  // the plus sign of a Japanese keyboard is on the semicolon
+  else if (control && event->key() == Qt::Key_Minus)
+    SetZoom(points_ - kZoomStep);
+  else if (control && event->key() == Qt::Key_0)
+    SetZoom(kPoints);
+  else
+    Form::keyPressEvent(event);
+}
+
+bool frmKakuninText::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == text_->viewport() && event->type() == QEvent::Wheel) {
+    const auto* const wheel = static_cast<QWheelEvent*>(event);
+    if (wheel->modifiers().testFlag(Qt::ControlModifier)) {
+      SetZoom(points_ + (wheel->angleDelta().y() > 0 ? kZoomStep : -kZoomStep));
+      return true;
+    }
+  }
+  return Form::eventFilter(watched, event);
+}
+
+}  // namespace zorlan

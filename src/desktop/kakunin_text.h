@@ -1,0 +1,41 @@
+// The text reader: a listing on the screen, with search, zoom and saving.
+#pragma once
+
+#include <string>
+
+#include "desktop/form.h"
+
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace zorlan {
+
+class frmKakuninText : public Form {
+  Q_OBJECT
+ public:
+  frmKakuninText();
+
+  /// Shows the listing of a PrintFlag; a file that doesn't exist is an empty text.
+  void ShowListing(int flag, const std::string& path);
+
+  QSize sizeHint() const override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;  // Ctrl+wheel zooms
+
+ private:
+  void Search(bool backwards);
+  void Save();
+  void SetZoom(double points);
+
+  std::string path_;
+  double points_;
+  QLabel* heading_;
+  QPlainTextEdit* text_;
+  QLineEdit* search_;
+  QLabel* found_;
+};
+
+}  // namespace zorlan

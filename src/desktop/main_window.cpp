@@ -1,0 +1,237 @@
+#include "desktop/main_window.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QStatusBar>
+#include <QUrl>
+
+#include "desktop/busy.h"
+#include "desktop/csv_file.h"
+#include "desktop/form.h"
+#include "desktop/icons.h"
+#include "desktop/input_menu.h"
+#include "desktop/main_menu.h"
+#include "desktop/printer_set.h"
+#include "desktop/shell_windows.h"
+#include "desktop/to_zor2.h"
+#include "desktop/version_form.h"
+#include "render/qt_text.h"
+#include "shell/commands.h"
+#include "shell/model_status.h"
+#include "shell/project_copies.h"
+#include "shell/projects.h"
+#include "shell/recent_models.h"
+#include "shell/windows.h"
+
+namespace zorlan {
+namespace {
+
+constexpr std::string_view kPlaceName = "frmMain";
+constexpr int kHintTime = 5000;  // ms
+
+struct CommandRow {
+  Command command;
+  std::string_view routine;  // for the report of an error
+  void (*run)(MainWindow& window);
+};
+
+/// The commands whose windows are there. The others' entries are off.
+constexpr std::array kCommands = {
+    CommandRow{Command::New, "NewModel", [](MainWindow&) { NewModel(); }},
+    CommandRow{Command::Open, "OpenModel", [](MainWindow&) { OpenModel(); }},
+    CommandRow{Command::Overwrite, "OverwriteModel", [](MainWindow&) { OverwriteModel(); }},
+    CommandRow{Command::SaveAs, "SaveModelAs", [](MainWindow&) { SaveModelAs(); }},
+    CommandRow{Command::Delete, "DeleteModel", [](MainWindow&) { DeleteModel(); }},
+    CommandRow{Command::BackUp, "BackUpProject", [](MainWindow&) { BackUpProject(); }},
+    CommandRow{Command::Restore, "RestoreProject", [](MainWindow&) { RestoreProject(); }},
+    CommandRow{Command::DeleteProject, "DeleteProject", [](MainWindow&) { DeleteProject(); }},
+    CommandRow{Command::Convert, "ToZOR2", [](MainWindow& window) { ToZOR2(&window).exec(); }},
+    CommandRow{Command::PrinterSetUp, "frmPrinterSet",
+               [](MainWindow& window) { frmPrinterSet(window.Printers(), &window).exec(); }},
+    CommandRow{Command::PrintInput, "PrintInputList", [](MainWindow&) { PrintInputList(); }},
+    CommandRow{Command::Exit, "LeaveProgram", [](MainWindow& window) { window.Leave(); }},
+    CommandRow{Command::Check, "CheckInput", [](MainWindow&) { CheckInput(); }},
+    CommandRow{Command::Analyse, "AnalyseModel", [](MainWindow&) { AnalyseModel(); }},
+    CommandRow{Command::ReadListing, "ShowAnalysisListing", [](MainWindow&) { ShowAnalysisListing(); }},
+    CommandRow{Command::PrintListing, "PrintAnalysisListing", [](MainWindow&) { PrintAnalysisListing(); }},
+    CommandRow{Command::WriteCsv, "frmCsvFile", [](MainWindow& window) { frmCsvFile(&window).exec(); }},
+    CommandRow{Command::DesignSteel, "DesignSteel", [](MainWindow&) { DesignSteel(); }},
+    CommandRow{Command::DesignConcrete, "DesignConcrete", [](MainWindow&) { DesignConcrete(); }},
+    CommandRow{Command::DesignTimber, "DesignTimber", [](MainWindow&) { DesignTimber(); }},
+    CommandRow{Command::PrintSteelDesign, "ShowText",
+               [](MainWindow&) { ShowText(kPrintSteelDesign, /*preview=*/true); }},
+    CommandRow{Command::PrintConcreteDesign, "ShowText",
+               [](MainWindow&) { ShowText(kPrintConcreteDesign, /*preview=*/true); }},
+    CommandRow{Command::Cascade, "CascadeForms", [](MainWindow& window) { window.Forms().CascadeForms(); }},
+    CommandRow{Command::TileHorizontal, "TileForms",
+               [](MainWindow& window) { window.Forms().TileForms(Qt::Vertical); }},
+    CommandRow{Command::TileVertical, "TileForms",
+               [](MainWindow& window) { window.Forms().TileForms(Qt::Horizontal); }},
+    CommandRow{Command::Manual, "ShowManual", [](MainWindow& window) { ShowManual(window.Install()); }},
+    CommandRow{Command::Version, "frmVersion", [](MainWindow& window) { frmVersion(&window).exec(); }},
+};
+
+/// The deck that is dragged over the window; empty for anything else.
+QString DraggedDeck(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
+  const QString path = urls.front().toLocalFile();
+  return path.endsWith(QLatin1String(".inp"), Qt::CaseInsensitive) ? path : QString();
+}
+
+}  // namespace
+
+MainWindow::MainWindow() {
+  setObjectName(QStringLiteral("frmMain"));
+  setWindowIcon(ProgramIcon());
+  setAcceptDrops(true);
+  forms_ = new FormArea;
+  setCentralWidget(forms_);
+  menu_ = new MainMenu(menuBar());
+  connect(menu_, &MainMenu::chosen, this, &MainWindow::Run);
+  connect(menu_, &MainMenu::recentChosen, this, &MainWindow::OpenDeck);
+  connect(forms_, &QMdiArea::subWindowActivated, this, &MainWindow::Refresh);
+  BuildStatusBar();
+  InstallMainWindow(*this);
+}
+
+MainWindow::~MainWindow() {
+  // The area goes first: its windows speak to this one when the front one changes.
+  delete takeCentralWidget();
+  InstallWindows({});
+  if (loaded_) EndProgram();
+}
+
+Started MainWindow::Load(const StartUp& start) {
+  start_ = start;
+  const Started started = RunStartUp(start);
+  loaded_ = started == Started::Ready;
+  if (loaded_) RestorePlace();
+  Refresh();
+  return started;
+}
+
+template <class Body>
+void MainWindow::Guarded(std::string_view routine, Body body) {
+  if (IsBusy()) return;  // the box of a running command is on its way
+  try {
+    body();
+  } catch (const UserStop&) {
+    LookAtResults();
+    statusBar()->showMessage(QStringLiteral("中止しました"), kHintTime);
+  } catch (const std::exception& fault) {
+    ReportError(routine, fault.what());
+  }
+  EndBusy();
+  Refresh();
+}
+
+void MainWindow::Run(Command command) {
+  const auto row = std::ranges::find(kCommands, command, &CommandRow::command);
+  if (row != kCommands.end()) Guarded(row->routine, [&] { row->run(*this); });
+}
+
+void MainWindow::OpenDeck(const QString& path) {
+  Guarded("OpenDeckFile", [&] { OpenDeckFile(FromQt(path)); });
+}
+
+void MainWindow::Refresh() {
+  setWindowTitle(ToQt(MainCaption()));
+  const QMdiSubWindow* const front = forms_->activeSubWindow();
+  const bool tableForm = front != nullptr && front->widget() != nullptr &&
+                         IsTableForm(FromQt(front->widget()->objectName().toUpper()));
+  const MenuFacts facts = CurrentMenuFacts(tableForm);
+  menu_->Update(facts);
+  if (auto* const tables = qobject_cast<frmInputMenu*>(forms_->Find("frmInputMenu"))) tables->Update(facts);
+  if (loaded_) menu_->ShowRecent(RecentModels());
+  ShowStatus();
+}
+
+void MainWindow::BuildStatusBar() {
+  for (QLabel** const label : {&model_, &saved_, &results_, &kind_, &units_}) {
+    *label = new QLabel;
+    (*label)->setContentsMargins(6, 0, 6, 0);
+    statusBar()->addPermanentWidget(*label);
+  }
+  model_->setObjectName(QStringLiteral("statusModel"));
+  saved_->setObjectName(QStringLiteral("statusSaved"));
+  results_->setObjectName(QStringLiteral("statusResults"));
+}
+
+void MainWindow::ShowStatus() {
+  const ModelStatus status = CurrentModelStatus();
+  const std::pair<QLabel*, const std::string*> texts[] = {{model_, &status.model},
+                                                          {saved_, &status.saved},
+                                                          {results_, &status.results},
+                                                          {kind_, &status.kind},
+                                                          {units_, &status.units}};
+  for (const auto& [label, text] : texts) {
+    label->setText(ToQt(*text));
+    label->setVisible(!text->empty());
+  }
+}
+
+void MainWindow::Leave() {
+  const ExitWay way = LeaveProgram();
+  if (way == ExitWay::Stay) return;
+  if (way == ExitWay::UnloadAll) forms_->UnloadAll();
+  closing_ = true;
+  close();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!closing_) {
+    event->ignore();
+    statusBar()->showMessage(
+        QStringLiteral("終了するには、ﾌｧｲﾙメニューの「ZORLAN for Windowsの終了」を選んでください"),
+        kHintTime);
+    return;
+  }
+  KeepPlace();
+  event->accept();
+}
+
+void MainWindow::RestorePlace() {
+  WindowPlace place;
+  const bool kept = LoadWindowPlace(kPlaceName, place);
+  const QRect area(place.left, place.top, place.width, place.height);
+  const QPoint grip(area.center().x(), area.top() + 10);
+  if (kept && area.isValid() && QGuiApplication::screenAt(grip) != nullptr) {
+    setGeometry(area);
+    if (place.maximized) setWindowState(Qt::WindowMaximized);
+    return;
+  }
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  resize(std::min(1280, screen.width() * 9 / 10), std::min(860, screen.height() * 9 / 10));
+}
+
+void MainWindow::KeepPlace() {
+  if (!loaded_) return;
+  const QRect area = isMaximized() ? normalGeometry() : geometry();
+  SaveWindowPlace(kPlaceName, {area.x(), area.y(), area.width(), area.height(), isMaximized()});
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!DraggedDeck(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString deck = DraggedDeck(*event->mimeData());
+  event->acceptProposedAction();
+  // Behind the drop: the program that the deck comes from waits for its end.
+  QMetaObject::invokeMethod(
+      this, [this, deck] { OpenDeck(deck); }, Qt::QueuedConnection);
+}
+
+}  // namespace zorlan

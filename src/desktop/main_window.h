@@ -1,0 +1,66 @@
+// The main window: menus, the area of the child windows, the status bar.
+#pragma once
+
+#include <QMainWindow>
+#include <QString>
+#include <string>
+
+#include "shell/menu.h"
+#include "shell/start_up.h"
+
+class QLabel;
+
+namespace zorlan {
+
+class FormArea;
+class MainMenu;
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+ public:
+  MainWindow();
+  ~MainWindow() override;
+
+  /// The main form's load: the program's tree, its settings, the defaults. Anything but Ready: the program
+  /// can't run.
+  Started Load(const StartUp& start);
+
+  /// Opens a deck as a double click on it does.
+  void OpenDeck(const QString& path);
+
+  /// What a menu entry does.
+  void Run(Command command);
+
+  /// Caption, menus and status bar follow the state.
+  void Refresh();
+
+  FormArea& Forms() { return *forms_; }
+  const std::string& Install() const { return start_.install; }
+  const SystemPrinters& Printers() const { return start_.printers; }
+
+  /// Lets the window close: by the exit command alone.
+  void Leave();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  void BuildStatusBar();
+  void ShowStatus();
+  void RestorePlace();
+  void KeepPlace();
+  /// A command, behind the handler of what nobody expected.
+  template <class Body>
+  void Guarded(std::string_view routine, Body body);
+
+  StartUp start_;
+  FormArea* forms_ = nullptr;
+  MainMenu* menu_ = nullptr;
+  QLabel *model_ = nullptr, *saved_ = nullptr, *results_ = nullptr, *kind_ = nullptr, *units_ = nullptr;
+  bool loaded_ = false;   // the program's tree is held
+  bool closing_ = false;  // the closing flag: without it a close request is refused
+};
+
+}  // namespace zorlan

@@ -1,0 +1,79 @@
+#include "desktop/shell_windows.h"
+
+#include <QDesktopServices>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include "desktop/folder_dialog_window.h"
+#include "desktop/form.h"
+#include "desktop/input_menu.h"
+#include "desktop/kakunin_text.h"
+#include "desktop/main_window.h"
+#include "desktop/name_dialog_window.h"
+#include "desktop/prn_text.h"
+#include "desktop/project_dialog_window.h"
+#include "render/qt_text.h"
+#include "shell/project_copies.h"
+#include "shell/project_dialog.h"
+#include "shell/windows.h"
+
+namespace zorlan {
+namespace {
+
+/// The open form of a class, or a new one.
+template <class FormClass, class... Arguments>
+FormClass* FormOf(FormArea& forms, const char* name, Arguments&... arguments) {
+  if (auto* const open = qobject_cast<FormClass*>(forms.Find(name))) return open;
+  return new FormClass(arguments...);
+}
+
+void ShowTextIn(MainWindow& window, TextWindow where, int flag, const std::string& path) {
+  FormArea& forms = window.Forms();
+  if (where == TextWindow::Reader) {
+    auto* const reader = FormOf<frmKakuninText>(forms, "frmKakuninText");
+    reader->ShowListing(flag, path);
+    forms.Show(reader);
+  } else {
+    auto* const preview = FormOf<frmPrnText>(forms, "frmPrnText", window.Printers());
+    preview->ShowListing(flag, path);
+    forms.Show(preview);
+  }
+}
+
+bool CloseFormOf(FormArea& forms, const std::string& name) {
+  Form* const form = forms.Find(name);
+  if (form == nullptr) return true;
+  forms.Show(form);  // what it may refuse must be seen
+  return form->CloseForm();
+}
+
+/// Whether the desktop knows a program for PDF files.
+bool HasPdfViewer() {
+  return !QStandardPaths::findExecutable(QStringLiteral("xdg-open")).isEmpty();
+}
+
+}  // namespace
+
+void InstallMainWindow(MainWindow& window) {
+  FormArea& forms = window.Forms();
+  ShellWindows table;
+  table.openForms = [&forms] { return forms.Names(); };
+  table.closeForm = [&forms](const std::string& name) { return CloseFormOf(forms, name); };
+  table.unloadForms = [&forms] { forms.UnloadAll(); };
+  table.projectDialog = [&window](ProjectDialog& dialog) { ProjectDialogWindow(dialog, &window).exec(); };
+  table.folderDialog = [&window](FolderDialog& dialog) { FolderDialogWindow(dialog, &window).exec(); };
+  table.nameDialog = [&window](NameDialog& dialog) { NameDialogWindow(dialog, &window).exec(); };
+  table.openInputMenu = [&window, &forms] {
+    forms.Show(FormOf<frmInputMenu>(forms, "frmInputMenu", window));
+  };
+  table.resetCascade = [&forms] { forms.ResetCascade(); };
+  table.refresh = [&window] { window.Refresh(); };
+  table.showText = [&window](TextWindow where, int flag, const std::string& path) {
+    ShowTextIn(window, where, flag, path);
+  };
+  table.hasPdfViewer = HasPdfViewer;
+  table.openPdf = [](const std::string& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(path))); };
+  InstallWindows(std::move(table));
+}
+
+}  // namespace zorlan

@@ -1,0 +1,113 @@
+#include "desktop/busy.h"
+
+#include <signal.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <QElapsedTimer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+
+#include "base/number.h"
+#include "desktop/desktop_test.h"
+
+namespace zorlan::test {
+namespace {
+
+class BusyTest : public testing::Test {
+ protected:
+  /// A program of one shell script.
+  std::string Program(const std::string& script) const {
+    const std::string path = folder_.Path() + "program";
+    ReplaceBytes(path, "#!/bin/sh\n" + script + "\n");
+    ::chmod(path.c_str(), 0700);
+    return path;
+  }
+  const std::string& Folder() const { return folder_.Path(); }
+
+  /// Presses the stop button as soon as it can be pressed.
+  void StopWhenPossible() {
+    QObject::connect(&stopper_, &QTimer::timeout, [this] {
+      auto* const box = QApplication::activeModalWidget();
+      if (box == nullptr) return;
+      auto* const stop = box->findChild<QPushButton*>(QStringLiteral("stop"));
+      if (stop == nullptr || !stop->isEnabled()) return;
+      stopper_.stop();
+      QTest::mouseClick(stop, Qt::LeftButton);
+    });
+    stopper_.start(20);
+  }
+
+ private:
+  TemporaryFolder folder_;
+  QTimer stopper_;
+};
+
+TEST_F(BusyTest, AProgramRunsInItsFolderAndItsExitCodeIsTold) {
+  const ProgramEnd end = RunAndWait(Program("pwd > where; exit 3"), Folder());
+  EXPECT_EQ(end.how, ProgramEnd::How::Exited);
+  EXPECT_EQ(end.code, 3);
+  EXPECT_EQ(ReadBytes(Folder() + "where"), Folder().substr(0, Folder().size() - 1) + "\n");
+}
+
+TEST_F(BusyTest, AProgramThatIsKilledIsToldFromOneThatEnds) {
+  EXPECT_EQ(RunAndWait(Program("kill -9 $$"), Folder()).how, ProgramEnd::How::Killed);
+}
+
+TEST_F(BusyTest, AProgramThatIsNotThereHasAReason) {
+  const ProgramEnd end = RunAndWait(Folder() + "nothing", Folder());
+  EXPECT_EQ(end.how, ProgramEnd::How::NotStarted);
+  EXPECT_NE(end.reason, "");
+}
+
+TEST_F(BusyTest, MuchOutputDoesNotStopAProgram) {
+  EXPECT_EQ(RunAndWait(Program("head -c 1000000 /dev/zero"), Folder()).how, ProgramEnd::How::Exited);
+}
+
+TEST_F(BusyTest, TheUserCanStopAWaitAndTheProgramIsEnded) {
+  StopWhenPossible();
+  int ticks = 0;
+  QTimer painter;  // stands for the windows that go on painting
+  QObject::connect(&painter, &QTimer::timeout, [&ticks] { ++ticks; });
+  painter.start(50);
+  const ProgramEnd end = RunAndWait(Program("echo $$ > pid; exec sleep 60"), Folder());
+  EXPECT_EQ(end.how, ProgramEnd::How::Cancelled);
+  EXPECT_GT(ticks, 20);
+  const auto process = static_cast<pid_t>(ReadReal(ReadBytes(Folder() + "pid")));
+  EXPECT_EQ(::kill(process, 0), -1);
+  EXPECT_EQ(errno, ESRCH);
+  EXPECT_FALSE(IsBusy());
+}
+
+TEST_F(BusyTest, TheUserCanStopACommandThatShowsItsProgress) {
+  StopWhenPossible();
+  SetBusy(true);
+  QElapsedTimer passed;
+  passed.start();
+  const auto work = [&passed] {
+    while (passed.elapsed() < 30000) {
+      ShowProgress("応力解析", 0.5);
+      QTest::qSleep(5);
+    }
+  };
+  EXPECT_THROW(work(), UserStop);
+  EndBusy();
+  EXPECT_FALSE(IsBusy());
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(BusyTest, AQuickCommandShowsNothingButTheHourglass) {
+  SetBusy(true);
+  EXPECT_NE(QApplication::overrideCursor(), nullptr);
+  for (int i = 0; i < 20; ++i) {
+    ShowProgress("応力解析", i / 20.0);
+    QTest::qSleep(10);
+  }
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  SetBusy(false);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+}  // namespace
+}  // namespace zorlan::test

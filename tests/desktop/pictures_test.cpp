@@ -1,0 +1,113 @@
+// Every window once, with typical content: none is larger than a small screen, and ZORLAN_PICTURES=FOLDER
+// keeps a picture of each for a person to look at.
+#include <QComboBox>
+#include <QDialog>
+#include <QDir>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QPixmap>
+#include <QTreeWidget>
+
+#include "desktop/boxes.h"
+#include "desktop/busy.h"
+#include "desktop/desktop_test.h"
+#include "desktop/splash.h"
+#include "shell/commands.h"
+#include "shell/project_copies.h"
+#include "shell/windows.h"
+
+namespace zorlan::test {
+namespace {
+
+class PicturesTest : public DesktopTest {
+ protected:
+  /// Looks at a window, named `name` in the folder of pictures.
+  static void Look(QWidget& window, const char* name) {
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    EXPECT_LE(window.width(), 1280) << name;
+    EXPECT_LE(window.height(), 720) << name;
+    const QString folder = qEnvironmentVariable("ZORLAN_PICTURES");
+    if (folder.isEmpty()) return;
+    const int percent = qRound(window.devicePixelRatioF() * 100);
+    EXPECT_TRUE(
+        window.grab().save(QStringLiteral("%1/%2-%3.png").arg(folder, QLatin1String(name)).arg(percent)));
+  }
+  /// Expects a modal window, looks at it and presses a button.
+  void LookAtModal(const char* window, const char* picture, const char* button = "cancel") {
+    Script().Expect(QString::fromUtf8(window), [picture, button](QWidget& dialog) {
+      Look(dialog, picture);
+      Click(dialog, button);
+    });
+  }
+  static void LookAndReject(QWidget& dialog, const char* picture) {
+    Look(dialog, picture);
+    static_cast<QDialog&>(dialog).reject();
+  }
+  void SetUp() override { Window().resize(1280, 720); }
+};
+
+TEST_F(PicturesTest, MainWindowReaderAndPreview) {
+  Look(Window(), "main-empty");
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  Look(Window(), "main-model");
+  Choose("mnuAnalysisStatic(0)");
+  Look(Window(), "reader");
+  OpenForm("frmKakuninText")->CloseForm();
+  Choose("mnuAnalysisStatic(2)");
+  Look(Window(), "preview");
+  Child<QComboBox>(OpenForm("frmPrnText"), "zoom")->setCurrentText(QStringLiteral("全体表示"));
+  Look(Window(), "preview-whole");
+  Choose("mnuWindowItem(1)");
+  Look(Window(), "tiled");
+}
+
+TEST_F(PicturesTest, DialogsOfTheFileMenu) {
+  Script().Expect(QStringLiteral("frmProject"), [](QWidget& dialog) {
+    auto* const tree = Child<QTreeWidget>(&dialog, "tree");
+    for (const QTreeWidgetItem* const item :
+         tree->findItems(QStringLiteral("鉄骨ラーメン.inp"), Qt::MatchExactly | Qt::MatchRecursive))
+      tree->setCurrentItem(const_cast<QTreeWidgetItem*>(item));
+    Look(dialog, "project-open");
+    Click(dialog, "ok");
+  });
+  ProjectName = "例題－１.zor/";
+  Choose("mnuFileItem(1)");
+  LookAtModal("frmProject", "project-save-as");
+  Choose("mnuFileItem(3)");
+  LookAtModal("frmProject", "project-delete");
+  Choose("mnuFileItem(4)");
+  LookAtModal("frmFolder", "folder");
+  Choose("mnuProjectItem(0)");
+  LookAtModal("ToZOR2", "convert", "close");
+  Choose("mnuFileItem(7)");
+  LookAtModal("frmPrinterSet", "printer");
+  Choose("mnuFileItem(8)");
+  NameDialog name;
+  name.command = "バックアップ";
+  name.folder = DefaultDataPath;
+  name.name = "例題－１の写し";
+  LookAtModal("frmName", "name");
+  TheWindows().nameDialog(name);
+}
+
+TEST_F(PicturesTest, OtherDialogs) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  Choose("mnuAnalysisStatic(0)");
+  LookAtModal("frmCsvFile", "csv");
+  Choose("mnuAnalysisStatic(3)");
+  ShowText(kPrintListing, /*preview=*/true);
+  LookAtModal("frmPrinterSet2", "printer2");
+  Click(*OpenForm("frmPrnText"), "setUp");
+  Script().Expect(QStringLiteral("frmVersion"), [](QWidget& dialog) { LookAndReject(dialog, "version"); });
+  Choose("mnuHelpItem(1)");
+  Script().Expect(QStringLiteral("frmSplash"), [](QWidget& dialog) { LookAndReject(dialog, "splash"); });
+  ShowSplash();
+  Script().Expect(QStringLiteral("エラーは"), [](QWidget& box) { LookAndReject(box, "message"); });
+  Choose("mnuTestNodeCheck");
+  Script().Expect(QStringLiteral("保存して"), [](QWidget& box) { LookAndReject(box, "question"); });
+  ModelChanged = true;
+  Choose("mnuFileItem(10)");
+}
+
+}  // namespace
+}  // namespace zorlan::test
