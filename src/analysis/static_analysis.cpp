@@ -131,6 +131,19 @@ void RemoveStaleResults() {
   RemoveFile(ListingPath());
 }
 
+/// A run that broke off leaves no result behind that could be taken for the deck's.
+void DropBrokenRun() {
+  ClearStages();
+  try {
+    if (FolderExists(AnalysisPath)) CleanResults(0);
+    if (!FolderExists(ResultFolder())) return;
+    RemoveStaleResults();
+    CopyResults();
+  } catch (const Fault& fault) {
+    ReportError("CleanResults", fault.what());
+  }
+}
+
 /// The listing beside the deck. A fault in it is told and changes nothing else.
 void WriteListing() {
   for (const StageRoutine stage : {DSYSOUT1, DSYSOUT2}) {
@@ -195,16 +208,12 @@ std::int16_t RunStaticAnalysis() {
     CalcModel = SavedCalcModel;
   } catch (const std::exception& fault) {
     ReportError(routine, fault.what());
+  } catch (...) {  // the user stopped the run
+    DropBrokenRun();
+    throw;
   }
-  ClearStages();
-  if (done) return kTrue;
-  try {
-    // A run that broke off leaves no result behind that could be taken for the deck's.
-    if (FolderExists(ResultFolder())) RemoveStaleResults();
-  } catch (const FileFault& fault) {
-    ReportError("CleanResults", fault.what());
-  }
-  return kFalse;
+  if (!done) DropBrokenRun();
+  return done ? kTrue : kFalse;
 }
 
 void CleanResults(int folder) {

@@ -26,6 +26,7 @@ namespace {
 
 // At 96 dots an inch 10.5 points are 14 pixels: half-width characters are a whole number of them wide.
 constexpr double kPoints = 10.5, kSmallest = 6, kLargest = 36, kZoomStep = 0.75;
+constexpr int kLinesAtOnce = 3000;          // some hundredths of a second
 constexpr int kColumns = 110, kLines = 34;  // of the first size
 
 /// The text of a file, LF alone between lines; "" without the file.
@@ -85,6 +86,9 @@ frmKakuninText::frmKakuninText() : Form("frmKakuninText"), points_(kPoints) {
   });
   key(QKeySequence(Qt::Key_F3), [this] { Search(false); });
   key(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { Search(true); });
+  text_->setUndoRedoEnabled(false);
+  loadMore_.setInterval(0);
+  connect(&loadMore_, &QTimer::timeout, this, [this] { LoadLines(kLinesAtOnce); });
   SetZoom(kPoints);
   SetFirst(text_);
 }
@@ -94,13 +98,35 @@ void frmKakuninText::ShowListing(int flag, const std::string& path) {
   const QString heading = ToQt(ReaderHeading(flag));
   heading_->setText(heading);
   setWindowTitle(heading.trimmed() + QStringLiteral("　") + ToQt(path.substr(path.rfind('/') + 1)));
-  text_->setPlainText(TextOf(path));
   found_->clear();
+  whole_ = TextOf(path);
+  loaded_ = 0;
+  text_->clear();
+  LoadLines(kLinesAtOnce);
+  if (loaded_ < whole_.size()) loadMore_.start();
+}
+
+void frmKakuninText::LoadLines(int count) {
+  qsizetype end = loaded_;
+  for (int line = 0; line < count && end < whole_.size(); ++line) {
+    const qsizetype newLine = whole_.indexOf(QLatin1Char('\n'), end);
+    end = newLine < 0 ? whole_.size() : newLine + 1;
+  }
+  QTextCursor cursor(text_->document());
+  cursor.movePosition(QTextCursor::End);
+  cursor.insertText(whole_.mid(loaded_, end - loaded_));
+  if (loaded_ == 0) text_->moveCursor(QTextCursor::Start);
+  loaded_ = end;
+  if (loaded_ < whole_.size()) return;
+  loadMore_.stop();
+  whole_.clear();
+  loaded_ = 0;
 }
 
 void frmKakuninText::Search(bool backwards) {
   const QString wanted = search_->text();
   if (wanted.isEmpty()) return;
+  while (loadMore_.isActive()) LoadLines(kLinesAtOnce);
   const QTextDocument::FindFlags direction =
       backwards ? QTextDocument::FindBackward : QTextDocument::FindFlags();
   bool found = text_->find(wanted, direction);

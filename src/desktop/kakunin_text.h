@@ -1,6 +1,8 @@
 // The text reader: a listing on the screen, with search, zoom and saving.
 #pragma once
 
+#include <QString>
+#include <QTimer>
 #include <string>
 
 #include "desktop/form.h"
@@ -26,11 +28,16 @@ class frmKakuninText : public Form {
   bool eventFilter(QObject* watched, QEvent* event) override;  // Ctrl+wheel zooms
 
  private:
+  /// Brings the next lines of the text into the box.
+  void LoadLines(int count);
   void Search(bool backwards);
   void Save();
   void SetZoom(double points);
 
   std::string path_;
+  QString whole_;         // the text
+  qsizetype loaded_ = 0;  // how much of it is in the box
+  QTimer loadMore_;       // a long listing comes in piece by piece, so its first page stands at once
   double points_;
   QLabel* heading_;
   QPlainTextEdit* text_;

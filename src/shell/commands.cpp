@@ -67,7 +67,9 @@ bool AnalyseModel() {
     LoadSectionTables();
     LoadTimberTables();
     if (!CloseInputForms() || !SaveNamedModel(MainCaption())) return;
+    TheHost().hourglass(true);
     done = RunStaticAnalysis() != kFalse;
+    TheHost().hourglass(false);
     LookAtResults();
     TheWindows().dropFigureData();
     ForgetSectionTables();  // the designs read them anew

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include "analysis/external_road.h"
 #include "base/number.h"
 #include "desktop/desktop_test.h"
 
@@ -106,6 +107,38 @@ TEST_F(BusyTest, AQuickCommandShowsNothingButTheHourglass) {
   }
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   SetBusy(false);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+class CompanionTest : public DesktopTest {
+ protected:
+  /// A companion solver of one shell script.
+  void InstallCompanion(const std::string& script) {
+    ProgramFolder = Documents() + "program/";
+    MakeFolder(ProgramFolder);
+    ReplaceBytes(ProgramFolder + "anaZorlan", "#!/bin/sh\n" + script + "\n");
+    ::chmod((ProgramFolder + "anaZorlan").c_str(), 0700);
+  }
+};
+
+TEST_F(CompanionTest, TheUserStopsAHangingCompanionAndNoResultIsLeft) {
+  InstallCompanion("exec sleep 60");
+  ReplaceTextFile(
+      Sample("沈下.inp"),
+      "@CONT\r\n1,1,0\r\n@UNIT\r\n1,1,9.80665,0\r\n@NODE\r\n1,0,0,1,1,1\r\n2,4,0,0,1,0\r\n@ELEM\r\n"
+      "1,1,2,0,0,1,0\r\n@SECT\r\n1,0,100,10000,50,0,1,205000,79000\r\n@SPEC\r\n2,1,0,-1,0\r\n");
+  Window().OpenDeck(ToQt(Sample("沈下.inp")));
+  QTimer stopper;
+  QObject::connect(&stopper, &QTimer::timeout, [] {
+    const auto* const box = QApplication::activeModalWidget();
+    auto* const stop = box == nullptr ? nullptr : box->findChild<QPushButton*>(QStringLiteral("stop"));
+    if (stop != nullptr && stop->isEnabled()) QTest::mouseClick(stop, Qt::LeftButton);
+  });
+  stopper.start(50);
+  Script().ExpectBox(QStringLiteral("中止"), QStringLiteral("OK"));
+  Choose("mnuAnalysisStatic(0)");
+  EXPECT_FALSE(Entry("mnuAnalysisStatic(3)")->isEnabled());
+  EXPECT_FALSE(FileExists(AnalysisPath + "FT031"));
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 

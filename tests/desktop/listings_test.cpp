@@ -70,6 +70,14 @@ TEST_F(ListingsTest, TheReaderFindsWordsAndGoesOnFromTheTop) {
   EXPECT_EQ(text->textCursor().blockNumber(), 399);
 }
 
+TEST_F(ListingsTest, TheSearchReachesTheEndOfALongTextAtOnce) {
+  Form* const reader = Show(kPrintCheck, false, Numbered(20000));
+  auto* const search = Child<QLineEdit>(reader, "search");
+  QTest::keyClicks(search, QStringLiteral("19999"));
+  QTest::keyClick(search, Qt::Key_Return);
+  EXPECT_EQ(Child<QPlainTextEdit>(reader, "text")->textCursor().blockNumber(), 19998);
+}
+
 TEST_F(ListingsTest, TheReaderSavesACopyByteByByte) {
   Form* const reader = Show(kPrintCheck, false, "節点\r\n");
   const std::string copy = Documents() + "写し.txt";
@@ -173,7 +181,10 @@ TEST_F(ListingsTest, ThePrinterFormOffersTheFourPapers) {
 TEST_F(ListingsTest, ThirtyThousandLinesOpenAtOnceInBoth) {
   Show(kPrintOther, true, Numbered(30000));
   EXPECT_EQ(Child<QSpinBox>(OpenForm("frmPrnText"), "page")->maximum(), 423);  // 30000 / 71
-  Show(kPrintOther, false, Numbered(30000));
+  Form* const reader = Show(kPrintOther, false, Numbered(30000));
+  auto* const text = Child<QPlainTextEdit>(reader, "text");
+  EXPECT_EQ(text->textCursor().blockNumber(), 0);
+  QTRY_COMPARE(text->blockCount(), 30001);
 }
 
 TEST_F(ListingsTest, TheInputCheckShowsItsMessagesInTheReader) {
