@@ -36,9 +36,13 @@ function(zorlan_floor name)
   target_link_libraries(zorlan_${name} PUBLIC ${FLOOR_LINKS} PRIVATE zorlan_options ${FLOOR_PRIVATE_LINKS})
 endfunction()
 
-# zorlan_test(NAME [LINKS target...]): the program NAME_test of all *_test.cpp in tests/NAME, every test a ctest of its own.
+# zorlan_test(NAME [LINKS target...] [TIMEOUT seconds]): the program NAME_test of all *_test.cpp in tests/NAME, every test a
+# ctest of its own that may take 120 seconds, or as long as it says.
 function(zorlan_test name)
-  cmake_parse_arguments(TEST "" "" "LINKS" ${ARGN})
+  cmake_parse_arguments(TEST "" "TIMEOUT" "LINKS" ${ARGN})
+  if(NOT TEST_TIMEOUT)
+    set(TEST_TIMEOUT 120)
+  endif()
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${name}/*.cpp)
   if(NOT sources)
     return()
@@ -49,5 +53,5 @@ function(zorlan_test name)
   target_link_libraries(${name}_test PRIVATE ${TEST_LINKS} zorlan_options GTest::gmock GTest::gtest_main)
   target_compile_options(${name}_test PRIVATE -O1)  # the tests' own code has nothing to gain from more
   include(GoogleTest)
-  gtest_discover_tests(${name}_test TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+  gtest_discover_tests(${name}_test TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${TEST_TIMEOUT})
 endfunction()

@@ -1,12 +1,14 @@
 #include "analysis/dense_solver.h"
 
 #include <cmath>
+#include <utility>
+
+#include "analysis/layer_system.h"
 
 namespace zorlan {
 namespace {
 
 constexpr double kPivotLimit = 1e-18;  // not the file road's 1e-20
-constexpr double kLayerPivot = 0.001;  // t/m
 
 /// A square or oblong matrix, a row after the other.
 class Matrix {
@@ -14,6 +16,7 @@ class Matrix {
   Matrix(int rows, int columns)
       : columns_(columns), values_(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns)) {}
   double* operator[](int row) { return values_.data() + static_cast<std::ptrdiff_t>(row) * columns_; }
+  std::vector<double> Values() && { return std::move(values_); }
 
  private:
   int columns_;
@@ -183,45 +186,13 @@ bool EliminateNodes(const Equations& equations, double tolerance, LayeredSystem&
   return true;
 }
 
-/// The U code of each layer: that of its last node in node table order.
-std::vector<std::int16_t> LayerCodes(const Equations& equations) {
-  std::vector<std::int16_t> codes(static_cast<std::size_t>(equations.layers));
+/// Which layers are held: those whose last node in node table order has the U code 1.
+std::vector<bool> HeldLayers(const Equations& equations) {
+  std::vector<bool> held(static_cast<std::size_t>(equations.layers));
   for (int node = 1; node <= equations.nodes; ++node)
     if (const int layer = equations.layer[static_cast<std::size_t>(node)]; layer != 0)
-      codes[static_cast<std::size_t>(layer - 1)] = equations.code[static_cast<std::size_t>(node)][0];
-  return codes;
-}
-
-/// Layer displacements. A layer of code 1 is no pivot and stays at 0.
-std::optional<CaseTable> SolveStory(const Equations& equations, LayeredSystem& s, NoStiffness& fault) {
-  const std::vector<std::int16_t> codes = LayerCodes(equations);
-  const auto held = [&](int h) { return codes[static_cast<std::size_t>(h)] == kFixed; };
-  for (int h = 0; h < s.layers; ++h) {
-    if (held(h)) continue;
-    const double p = s.story[h][h];
-    if (std::abs(p) <= kLayerPivot) {
-      fault = {h + 1, h + 1, NoStiffness::What::InMemoryLayer};
-      return std::nullopt;
-    }
-    Divide(s.story[h], p, h, s.layers);
-    Divide(s.layerLoad[h], p, 0, s.cases);
-    for (int r = h + 1; r < s.layers; ++r) {
-      const double f = s.story[r][h];
-      if (f == 0) continue;
-      for (int j = h; j < s.layers; ++j) s.story[r][j] -= f * s.story[h][j];
-      for (int c = 0; c < s.cases; ++c) s.layerLoad[r][c] -= f * s.layerLoad[h][c];
-    }
-  }
-  CaseTable y(s.layers, s.cases);
-  for (int h = s.layers - 1; h >= 0; --h) {
-    if (held(h) || s.story[h][h] == 0) continue;
-    for (int c = 0; c < s.cases; ++c) {
-      double sum = s.layerLoad[h][c];
-      for (int k = h + 1; k < s.layers; ++k) sum -= s.story[h][k] * y[k][c];
-      y[h][c] = sum;
-    }
-  }
-  return y;
+      held[static_cast<std::size_t>(layer - 1)] = equations.code[static_cast<std::size_t>(node)][0] == kFixed;
+  return held;
 }
 
 }  // namespace
@@ -230,7 +201,8 @@ std::optional<CaseTable> SolveDenseWithLayers(const Equations& equations, double
                                               NoStiffness& fault) {
   LayeredSystem s = AssembledWithLayers(equations);
   if (!EliminateNodes(equations, tolerance, s, fault)) return std::nullopt;
-  const std::optional<CaseTable> y = SolveStory(equations, s, fault);
+  const std::optional<CaseTable> y =
+      SolveLayers({std::move(s.story).Values(), std::move(s.layerLoad), HeldLayers(equations)}, fault);
   if (!y) return std::nullopt;
 
   CaseTable x(equations.Count(), s.cases);

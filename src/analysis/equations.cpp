@@ -242,8 +242,7 @@ constexpr InstabilityWords kInstabilityWords[] = {
     {NoStiffness::What::X, "NODE =", "####     X 方向  剛性　ありません"},
     {NoStiffness::What::Y, "NODE =", "####     Y 方向  剛性　ありません"},
     {NoStiffness::What::Z, "NODE =", "####     Z 方向  剛性　ありません"},
-    {NoStiffness::What::FrontLayer, "第 ", "### 層  X 方向  剛性　ありません"},
-    {NoStiffness::What::InMemoryLayer, "第 ", "#### 層  X 方向  剛性　ありません"},
+    {NoStiffness::What::Layer, "第 ", "#### 層  X 方向  剛性　ありません"},
 };
 
 }  // namespace

@@ -69,19 +69,22 @@ struct Equations {
 /// names the row at fault.
 void AddLoadTerms(const ModelRec& model, const std::vector<Member>& members, CaseTable& loads);
 
-/// Layers of a same-displacement frame: the index of the (last) group that lists the node, then a number of
-/// its own for every other node whose U code is not 1. Both vectors as in Equations.
+/// Fills `layer` and `layers` of a same-displacement frame: the index of the (last) group that lists the
+/// node, then a number of its own for every other node whose U code is not 1. Without groups there are no
+/// layers.
 void AssignLayers(const ModelRec& model, Equations& equations);
 
-/// The whole element stage. `members` as CollectMembers gives them.
+/// Which solver the equations are for: the roads differ in the order of the records and in the tolerance of
+/// the magnification.
 enum class SolverRoad { File, InMemory };
+/// The whole element stage. `members` as CollectMembers gives them. Throws Fault.
 Equations BuildEquations(const ModelRec& model, const std::vector<Member>& members, SolverRoad road);
 
 /// An equation without stiffness: where an elimination found the structure unstable.
 struct NoStiffness {
   int position = 0;  // of the pivot, from 1
   int number = 0;    // of the node, or the layer
-  enum class What { X, Y, Z, FrontLayer, InMemoryLayer } what = What::X;
+  enum class What { X, Y, Z, Layer } what = What::X;
 };
 /// The direction of equation `dof` (0 to 2) of a node. A rotation has no word: its pivot is tolerated.
 constexpr NoStiffness::What DirectionOf(ModelKind kind, int dof) {
@@ -92,7 +95,7 @@ constexpr NoStiffness::What DirectionOf(ModelKind kind, int dof) {
 constexpr bool IsRotation(ModelKind kind, int dof) {
   return dof == 2 || (kind == kPlaneGrid && dof == 1);
 }
-/// What the user is told of it.
+/// What the user is told of it: two lines.
 std::string InstabilityText(const NoStiffness& fault);
 
 }  // namespace zorlan

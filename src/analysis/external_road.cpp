@@ -48,7 +48,6 @@ std::string ControlText() {
 
 /// Where a deck node is, in the model's words.
 std::string PlaceOf(int deckNode) {
-  if (deckNode < 1 || deckNode > static_cast<int>(Tables.ExtNodes.size())) return std::to_string(deckNode);
   const ExtNode& node = Tables.ExtNodes[static_cast<std::size_t>(deckNode - 1)];
   if (node.modelNumber != 0) return std::to_string(node.modelNumber);
   for (const ExtBeam& beam : Tables.ExtBeams)
@@ -71,8 +70,9 @@ std::string ErrorFileText(int exitCode) {
   if (exitCode != kUnstableExit || label == std::string::npos) return text;
   const std::size_t first = label + kNode.size();
   const std::size_t last = std::min(text.find_first_not_of("0123456789", first), text.size());
-  return text.replace(first, last - first,
-                      PlaceOf(static_cast<int>(ReadReal(text.substr(first, last - first)))));
+  const double deckNode = ReadReal(text.substr(first, last - first));
+  if (deckNode < 1 || deckNode > static_cast<double>(Tables.ExtNodes.size())) return text;
+  return text.replace(first, last - first, PlaceOf(static_cast<int>(deckNode)));
 }
 
 /// Why a run of the companion gave no result; empty if it did.
@@ -106,7 +106,8 @@ void MarkMovedNodes() {
   for (const ExtMovedNode& moved : Tables.movedNodes) CalcModel.Node[moved.row].code = moved.code;
 }
 
-/// The member forces that meet a moved node, less the loads on the node itself, which no support exerts.
+/// The member forces that meet a moved node, less the loads on the node itself, which no support exerts. A
+/// free direction has no reaction, even where a same-displacement link pulls at the node.
 std::array<double, 3> MovedNodeReactions(int loadCase, int row, const MergedResults& results) {
   const std::vector<double> sum = MemberForceSum(loadCase, CalcModel.Node[row].number, results);
   std::array<double, 3> reaction{sum[0], sum[1], sum[2]};
@@ -116,6 +117,8 @@ std::array<double, 3> MovedNodeReactions(int loadCase, int row, const MergedResu
     reaction[1] -= load.FY;
     reaction[2] += load.MZ;
   }
+  for (std::size_t dof = 0; dof < 3; ++dof)
+    if (CalcModel.Node[row].code[dof] == kFree) reaction[dof] = 0;
   return reaction;
 }
 

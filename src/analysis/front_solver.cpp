@@ -9,7 +9,6 @@ namespace zorlan {
 namespace {
 
 constexpr int kNoDiagonal = -1;
-constexpr double kLayerPivot = 0.001;  // t/m; quite unlike the pivot tolerance of the nodes, on purpose
 
 /// Which slot each node takes, found without numbers: the first free one when the first record meets it.
 struct SlotPlan {
@@ -314,7 +313,7 @@ void FrontSweep::ReduceSpan(double* row, const std::array<double, 3>& f,
 
 LayerSystem FrontSweep::TakeLayerSystem() {
   const auto layers = static_cast<std::size_t>(eq_.layers);
-  LayerSystem system{std::vector<double>(layers * layers), CaseTable(eq_.layers, cases_)};
+  LayerSystem system{std::vector<double>(layers * layers), CaseTable(eq_.layers, cases_), {}};
   for (std::size_t h = 0; h < layers; ++h) {
     const std::vector<double>& row = layerRow_[h + 1];
     if (row.empty()) continue;
@@ -322,20 +321,6 @@ LayerSystem FrontSweep::TakeLayerSystem() {
     std::copy_n(row.data() + cases_, layers, system.stiffness.data() + h * layers);
   }
   return system;
-}
-
-/// x -= the coefficients of `count` equations times their displacements, which lie a row of cases behind each
-/// other.
-void SubtractProducts(double* x, const double* coefficients, const double* displacements, int count,
-                      int cases) {
-  if (cases == 1) {  // too short for the vectors
-    for (int k = 0; k < count; ++k) *x -= coefficients[k] * displacements[k];
-    return;
-  }
-  std::array<const double*, 3> p{};
-  for (int k = 0; k < count; ++k)
-    p[static_cast<std::size_t>(k)] = displacements + static_cast<std::ptrdiff_t>(k) * cases;
-  ReduceRow(x, p.data(), coefficients, count, static_cast<std::size_t>(cases));
 }
 
 }  // namespace
@@ -385,31 +370,6 @@ CaseTable SubstituteBack(const Equations& equations, const EliminatedRows& rows,
       if (const int layer = equations.layer[static_cast<std::size_t>(row)]; layer != 0)
         std::copy_n(layerDisplacements[layer - 1], cases, x[3 * (row - 1)]);
   return x;
-}
-
-std::optional<CaseTable> SolveLayers(LayerSystem system, int layers, NoStiffness& fault) {
-  const int cases = system.loads.Cases();
-  const auto row = [&](int h) { return system.stiffness.data() + static_cast<std::ptrdiff_t>(h) * layers; };
-  for (int h = 0; h < layers; ++h) {
-    const double p = row(h)[h];
-    if (std::abs(p) <= kLayerPivot) {
-      fault = {h + 1, h + 1, NoStiffness::What::FrontLayer};
-      return std::nullopt;
-    }
-    for (int j = h; j < layers; ++j) row(h)[j] /= p;
-    for (int c = 0; c < cases; ++c) system.loads[h][c] /= p;
-    for (int r = h + 1; r < layers; ++r) {
-      const double f = row(r)[h];
-      if (f == 0) continue;
-      const double* const pivot = row(h) + h;
-      ReduceRow(row(r) + h, &pivot, &f, 1, static_cast<std::size_t>(layers - h));
-      SubtractProducts(system.loads[r], &f, system.loads[h], 1, cases);
-    }
-  }
-  for (int h = layers - 2; h >= 0; --h)
-    for (int k = h + 1; k < layers; ++k)
-      SubtractProducts(system.loads[h], row(h) + k, system.loads[k], 1, cases);
-  return std::move(system.loads);
 }
 
 }  // namespace zorlan

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "analysis/equations.h"
+#include "analysis/layer_system.h"
 
 namespace zorlan {
 
@@ -44,13 +45,6 @@ struct EliminatedNode {
   std::array<const double*, 3> row{};
 };
 
-/// Condensed stiffness of the layers, upper triangle in use: row h, column k at h * layers + k, and their
-/// load terms, both from 0.
-struct LayerSystem {
-  std::vector<double> stiffness;
-  CaseTable loads;
-};
-
 struct EliminatedRows {
   std::vector<EliminatedNode> nodes;  // in the order of elimination
   LayerSystem layers;                 // empty without groups
@@ -69,9 +63,5 @@ std::optional<EliminatedRows> EliminateFront(const Equations& equations, double 
 /// layer, from 0; empty without groups.
 CaseTable SubstituteBack(const Equations& equations, const EliminatedRows& rows,
                          const CaseTable& layerDisplacements);
-
-/// Displacements of the layers: Gauss elimination of the condensed system, row by row. A pivot of 0.001 t/m
-/// or less answers nothing, and `fault` names the layer.
-std::optional<CaseTable> SolveLayers(LayerSystem system, int layers, NoStiffness& fault);
 
 }  // namespace zorlan

@@ -100,7 +100,7 @@ void DFORWARB() {
     Eliminate();
     if (!Stage.rows) return;
     NoStiffness fault;
-    Stage.layerDisplacements = SolveLayers(std::move(Stage.rows->layers), Stage.equations->layers, fault);
+    Stage.layerDisplacements = SolveLayers(std::move(Stage.rows->layers), fault);
     if (!Stage.layerDisplacements) {
       Stage.rows.reset();
       TellInstability(fault);
@@ -180,11 +180,14 @@ void DSTRESS2() {
 }
 
 void RecomputeMidspan() {
-  const std::size_t count = static_cast<std::size_t>(CalcModel.MaxLoadCase) *
-                            static_cast<std::size_t>(CalcModel.ElemCount) * kForcesPerElement;
-  std::vector<double> forces = ReadReals(AnalysisPath + "FT031", count);
-  AddLoadForces(CalcModel, CollectMembers(CalcModel), AddedForces::MidspanAlone, forces);
-  WriteForces(AnalysisPath, forces);
+  RunStage("DSTRESS2", [] {
+    const std::size_t count = static_cast<std::size_t>(CalcModel.MaxLoadCase) *
+                              static_cast<std::size_t>(CalcModel.ElemCount) * kForcesPerElement;
+    std::vector<double> forces = ReadReals(AnalysisPath + "FT031", count);
+    AddLoadForces(CalcModel, CollectMembers(CalcModel), AddedForces::MidspanAlone, forces);
+    RequireFinite(forces);
+    WriteForces(AnalysisPath, forces);
+  });
 }
 
 void WriteStageResults() {

@@ -35,7 +35,7 @@ void DSTRESS1();  // from the displacements
 void DSTRESS2();  // with the loads
 
 /// Midspan moments of a complete FT031 in AnalysisPath from its end moments and the loads of CalcModel;
-/// rewrites the file.
+/// rewrites the file. A form of DSTRESS2, whose name its fault bears.
 void RecomputeMidspan();
 
 /// Writes FT021, FT022, FT022A and FT031 of the last solve into AnalysisPath. Throws FileFault.

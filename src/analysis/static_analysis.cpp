@@ -115,7 +115,9 @@ bool SolveCaseByCase(bool roller) {
   WriteMergedResults(results);
   RemoveMagnification(CalcModel);
   RecomputeMidspan();
-  return true;
+  if (AnalysisError.empty()) return true;
+  TellFailure();
+  return false;
 }
 
 void CopyResultFiles(const std::string& from, const std::string& to) {

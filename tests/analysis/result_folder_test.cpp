@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "analysis/analysis_state.h"
 #include "analysis/merge.h"
 #include "analysis/stages.h"
 #include "support/analysis_folder.h"
@@ -175,6 +176,14 @@ TEST_F(MergedCases, HaveTheirMidspanMomentsComputedAnew) {
   RecomputeMidspan();
   EXPECT_EQ(Read(AnalysisPath + "FT031"),
             " 1 \n 2 \n 3 \n 4 \n 5 \n 6 \n 1.5 \n 10 \n 20 \n 30 \n 40 \n 50 \n 60 \n 24.375 \n");
+}
+
+TEST_F(MergedCases, WithoutTheirForcesFailAsTheStageThatAddsTheLoads) {
+  AnalysisError.clear();
+  RemoveFile(AnalysisPath + "FT031");
+  RecomputeMidspan();
+  EXPECT_EQ(AnalysisError, "エラー発生（IN DSTRESS2）");
+  EXPECT_THAT(AnalysisErrorDetail, testing::HasSubstr("FT031"));
 }
 
 }  // namespace

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstring>
+#include <bit>
+#include <cmath>
+#include <cstdint>
 #include <random>
 #include <vector>
 
@@ -41,8 +43,9 @@ class RandomRows {
 };
 
 void ExpectSameBits(const Row& actual, const Row& expected, std::size_t width) {
-  EXPECT_EQ(std::memcmp(actual.data(), expected.data(), expected.size() * sizeof(double)), 0)
-      << "width " << width;
+  for (std::size_t j = 0; j < width; ++j)
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(actual[j]), std::bit_cast<std::uint64_t>(expected[j]))
+        << "width " << width << " place " << j;
 }
 
 TEST(RowReduction, OfARowIsTheSameToTheLastBitAsSeparateSweeps) {

@@ -61,8 +61,8 @@ TEST_F(CompanionProgram, PrintsCountsAndThreeTablesInTheirColumns) {
   const double sag = (1.5 * 64 / 3 + 2 * 16 / 2.0 + 3 * 256 / 8.0) / 4200;
   const std::size_t tip = text.find("\r\n      2       1") + 2;
   EXPECT_NEAR(std::stod(text.substr(tip + 43, 14)), -sag, 1e-9);
-  // The actions stand at the outer ends alone: between them the shear is 1.5 + 6, and half of it, over 2 m, takes the
-  // wall's 32 - 4 down to 13.
+  // The actions stand at the outer ends alone: between them the shear is 1.5 + 6, and half of it, over 2 m,
+  // takes the wall's 32 - 4 down to 13.
   EXPECT_EQ(text.substr(text.find(" BEAM FORCES AND MOMENTS")),
             " BEAM FORCES AND MOMENTS\r\n"
             "\r\n"

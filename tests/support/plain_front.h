@@ -129,7 +129,7 @@ class PlainFront {
     for (int h = 0; h < eq_.layers; ++h) {
       const double p = story_[At(h)][At(h)];
       if (std::abs(p) <= 0.001) {
-        fault = {h + 1, h + 1, NoStiffness::What::FrontLayer};
+        fault = {h + 1, h + 1, NoStiffness::What::Layer};
         return false;
       }
       for (double& value : story_[At(h)]) value /= p;

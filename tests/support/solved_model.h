@@ -39,7 +39,7 @@ inline std::optional<CaseTable> SolveByFront(const Equations& equations, NoStiff
   if (!rows) return std::nullopt;
   CaseTable layers;
   if (equations.layers > 0) {
-    std::optional<CaseTable> solved = SolveLayers(std::move(rows->layers), equations.layers, fault);
+    std::optional<CaseTable> solved = SolveLayers(std::move(rows->layers), fault);
     if (!solved) return std::nullopt;
     layers = std::move(*solved);
   }
