@@ -6,6 +6,7 @@
 #include "base/host.h"
 #include "base/text_file.h"
 #include "desktop/application.h"
+#include "desktop/hand_over.h"
 #include "desktop/main_window.h"
 #include "desktop/splash.h"
 #include "desktop/system_printers.h"
@@ -23,18 +24,18 @@ int main(int argc, char** argv) {
   StartUp start;
   start.install = InstallFolder(ZORLAN_SOURCE_DATA);
   start.printers = LookAtPrinters();
+  const QStringList arguments = QApplication::arguments();
+  const QString deck = arguments.size() > 1 ? QFileInfo(arguments.at(1)).absoluteFilePath() : QString();
   switch (window.Load(start)) {
     case Started::Ready:
       break;
     case Started::AlreadyRunning:
-      Tell("ZORLAN は、すでに起動しています。");
+      if (!HandOver(FromQt(deck))) Tell("ZORLAN は、すでに起動しています。");
       return 0;
     case Started::NoTree:
       return 1;
   }
   window.show();
-  const QStringList arguments = QApplication::arguments();
-  if (arguments.size() > 1)
-    QTimer::singleShot(0, &window, [&] { window.OpenDeck(QFileInfo(arguments.at(1)).absoluteFilePath()); });
+  if (!deck.isEmpty()) QTimer::singleShot(0, &window, [&] { window.OpenDeck(deck); });
   return QApplication::exec();
 }

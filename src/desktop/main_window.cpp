@@ -19,6 +19,7 @@
 #include "desktop/busy.h"
 #include "desktop/csv_file.h"
 #include "desktop/form.h"
+#include "desktop/hand_over.h"
 #include "desktop/icons.h"
 #include "desktop/input_menu.h"
 #include "desktop/main_menu.h"
@@ -122,7 +123,11 @@ Started MainWindow::Load(const StartUp& start) {
   start_ = start;
   const Started started = RunStartUp(start);
   loaded_ = started == Started::Ready;
-  if (loaded_) RestorePlace();
+  if (loaded_) {
+    RestorePlace();
+    auto* const watch = new HandOverWatch(this);
+    connect(watch, &HandOverWatch::arrived, this, &MainWindow::ComeToFront);
+  }
   Refresh();
   return started;
 }
@@ -149,6 +154,13 @@ void MainWindow::Run(Command command) {
 
 void MainWindow::OpenDeck(const QString& path) {
   Guarded("OpenDeckFile", [&] { OpenDeckFile(FromQt(path)); });
+}
+
+void MainWindow::ComeToFront(const QString& deck) {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  raise();
+  activateWindow();
+  if (!deck.isEmpty()) OpenDeck(deck);
 }
 
 void MainWindow::Refresh() {

@@ -28,6 +28,9 @@ class MainWindow : public QMainWindow {
   /// Opens a deck as a double click on it does.
   void OpenDeck(const QString& path);
 
+  /// Another start of the program asked for this one, with a deck or without.
+  void ComeToFront(const QString& deck);
+
   /// What a menu entry does.
   void Run(Command command);
 

@@ -123,6 +123,7 @@ void ProjectDialogWindow::ShowBoxes() {
   dataPath_->setText(ToQt(dialog_.dataPath));
   project_->setText(ToQt(dialog_.project));
   model_->setText(ToQt(dialog_.model));
+  heading_->setText(ToQt(HeadingOf(dialog_)));
 }
 
 void ProjectDialogWindow::ShowInformation() {

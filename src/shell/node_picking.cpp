@@ -39,4 +39,10 @@ std::string StartPath(const ProjectDialog& dialog) {
   return path + (old ? FolderText(dialog.model) : dialog.model + ".inp");
 }
 
+std::string HeadingOf(const ProjectDialog& dialog) {
+  if (dialog.mode != DialogMode::Open || dialog.project.empty()) return dialog.heading;
+  const std::string model = dialog.model.empty() ? std::string() : dialog.model + ".inp";
+  return "〔" + FolderText(dialog.project + ".zor") + model + "〕";
+}
+
 }  // namespace zorlan

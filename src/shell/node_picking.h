@@ -14,4 +14,7 @@ void PickNode(ProjectDialog& dialog, const TreeNode& node);
 /// The path of what the boxes name: a deck, or an old model's folder.
 std::string StartPath(const ProjectDialog& dialog);
 
+/// The heading over what the boxes name: the mode's own, or else project and model in 〔〕.
+std::string HeadingOf(const ProjectDialog& dialog);
+
 }  // namespace zorlan

@@ -81,6 +81,12 @@ TEST_F(DesktopTest, ADeckGivenByItsPathIsOpened) {
   EXPECT_THAT(Caption(), HasSubstr("格子梁.inp"));
 }
 
+TEST_F(DesktopTest, ASecondStartHandsItsDeckToTheRunningProgram) {
+  ReplaceBytes(AppPath + "open.txt", Sample("格子梁.inp"));  // what the second start leaves
+  EXPECT_TRUE(QTest::qWaitFor([] { return !FileExists(AppPath + "open.txt"); }));
+  EXPECT_THAT(Caption(), HasSubstr("格子梁.inp"));
+}
+
 TEST_F(DesktopTest, ADroppedDeckIsOpened) {
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile(ToQt(Sample("連続梁.inp")))});

@@ -1,0 +1,70 @@
+#include "shell/model_status.h"
+
+#include <chrono>
+#include <filesystem>
+
+#include "shell/projects.h"
+#include "support/model_folder.h"
+
+namespace zorlan {
+namespace {
+
+class ModelStatusTest : public test::ModelFolderTest {
+ protected:
+  ModelStatusTest() {
+    ModelIsOpen = true;
+    ModelChanged = false;
+    Results = {};
+  }
+  ~ModelStatusTest() override {
+    ModelIsOpen = ModelChanged = false;
+    Results = {};
+  }
+  /// Stored forces, older or newer than the deck by so many seconds.
+  void StoreForces(int secondsAfterDeck) {
+    WriteDeck("@CONT\n1,1,0\n");
+    MakeFolder(ResultFolder());
+    ReplaceBytes(ResultFolder() + "FT031", "1\r\n");
+    const auto deck = std::filesystem::last_write_time(DeckPath());
+    std::filesystem::last_write_time(ResultFolder() + "FT031", deck + std::chrono::seconds(secondsAfterDeck));
+    Results.forces = true;
+  }
+};
+
+TEST_F(ModelStatusTest, WithoutAModelThereIsNothingElseToSay) {
+  ModelIsOpen = false;
+  const ModelStatus status = CurrentModelStatus();
+  EXPECT_EQ(status.model, "モデルなし");
+  EXPECT_EQ(status.saved + status.results + status.kind + status.units, "");
+}
+
+TEST_F(ModelStatusTest, ANewModelIsNotSavedYet) {
+  ModelFile.clear();
+  EXPECT_EQ(CurrentModelStatus().model, "NewData");
+  EXPECT_EQ(CurrentModelStatus().saved, "未保存");
+}
+
+TEST_F(ModelStatusTest, UnsavedChangesAreSaid) {
+  EXPECT_EQ(CurrentModelStatus().saved, "保存済み");
+  ModelChanged = true;
+  EXPECT_EQ(CurrentModelStatus().saved, "未保存");
+}
+
+TEST_F(ModelStatusTest, ResultsAreOfTheModelAsItStandsOrOfAFormerState) {
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果なし");
+  StoreForces(1);
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果あり");
+  ModelChanged = true;
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果は変更前のものです");
+  ModelChanged = false;
+  StoreForces(-1);
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果は変更前のものです");
+}
+
+TEST_F(ModelStatusTest, UnitsComeFromTheTable) {
+  WriteTable("UNIT", "1,0,9.80665,0\n");
+  EXPECT_EQ(CurrentModelStatus().units, "入力 ＳＩ単位　出力 工学単位");
+}
+
+}  // namespace
+}  // namespace zorlan
