@@ -1,5 +1,5 @@
 // zorlan: the desktop program. One argument is accepted: the path of a deck to be opened.
-#include <QApplication>
+#include <QFileInfo>
 #include <QTimer>
 
 #include "analysis/external_road.h"
@@ -14,7 +14,7 @@
 
 int main(int argc, char** argv) {
   using namespace zorlan;
-  QApplication application(argc, argv);
+  Application application(argc, argv);
   SetUpApplication(application);
   ProgramFolder = FolderText(FromQt(QApplication::applicationDirPath()));
   ShowSplash();
@@ -34,6 +34,7 @@ int main(int argc, char** argv) {
   }
   window.show();
   const QStringList arguments = QApplication::arguments();
-  if (arguments.size() > 1) QTimer::singleShot(0, &window, [&] { window.OpenDeck(arguments.at(1)); });
+  if (arguments.size() > 1)
+    QTimer::singleShot(0, &window, [&] { window.OpenDeck(QFileInfo(arguments.at(1)).absoluteFilePath()); });
   return QApplication::exec();
 }

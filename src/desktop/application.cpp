@@ -1,7 +1,7 @@
 #include "desktop/application.h"
 
+#include <exception>
 #include <memory>
-#include <QApplication>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -41,6 +41,18 @@ void UseJapaneseWords(QApplication& application) {
 }
 
 }  // namespace
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (const UserStop&) {
+    EndBusy();
+  } catch (const std::exception& fault) {
+    EndBusy();
+    ReportError("Application", fault.what());
+  }
+  return true;
+}
 
 void SetUpApplication(QApplication& application) {
   InitDrawings();

@@ -23,6 +23,7 @@
 #include "desktop/input_menu.h"
 #include "desktop/main_menu.h"
 #include "desktop/printer_set.h"
+#include "desktop/prn_text.h"
 #include "desktop/shell_windows.h"
 #include "desktop/to_zor2.h"
 #include "desktop/version_form.h"
@@ -39,6 +40,11 @@ namespace {
 
 constexpr std::string_view kPlaceName = "frmMain";
 constexpr int kHintTime = 5000;  // ms
+
+void SetUpPrinter(MainWindow& window) {
+  if (frmPrinterSet(window.Printers(), &window).exec() != QDialog::Accepted) return;
+  if (auto* const preview = qobject_cast<frmPrnText*>(window.Forms().Find("frmPrnText"))) preview->LayOut();
+}
 
 struct CommandRow {
   Command command;
@@ -57,8 +63,7 @@ constexpr std::array kCommands = {
     CommandRow{Command::Restore, "RestoreProject", [](MainWindow&) { RestoreProject(); }},
     CommandRow{Command::DeleteProject, "DeleteProject", [](MainWindow&) { DeleteProject(); }},
     CommandRow{Command::Convert, "ToZOR2", [](MainWindow& window) { ToZOR2(&window).exec(); }},
-    CommandRow{Command::PrinterSetUp, "frmPrinterSet",
-               [](MainWindow& window) { frmPrinterSet(window.Printers(), &window).exec(); }},
+    CommandRow{Command::PrinterSetUp, "frmPrinterSet", [](MainWindow& window) { SetUpPrinter(window); }},
     CommandRow{Command::PrintInput, "PrintInputList", [](MainWindow&) { PrintInputList(); }},
     CommandRow{Command::Exit, "LeaveProgram", [](MainWindow& window) { window.Leave(); }},
     CommandRow{Command::Check, "CheckInput", [](MainWindow&) { CheckInput(); }},

@@ -25,12 +25,13 @@ class frmPrnText : public Form {
   /// Shows the pages of a PrintFlag's listing. A file that doesn't exist shows an empty preview.
   void ShowListing(int flag, const std::string& path);
 
+  /// Lays the listing out by the printer settings as they are now.
+  void LayOut();
+
   QSize sizeHint() const override;
 
  private:
   void Build();
-  /// Lays the listing out by the printer settings as they are now.
-  void LayOut();
   void SetZoomOf(int row);
   void Print();
   void PrintOn(QPrinter& printer);

@@ -22,7 +22,11 @@ namespace zorlan::test {
 
 class DesktopTest : public testing::Test {
  protected:
-  DesktopTest() { Start(); }
+  DesktopTest() {
+    ProjectName.clear();  // as in a program that has just begun
+    ModelFile.clear();
+    Start();
+  }
 
   /// The program comes up, as if anew after Stop.
   void Start() {

@@ -61,7 +61,7 @@ TEST_F(KeyboardTest, AWholeSession) {
   });
   Press(Qt::Key_F, Qt::AltModifier);
   Press(Qt::Key_O);
-  QTRY_VERIFY(Caption().find("frame.inp") != std::string::npos);
+  ASSERT_THAT(Caption(), HasSubstr("frame.inp"));
 
   Press(Qt::Key_F5);
   ASSERT_NE(OpenForm("frmKakuninText"), nullptr);

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QTemporaryDir>
 
 #include "desktop/application.h"
@@ -10,7 +9,7 @@ int main(int argc, char** argv) {
   const QTemporaryDir runtime;
   if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-  QApplication application(argc, argv);
+  zorlan::Application application(argc, argv);
   QApplication::setEffectEnabled(Qt::UI_AnimateMenu, false);
   zorlan::SetUpApplication(application);
   testing::InitGoogleTest(&argc, argv);
