@@ -16,8 +16,8 @@ struct SectionKind {
   std::string_view entry;  // of the section entry's list
   std::string_view shape;  // short, for the input help
   SectionSource source;
-  SteelFamily family;                       // of Steel
-  std::array<std::string_view, 4> fields;   // what P1 to P4 are, with their unit; "-": not used
+  SteelFamily family;                      // of Steel
+  std::array<std::string_view, 4> fields;  // what P1 to P4 are, with their unit; "-": not used
 
   /// How many of the fields are the sizes in a section name: "H-400x200x8x13" has four.
   std::size_t Sizes() const;
