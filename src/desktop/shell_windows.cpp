@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+#include "desktop/add_num.h"
 #include "desktop/folder_dialog_window.h"
 #include "desktop/form.h"
 #include "desktop/input_menu.h"
@@ -68,6 +69,7 @@ void InstallMainWindow(MainWindow& window) {
   };
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
+  table.addNum = [&window](std::string_view mode) { return AskNumber(mode, &window); };
   table.showText = [&window](TextWindow where, int flag, const std::string& path) {
     ShowTextIn(window, where, flag, path);
   };
