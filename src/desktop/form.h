@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "shell/menu.h"
+
 class QMdiSubWindow;
 class QStyle;
 
@@ -27,6 +29,9 @@ class Form : public QWidget {
   /// A form that keeps its size, such as a bar of buttons: it stands at the left edge, and the others are
   /// arranged beside it.
   virtual bool KeepsItsSize() const { return false; }
+
+  /// An entry of the Edit menu. A form without a grid does it in the box that has the focus.
+  virtual void Edit(Command command);
 
  protected:
   /// What must hold before the form may close; it has told the user why not.
