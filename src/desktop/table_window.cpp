@@ -52,6 +52,10 @@ TableWindow::TableWindow(const TableForm& form, MainWindow& window)
   ShowTabs();
 }
 
+TableWindow::~TableWindow() {
+  window_.statusBar()->clearMessage();  // it explains a cell of this form
+}
+
 void TableWindow::Build() {
   model_ = new TableModel(editor_, this);
   view_ = new TableView(editor_, model_);
