@@ -144,6 +144,11 @@ void MainWindow::Guarded(std::string_view routine, Body body) {
     ReportError(routine, fault.what());
   }
   EndBusy();
+  try {
+    forms_->RenewAll();
+  } catch (const std::exception& fault) {
+    ReportError("RenewForms", fault.what());
+  }
   Refresh();
 }
 
