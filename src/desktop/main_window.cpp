@@ -139,6 +139,7 @@ void MainWindow::Guarded(std::string_view routine, Body body) {
     body();
   } catch (const UserStop&) {
     LookAtResults();
+    TheWindows().dropFigureData();
     statusBar()->showMessage(QStringLiteral("中止しました"), kHintTime);
   } catch (const std::exception& fault) {
     ReportError(routine, fault.what());
