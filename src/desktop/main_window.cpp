@@ -23,8 +23,10 @@
 #include "desktop/icons.h"
 #include "desktop/input_menu.h"
 #include "desktop/main_menu.h"
+#include "desktop/one_row_forms.h"
 #include "desktop/printer_set.h"
 #include "desktop/prn_text.h"
+#include "desktop/remark.h"
 #include "desktop/shell_windows.h"
 #include "desktop/table_window.h"
 #include "desktop/to_zor2.h"
@@ -59,6 +61,17 @@ void EditInFront(MainWindow& window) {
 template <Command command>
 void OpenTable(MainWindow& window) {
   OpenTableWindow(window, TableFormOf(command));
+}
+
+/// The name of the child window in front; empty if there is none.
+std::string FrontForm(const FormArea& forms) {
+  const QMdiSubWindow* const front = forms.activeSubWindow();
+  return front == nullptr || front->widget() == nullptr ? std::string()
+                                                        : FromQt(front->widget()->objectName());
+}
+
+void OpenOneRow(MainWindow& window, Command command) {
+  OpenOneRowForm(window.Forms(), TableFormOf(command));
 }
 
 struct CommandRow {
@@ -103,6 +116,13 @@ constexpr std::array kCommands = {
     CommandRow{Command::RigidZone, "InpRIGD", OpenTable<Command::RigidZone>},
     CommandRow{Command::Magnification, "InpALFA", OpenTable<Command::Magnification>},
     CommandRow{Command::SameDisplacement, "InpDISP", OpenTable<Command::SameDisplacement>},
+    CommandRow{Command::Title, "InpTITL", [](MainWindow& window) { OpenOneRow(window, Command::Title); }},
+    CommandRow{Command::SubTitle, "InpSUBT",
+               [](MainWindow& window) { OpenOneRow(window, Command::SubTitle); }},
+    CommandRow{Command::Control, "InpCONT", [](MainWindow& window) { OpenOneRow(window, Command::Control); }},
+    CommandRow{Command::Unit, "InpUNIT", [](MainWindow& window) { OpenOneRow(window, Command::Unit); }},
+    CommandRow{Command::InputHelp, "frmREMARK",
+               [](MainWindow& window) { OpenInputHelp(window.Forms(), FrontForm(window.Forms())); }},
     CommandRow{Command::Check, "CheckInput", [](MainWindow&) { CheckInput(); }},
     CommandRow{Command::Analyse, "AnalyseModel", [](MainWindow&) { AnalyseModel(); }},
     CommandRow{Command::ReadListing, "ShowAnalysisListing", [](MainWindow&) { ShowAnalysisListing(); }},
@@ -207,10 +227,7 @@ void MainWindow::ComeToFront(const QString& deck) {
 
 void MainWindow::Refresh() {
   setWindowTitle(ToQt(MainCaption()));
-  const QMdiSubWindow* const front = forms_->activeSubWindow();
-  const bool tableForm = front != nullptr && front->widget() != nullptr &&
-                         IsTableForm(FromQt(front->widget()->objectName().toUpper()));
-  const MenuFacts facts = CurrentMenuFacts(tableForm);
+  const MenuFacts facts = CurrentMenuFacts(IsTableForm(FrontForm(*forms_)));
   menu_->Update(facts);
   if (auto* const tables = qobject_cast<frmInputMenu*>(forms_->Find("frmInputMenu"))) tables->Update(facts);
   if (loaded_) menu_->ShowRecent(RecentModels());

@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+#include "desktop/add_num.h"
 #include "desktop/folder_dialog_window.h"
 #include "desktop/form.h"
 #include "desktop/input_menu.h"
@@ -81,6 +82,7 @@ void InstallMainWindow(MainWindow& window) {
     return ShowTableRow(window, key, page, number);
   };
   table.followControl = [&window] { FollowControl(window); };
+  table.addNum = [&window](std::string_view mode) { return AskNumber(mode, &window); };
   table.showText = [&window](TextWindow where, int flag, const std::string& path) {
     ShowTextIn(window, where, flag, path);
   };
