@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QPainter>
 
 #include "forms/clipboard_text.h"
 #include "forms/typing.h"
@@ -97,6 +98,13 @@ void CellBox::focusOutEvent(QFocusEvent* event) {
   if (reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason &&
       reason != Qt::ActiveWindowFocusReason)
     emit left();
+}
+
+void CellBox::paintEvent(QPaintEvent* event) {
+  QLineEdit::paintEvent(event);
+  QPainter painter(this);
+  painter.setPen(QPen(QGuiApplication::palette().color(QPalette::Highlight), 2));
+  painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
 }  // namespace zorlan

@@ -30,6 +30,9 @@ class Form : public QWidget {
   /// arranged beside it.
   virtual bool KeepsItsSize() const { return false; }
 
+  /// Called behind every command: a form that shows a file shows it as it is now.
+  virtual void Renew() {}
+
   /// An entry of the Edit menu. A form without a grid does it in the box that has the focus.
   virtual void Edit(Command command);
 
@@ -65,6 +68,7 @@ class FormArea : public QMdiArea {
   /// large as its content asks for; one that is open comes to the front.
   void Show(Form* form);
   void UnloadAll();
+  void RenewAll();
   /// Every form but those named takes input, or takes none.
   void SetFormsEnabled(bool enabled, const std::vector<std::string>& except);
 

@@ -50,17 +50,6 @@ void SetUpPrinter(MainWindow& window) {
   if (auto* const preview = qobject_cast<frmPrnText*>(window.Forms().Find("frmPrnText"))) preview->LayOut();
 }
 
-/// The name of the child window in front; empty if there is none.
-std::string FrontForm(const FormArea& forms) {
-  const QMdiSubWindow* const front = forms.activeSubWindow();
-  return front == nullptr || front->widget() == nullptr ? std::string()
-                                                        : FromQt(front->widget()->objectName());
-}
-
-void OpenOneRow(MainWindow& window, Command command) {
-  OpenOneRowForm(window.Forms(), TableFormOf(command));
-}
-
 /// The form in front does it.
 template <Command command>
 void EditInFront(MainWindow& window) {
@@ -72,6 +61,17 @@ void EditInFront(MainWindow& window) {
 template <Command command>
 void OpenTable(MainWindow& window) {
   OpenTableWindow(window, TableFormOf(command));
+}
+
+/// The name of the child window in front; empty if there is none.
+std::string FrontForm(const FormArea& forms) {
+  const QMdiSubWindow* const front = forms.activeSubWindow();
+  return front == nullptr || front->widget() == nullptr ? std::string()
+                                                        : FromQt(front->widget()->objectName());
+}
+
+void OpenOneRow(MainWindow& window, Command command) {
+  OpenOneRowForm(window.Forms(), TableFormOf(command));
 }
 
 struct CommandRow {
@@ -94,13 +94,6 @@ constexpr std::array kCommands = {
     CommandRow{Command::PrinterSetUp, "frmPrinterSet", [](MainWindow& window) { SetUpPrinter(window); }},
     CommandRow{Command::PrintInput, "PrintInputList", [](MainWindow&) { PrintInputList(); }},
     CommandRow{Command::Exit, "LeaveProgram", [](MainWindow& window) { window.Leave(); }},
-    CommandRow{Command::Title, "InpTITL", [](MainWindow& window) { OpenOneRow(window, Command::Title); }},
-    CommandRow{Command::SubTitle, "InpSUBT",
-               [](MainWindow& window) { OpenOneRow(window, Command::SubTitle); }},
-    CommandRow{Command::Control, "InpCONT", [](MainWindow& window) { OpenOneRow(window, Command::Control); }},
-    CommandRow{Command::Unit, "InpUNIT", [](MainWindow& window) { OpenOneRow(window, Command::Unit); }},
-    CommandRow{Command::InputHelp, "frmREMARK",
-               [](MainWindow& window) { OpenInputHelp(window.Forms(), FrontForm(window.Forms())); }},
     CommandRow{Command::Undo, "EditUndo", EditInFront<Command::Undo>},
     CommandRow{Command::Redo, "EditRedo", EditInFront<Command::Redo>},
     CommandRow{Command::Cut, "EditCut", EditInFront<Command::Cut>},
@@ -123,6 +116,13 @@ constexpr std::array kCommands = {
     CommandRow{Command::RigidZone, "InpRIGD", OpenTable<Command::RigidZone>},
     CommandRow{Command::Magnification, "InpALFA", OpenTable<Command::Magnification>},
     CommandRow{Command::SameDisplacement, "InpDISP", OpenTable<Command::SameDisplacement>},
+    CommandRow{Command::Title, "InpTITL", [](MainWindow& window) { OpenOneRow(window, Command::Title); }},
+    CommandRow{Command::SubTitle, "InpSUBT",
+               [](MainWindow& window) { OpenOneRow(window, Command::SubTitle); }},
+    CommandRow{Command::Control, "InpCONT", [](MainWindow& window) { OpenOneRow(window, Command::Control); }},
+    CommandRow{Command::Unit, "InpUNIT", [](MainWindow& window) { OpenOneRow(window, Command::Unit); }},
+    CommandRow{Command::InputHelp, "frmREMARK",
+               [](MainWindow& window) { OpenInputHelp(window.Forms(), FrontForm(window.Forms())); }},
     CommandRow{Command::Check, "CheckInput", [](MainWindow&) { CheckInput(); }},
     CommandRow{Command::Analyse, "AnalyseModel", [](MainWindow&) { AnalyseModel(); }},
     CommandRow{Command::ReadListing, "ShowAnalysisListing", [](MainWindow&) { ShowAnalysisListing(); }},
@@ -195,11 +195,17 @@ void MainWindow::Guarded(std::string_view routine, Body body) {
     body();
   } catch (const UserStop&) {
     LookAtResults();
+    TheWindows().dropFigureData();
     statusBar()->showMessage(QStringLiteral("中止しました"), kHintTime);
   } catch (const std::exception& fault) {
     ReportError(routine, fault.what());
   }
   EndBusy();
+  try {
+    forms_->RenewAll();
+  } catch (const std::exception& fault) {
+    ReportError("RenewForms", fault.what());
+  }
   Refresh();
 }
 

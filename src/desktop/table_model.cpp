@@ -59,7 +59,7 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
       return ToQt(CellTip(editor_.Form(), editor_.Setting(), section + 1, editor_.View(page_, 1)));
     return {};
   }
-  if (role == Qt::DisplayRole) return section + 1;
+  if (role == Qt::DisplayRole) return QString::number(section + 1) + QLatin1Char(' ');
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
   if (role == Qt::ForegroundRole) {
     QColor dimmed = QGuiApplication::palette().color(QPalette::WindowText);

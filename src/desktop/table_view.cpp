@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <QCoreApplication>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -12,6 +13,7 @@
 #include <QStyledItemDelegate>
 
 #include "desktop/cell_box.h"
+#include "forms/typing.h"
 #include "render/fonts.h"
 #include "render/qt_text.h"
 
@@ -22,8 +24,15 @@ constexpr double kPoints = 10.5;
 constexpr int kSidePadding = 5;  // pixels beside a cell's text
 constexpr int kLinePadding = 3;  // above and below it
 constexpr int kMinColumn = 9;    // half-width characters
-constexpr int kNameColumn = 24;
+constexpr int kNameColumn = 20;
 constexpr int kShownRows = 20;
+
+/// The colour of a selection, thinned: what is written on it stays legible in both themes.
+QColor Tint(const QPalette& palette, double share) {
+  const QColor full = palette.color(QPalette::Highlight), base = palette.color(QPalette::Base);
+  const auto mixed = [&](int a, int b) { return qRound(share * a + (1 - share) * b); };
+  return {mixed(full.red(), base.red()), mixed(full.green(), base.green()), mixed(full.blue(), base.blue())};
+}
 
 /// Paints a cell of the ledger: the current row tinted, the selection over it, a frame on the current cell.
 class LedgerDelegate : public QStyledItemDelegate {
@@ -33,12 +42,9 @@ class LedgerDelegate : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const QPalette& palette = option.palette;
     const QModelIndex current = view_->currentIndex();
-    QColor tint = palette.color(QPalette::Highlight);
-    const bool selected = option.state.testFlag(QStyle::State_Selected) && index != current;
-    if (selected || index.row() == current.row()) {
-      tint.setAlphaF(selected ? 0.30F : 0.09F);
-      painter->fillRect(option.rect, tint);
-    }
+    // The style has filled a selected cell already.
+    if (index.row() == current.row() && !option.state.testFlag(QStyle::State_Selected))
+      painter->fillRect(option.rect, Tint(QGuiApplication::palette(), 0.09));
     const QString text = index.data(Qt::DisplayRole).toString();
     if (!text.isEmpty()) {
       const QRect room = option.rect.adjusted(kSidePadding, 0, -kSidePadding, 0);
@@ -50,7 +56,7 @@ class LedgerDelegate : public QStyledItemDelegate {
                         cut ? option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()) : text);
     }
     if (index == current) {
-      painter->setPen(QPen(palette.color(QPalette::Highlight), 2));
+      painter->setPen(QPen(QGuiApplication::palette().color(QPalette::Highlight), 2));
       painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
     }
   }
@@ -64,6 +70,10 @@ class LedgerDelegate : public QStyledItemDelegate {
 TableView::TableView(const TableEditor& editor, TableModel* model) : editor_(editor), model_(model) {
   setObjectName(QStringLiteral("grid"));
   setFont(FixedFont(kPoints));
+  QPalette light = QGuiApplication::palette();
+  light.setColor(QPalette::Highlight, Tint(light, 0.28));
+  light.setColor(QPalette::HighlightedText, light.color(QPalette::Text));
+  setPalette(light);
   setModel(model);
   auto* const delegate = new LedgerDelegate(this);
   delegate->setParent(this);
@@ -320,8 +330,10 @@ void TableView::keyPressEvent(QKeyEvent* event) {
     SelectUsedRows();
   } else if (!control && !event->modifiers().testFlag(Qt::AltModifier) && !event->text().isEmpty() &&
              event->text().front().isPrint()) {
-    QCoreApplication::sendEvent(OpenBox(/*typing=*/true), event);
-    if (open_ != nullptr && open_->text().isEmpty()) CancelBox();  // the key was refused
+    if (Takes(event->text()))
+      QCoreApplication::sendEvent(OpenBox(/*typing=*/true), event);
+    else
+      emit refused();
   } else if (event->key() == Qt::Key_Escape) {
     event->ignore();  // the form's
   } else {
@@ -329,10 +341,15 @@ void TableView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+bool TableView::Takes(const QString& text) const {
+  return !FilterTyped(editor_.ColumnAt(Current().column).mask, FromQt(text)).text.empty();
+}
+
 void TableView::inputMethodEvent(QInputMethodEvent* event) {
-  if (event->commitString().isEmpty() && event->preeditString().isEmpty()) return;
-  QCoreApplication::sendEvent(OpenBox(/*typing=*/true), event);
-  if (open_->text().isEmpty() && event->preeditString().isEmpty()) CancelBox();
+  if (!event->preeditString().isEmpty() || Takes(event->commitString()))
+    QCoreApplication::sendEvent(OpenBox(/*typing=*/true), event);
+  else if (!event->commitString().isEmpty())
+    emit refused();
 }
 
 void TableView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -344,6 +361,11 @@ void TableView::currentChanged(const QModelIndex& current, const QModelIndex& pr
   QTableView::currentChanged(current, previous);
   viewport()->update();  // the tint goes from row to row
   if (current.isValid()) emit movedTo(Current());
+}
+
+void TableView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  emit movedTo(Current());
 }
 
 void TableView::resizeEvent(QResizeEvent* event) {

@@ -52,9 +52,12 @@ class TableView : public QTableView {
   void inputMethodEvent(QInputMethodEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void focusInEvent(QFocusEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  /// Whether the current column takes a character of the text.
+  bool Takes(const QString& text) const;
   void PlaceBox();
   void CancelBox();
   void MoveOn(QKeyEvent* event);

@@ -18,6 +18,7 @@
 #include "base/number.h"
 #include "desktop/cell_box.h"
 #include "desktop/main_window.h"
+#include "forms/small_forms.h"
 #include "forms/typing.h"
 #include "render/qt_text.h"
 #include "shell/projects.h"
@@ -50,6 +51,10 @@ TableWindow::TableWindow(const TableForm& form, MainWindow& window)
   Build();
   Connect();
   ShowTabs();
+}
+
+TableWindow::~TableWindow() {
+  window_.statusBar()->clearMessage();  // it explains a cell of this form
 }
 
 void TableWindow::Build() {
@@ -246,8 +251,8 @@ void TableWindow::PasteCells() {
 }
 
 void TableWindow::AskNumber(bool add) {
-  const std::string answer = TheWindows().addNum(add ? "Add" : "");
-  if (answer == "Abote") return;
+  const std::string answer = TheWindows().addNum(add ? kAddMode : std::string_view());
+  if (answer == kCancelled) return;
   if (add)
     editor_.Add(model_->Page(), view_->Selected(), ReadReal(answer));
   else

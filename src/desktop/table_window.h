@@ -20,6 +20,7 @@ class TableWindow : public Form {
  public:
   /// Reads the form's table. Throws FileFault.
   TableWindow(const TableForm& form, MainWindow& window);
+  ~TableWindow() override;
 
   TableEditor& Editor() { return editor_; }
   TableView& View() { return *view_; }

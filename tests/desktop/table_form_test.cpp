@@ -399,7 +399,7 @@ TEST_F(TableFormTest, CodeColumnsAreExplainedInStatusBarAndToolTip) {
   OpenModel("1,2,0,0");
   OpenNodes();
   Table().View().GoTo({1, 1, 4});
-  EXPECT_THAT(Status(), HasSubstr("バネ支持   ：２"));
+  EXPECT_THAT(Status(), HasSubstr("バネ支持：２"));
   EXPECT_THAT(FromQt(Table().View().model()->index(0, 3).data(Qt::ToolTipRole).toString()),
               HasSubstr("　　　　　バネ支持   ：２"));
 }
