@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QComboBox>
-#include <QFontMetricsF>
 #include <QGridLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -14,12 +13,14 @@
 #include "desktop/number_box.h"
 #include "desktop/section_list.h"
 #include "forms/table_form.h"
+#include "render/fonts.h"
 #include "render/qt_text.h"
 #include "sections/timber_tables.h"
 
 namespace zorlan {
 namespace {
 
+constexpr double kListPoints = 10.5;
 constexpr int kListPadding = 28;  // pixels beside the longest kind
 constexpr int kFieldWidth = 110;  // pixels
 
@@ -30,6 +31,8 @@ frmDanmenInput::frmDanmenInput(const SectionEntry& entry, QWidget* parent) : QDi
   setWindowTitle(QStringLiteral("断面性能入力"));
   kinds_ = new QListWidget;
   kinds_->setObjectName(QStringLiteral("kinds"));
+  kinds_->setFont(FixedFont(kListPoints));  // the names line up
+  kinds_->setSpacing(2);
   for (int type = 0; type < kSectionKinds; ++type)
     kinds_->addItem(QStringLiteral("%1  ").arg(type, 2) + ToQt(SectionKindOf(type).entry));
   kinds_->setFixedWidth(kinds_->sizeHintForColumn(0) + kListPadding);

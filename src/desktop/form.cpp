@@ -157,6 +157,18 @@ void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
   if (place.maximized) frame->setWindowState(Qt::WindowMaximized);
 }
 
+void FormArea::Fit(Form* form, Fitting fitting) {
+  auto* const frame = qobject_cast<QMdiSubWindow*>(form->parentWidget());
+  if (frame == nullptr || frame->isMaximized() || frame->isMinimized()) return;
+  const QSize room = viewport()->size();
+  QSize size = frame->sizeHint();
+  if (fitting == Fitting::Grow) size = size.expandedTo(frame->size());
+  size = size.boundedTo(room);
+  const QPoint corner(std::clamp(frame->x(), 0, std::max(0, room.width() - size.width())),
+                      std::clamp(frame->y(), 0, std::max(0, room.height() - size.height())));
+  frame->setGeometry(QRect(corner, size));
+}
+
 void FormArea::UnloadAll() {
   for (Form* const form : Forms()) {
     if (!form->BelongsToModel()) continue;

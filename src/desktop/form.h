@@ -74,6 +74,10 @@ class FormArea : public QMdiArea {
   /// Shows a form: a new one where it was left last time, or else at the next place of the cascade and as
   /// large as its content asks for; one that is open comes to the front.
   void Show(Form* form);
+  enum class Fitting { Grow, Exact };
+  /// A form whose content has changed becomes as large as it asks for (Grow: no smaller than it is), as far
+  /// as the area has room, and is moved into it.
+  void Fit(Form* form, Fitting fitting);
   /// Unloads the forms of the model in hand.
   void UnloadAll();
   /// Closes the others; false as soon as one refuses.

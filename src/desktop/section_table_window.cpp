@@ -204,6 +204,7 @@ void SectionTableWindow::ShowSheet(SheetKind kind) {
   setWindowTitle(ToQt(form_.caption.empty() ? std::string_view(wanted->sheet.title) : form_.caption));
   SetFirst(wanted->view);
   wanted->view->setFocus();
+  window_.Forms().Fit(this, FormArea::Fitting::Grow);
 }
 
 void SectionTableWindow::Turn(int tab) {
