@@ -173,14 +173,9 @@ struct KindOfFigure {
   bool hasCase;
 };
 
-void DrawLoads(Plot& plot, const Figure& figure, LabelField& labels) {
-  DrawElementForceData(plot, figure, labels);
-  DrawNodalForceData(plot, figure, labels);
-}
-
 constexpr std::array<KindOfFigure, 8> kKinds = {{
     {{}, layer::kModel, {}, {}, {}, nullptr, false},
-    {"荷重ﾁｪｯｸ図", layer::kLoad, "(単位:t)", "(単位:kN)", "DrawElementForceData", DrawLoads, true},
+    {"荷重ﾁｪｯｸ図", layer::kLoad, "(単位:t)", "(単位:kN)", "DrawLoads", DrawLoads, true},
     {"変位図", layer::kDisplacement, {}, {}, "DrawDisplacementData", DrawDisplacementData, true},
     {"軸力図", layer::kForce, "(単位:t)", "(単位:kN)", "DrawNormalData", DrawNormalData, true},
     {"せん断力図", layer::kShear, "(単位:t)", "(単位:kN)", "DrawNormalShearData", DrawNormalShearData, true},
