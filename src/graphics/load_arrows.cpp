@@ -45,6 +45,8 @@ void PlacesOfNote(const LoadNote& note, double w, double h, double side, std::ve
     const Point middle = {(stroke.root.x + stroke.end.x) / 2, (stroke.root.y + stroke.end.y) / 2};
     add(middle, {out.y, -out.x}, side);
     add(middle, {-out.y, out.x}, side);
+    add(stroke.end, {out.y, -out.x}, kGap);
+    add(stroke.end, {-out.y, out.x}, kGap);
   }
   for (const LoadStroke& stroke : note.strokes)
     for (int lines = 1; lines <= 3; ++lines) add(stroke.end, outward(stroke), kGap + lines * h);
