@@ -205,7 +205,8 @@ std::array<Rectangle, 3> SupportBoxes(Point at, std::string_view code, double si
   if (code[1] != '0') boxes[0] = box(-kHalf, 0, kHalf, kReach);
   if (code[0] == '2' || (code[0] == '1' && code[1] != '1'))
     boxes[1] = side == SupportSide::Left ? box(-kReach, -kHalf, 0, kHalf) : box(0, -kHalf, kReach, kHalf);
-  if (code[2] == '2' || code == "001") boxes[2] = box(-kTurn, -kTurn, kTurn, kTurn);
+  if (code[2] == '2' || (code[2] == '1' && code[0] != '1' && code[1] != '1'))
+    boxes[2] = box(-kTurn, -kTurn, kTurn, kTurn);
   return boxes;
 }
 
