@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "shell/menu.h"
+
 class QMdiSubWindow;
 class QStyle;
 
@@ -27,6 +29,12 @@ class Form : public QWidget {
   /// A form that keeps its size, such as a bar of buttons: it stands at the left edge, and the others are
   /// arranged beside it.
   virtual bool KeepsItsSize() const { return false; }
+
+  /// Called behind every command: a form that shows a file shows it as it is now.
+  virtual void Renew() {}
+
+  /// An entry of the Edit menu. A form without a grid does it in the box that has the focus.
+  virtual void Edit(Command command);
 
  protected:
   /// What must hold before the form may close; it has told the user why not.
@@ -60,6 +68,7 @@ class FormArea : public QMdiArea {
   /// large as its content asks for; one that is open comes to the front.
   void Show(Form* form);
   void UnloadAll();
+  void RenewAll();
   /// Every form but those named takes input, or takes none.
   void SetFormsEnabled(bool enabled, const std::vector<std::string>& except);
 

@@ -1,9 +1,11 @@
 #include "desktop/shell_windows.h"
 
 #include <QDesktopServices>
+#include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 
+#include "desktop/add_num.h"
 #include "desktop/folder_dialog_window.h"
 #include "desktop/form.h"
 #include "desktop/input_menu.h"
@@ -12,6 +14,7 @@
 #include "desktop/name_dialog_window.h"
 #include "desktop/prn_text.h"
 #include "desktop/project_dialog_window.h"
+#include "desktop/table_window.h"
 #include "render/qt_text.h"
 #include "shell/project_copies.h"
 #include "shell/project_dialog.h"
@@ -47,9 +50,15 @@ bool CloseFormOf(FormArea& forms, const std::string& name) {
   return form->CloseForm();
 }
 
-/// Whether the desktop knows a program for PDF files.
+/// Whether the system's file associations name a program for PDF files.
 bool HasPdfViewer() {
-  return !QStandardPaths::findExecutable(QStringLiteral("xdg-open")).isEmpty();
+  constexpr int kPatience = 3000;  // ms
+  const QString query = QStandardPaths::findExecutable(QStringLiteral("xdg-mime"));
+  if (query.isEmpty()) return false;
+  QProcess process;
+  process.start(query,
+                {QStringLiteral("query"), QStringLiteral("default"), QStringLiteral("application/pdf")});
+  return process.waitForFinished(kPatience) && !process.readAllStandardOutput().trimmed().isEmpty();
 }
 
 }  // namespace
@@ -68,6 +77,12 @@ void InstallMainWindow(MainWindow& window) {
   };
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
+  table.takeNodes = [&window](const std::vector<int>& nodes) { return TakePickedNodes(window, nodes); };
+  table.showRow = [&window](const std::string& key, int page, int number) {
+    return ShowTableRow(window, key, page, number);
+  };
+  table.followControl = [&window] { FollowControl(window); };
+  table.addNum = [&window](std::string_view mode) { return AskNumber(mode, &window); };
   table.showText = [&window](TextWindow where, int flag, const std::string& path) {
     ShowTextIn(window, where, flag, path);
   };

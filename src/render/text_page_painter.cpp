@@ -70,7 +70,7 @@ void SetSheet(QPagedPaintDevice& device, const TextPages& pages) {
   device.setPageLayout(layout);
 }
 
-std::string TextPagesPdf(const TextPages& pages) {
+std::string TextPagesPdf(const TextPages& pages, const std::function<void(double share)>& pageDone) {
   if (pages.pages.empty()) return {};
   QByteArray bytes;
   QBuffer buffer(&bytes);
@@ -85,6 +85,7 @@ std::string TextPagesPdf(const TextPages& pages) {
     for (std::size_t page = 0; page < pages.pages.size(); ++page) {
       if (page > 0) writer.newPage();
       PaintTextPage(painter, pages, static_cast<int>(page));
+      if (pageDone) pageDone(static_cast<double>(page + 1) / static_cast<double>(pages.pages.size()));
     }
   }
   return bytes.toStdString();
