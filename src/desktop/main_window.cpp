@@ -23,9 +23,12 @@
 #include "desktop/icons.h"
 #include "desktop/input_menu.h"
 #include "desktop/main_menu.h"
+#include "desktop/one_row_forms.h"
 #include "desktop/printer_set.h"
 #include "desktop/prn_text.h"
+#include "desktop/remark.h"
 #include "desktop/shell_windows.h"
+#include "desktop/table_window.h"
 #include "desktop/to_zor2.h"
 #include "desktop/version_form.h"
 #include "render/qt_text.h"
@@ -45,6 +48,30 @@ constexpr int kHintTime = 5000;  // ms
 void SetUpPrinter(MainWindow& window) {
   if (frmPrinterSet(window.Printers(), &window).exec() != QDialog::Accepted) return;
   if (auto* const preview = qobject_cast<frmPrnText*>(window.Forms().Find("frmPrnText"))) preview->LayOut();
+}
+
+/// The form in front does it.
+template <Command command>
+void EditInFront(MainWindow& window) {
+  const QMdiSubWindow* const front = window.Forms().activeSubWindow();
+  if (auto* const form = front == nullptr ? nullptr : qobject_cast<Form*>(front->widget()))
+    form->Edit(command);
+}
+
+template <Command command>
+void OpenTable(MainWindow& window) {
+  OpenTableWindow(window, TableFormOf(command));
+}
+
+/// The name of the child window in front; empty if there is none.
+std::string FrontForm(const FormArea& forms) {
+  const QMdiSubWindow* const front = forms.activeSubWindow();
+  return front == nullptr || front->widget() == nullptr ? std::string()
+                                                        : FromQt(front->widget()->objectName());
+}
+
+void OpenOneRow(MainWindow& window, Command command) {
+  OpenOneRowForm(window.Forms(), TableFormOf(command));
 }
 
 struct CommandRow {
@@ -67,6 +94,35 @@ constexpr std::array kCommands = {
     CommandRow{Command::PrinterSetUp, "frmPrinterSet", [](MainWindow& window) { SetUpPrinter(window); }},
     CommandRow{Command::PrintInput, "PrintInputList", [](MainWindow&) { PrintInputList(); }},
     CommandRow{Command::Exit, "LeaveProgram", [](MainWindow& window) { window.Leave(); }},
+    CommandRow{Command::Undo, "EditUndo", EditInFront<Command::Undo>},
+    CommandRow{Command::Redo, "EditRedo", EditInFront<Command::Redo>},
+    CommandRow{Command::Cut, "EditCut", EditInFront<Command::Cut>},
+    CommandRow{Command::Copy, "EditCopy", EditInFront<Command::Copy>},
+    CommandRow{Command::Paste, "EditPaste", EditInFront<Command::Paste>},
+    CommandRow{Command::InsertRow, "EditInsertRow", EditInFront<Command::InsertRow>},
+    CommandRow{Command::DeleteRow, "EditDeleteRow", EditInFront<Command::DeleteRow>},
+    CommandRow{Command::Assign, "EditAssign", EditInFront<Command::Assign>},
+    CommandRow{Command::Add, "EditAdd", EditInFront<Command::Add>},
+    CommandRow{Command::FindFault, "EditFindFault", EditInFront<Command::FindFault>},
+    CommandRow{Command::Node, "InpNODE", OpenTable<Command::Node>},
+    CommandRow{Command::Element, "InpELEM", OpenTable<Command::Element>},
+    CommandRow{Command::Section, "InpSECT", OpenTable<Command::Section>},
+    CommandRow{Command::NodalLoad, "InpPLOD", OpenTable<Command::NodalLoad>},
+    CommandRow{Command::ElementLoad, "InpELOD", OpenTable<Command::ElementLoad>},
+    CommandRow{Command::CmqLoad, "InpCLOD", OpenTable<Command::CmqLoad>},
+    CommandRow{Command::TemperatureLoad, "InpTLOD", OpenTable<Command::TemperatureLoad>},
+    CommandRow{Command::Spring, "InpSPRG", OpenTable<Command::Spring>},
+    CommandRow{Command::ForcedDisplacement, "InpSPEC", OpenTable<Command::ForcedDisplacement>},
+    CommandRow{Command::RigidZone, "InpRIGD", OpenTable<Command::RigidZone>},
+    CommandRow{Command::Magnification, "InpALFA", OpenTable<Command::Magnification>},
+    CommandRow{Command::SameDisplacement, "InpDISP", OpenTable<Command::SameDisplacement>},
+    CommandRow{Command::Title, "InpTITL", [](MainWindow& window) { OpenOneRow(window, Command::Title); }},
+    CommandRow{Command::SubTitle, "InpSUBT",
+               [](MainWindow& window) { OpenOneRow(window, Command::SubTitle); }},
+    CommandRow{Command::Control, "InpCONT", [](MainWindow& window) { OpenOneRow(window, Command::Control); }},
+    CommandRow{Command::Unit, "InpUNIT", [](MainWindow& window) { OpenOneRow(window, Command::Unit); }},
+    CommandRow{Command::InputHelp, "frmREMARK",
+               [](MainWindow& window) { OpenInputHelp(window.Forms(), FrontForm(window.Forms())); }},
     CommandRow{Command::Check, "CheckInput", [](MainWindow&) { CheckInput(); }},
     CommandRow{Command::Analyse, "AnalyseModel", [](MainWindow&) { AnalyseModel(); }},
     CommandRow{Command::ReadListing, "ShowAnalysisListing", [](MainWindow&) { ShowAnalysisListing(); }},
@@ -171,10 +227,7 @@ void MainWindow::ComeToFront(const QString& deck) {
 
 void MainWindow::Refresh() {
   setWindowTitle(ToQt(MainCaption()));
-  const QMdiSubWindow* const front = forms_->activeSubWindow();
-  const bool tableForm = front != nullptr && front->widget() != nullptr &&
-                         IsTableForm(FromQt(front->widget()->objectName().toUpper()));
-  const MenuFacts facts = CurrentMenuFacts(tableForm);
+  const MenuFacts facts = CurrentMenuFacts(IsTableForm(FrontForm(*forms_)));
   menu_->Update(facts);
   if (auto* const tables = qobject_cast<frmInputMenu*>(forms_->Find("frmInputMenu"))) tables->Update(facts);
   if (loaded_) menu_->ShowRecent(RecentModels());

@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+#include "desktop/add_num.h"
 #include "desktop/folder_dialog_window.h"
 #include "desktop/form.h"
 #include "desktop/input_menu.h"
@@ -13,6 +14,7 @@
 #include "desktop/name_dialog_window.h"
 #include "desktop/prn_text.h"
 #include "desktop/project_dialog_window.h"
+#include "desktop/table_window.h"
 #include "render/qt_text.h"
 #include "shell/project_copies.h"
 #include "shell/project_dialog.h"
@@ -75,6 +77,12 @@ void InstallMainWindow(MainWindow& window) {
   };
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
+  table.takeNodes = [&window](const std::vector<int>& nodes) { return TakePickedNodes(window, nodes); };
+  table.showRow = [&window](const std::string& key, int page, int number) {
+    return ShowTableRow(window, key, page, number);
+  };
+  table.followControl = [&window] { FollowControl(window); };
+  table.addNum = [&window](std::string_view mode) { return AskNumber(mode, &window); };
   table.showText = [&window](TextWindow where, int flag, const std::string& path) {
     ShowTextIn(window, where, flag, path);
   };

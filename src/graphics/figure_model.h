@@ -1,0 +1,76 @@
+// What a figure shows, loaded once: redraws touch no file and no global.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "model/model_rec.h"
+
+namespace zorlan {
+
+struct FigureNode {
+  std::int16_t number = 0;
+  double x = 0, y = 0;                 // m
+  std::array<std::int16_t, 3> code{};  // frame: U, V, θ; grid: W, θx, θy
+  double rollerAngle = 0;              // degrees
+};
+
+struct FigureElement {
+  std::int16_t number = 0;
+  std::int16_t I = 0, J = 0;    // node numbers
+  std::int16_t II = 0, JJ = 0;  // end conditions: 0 rigid, 1 pin
+  std::int16_t section = 0;
+  int rowI = -1, rowJ = -1;  // indices of the nodes, -1 when there is none of that number
+};
+
+/// Axial force, moment and shear of a member, as the diagrams read them; t, t*m (x GravityFactor in SI
+/// units).
+struct StressRecord {
+  double axialI = 0, momentI = 0, momentC = 0, momentJ = 0, axialJ = 0, shearI = 0, shearJ = 0;
+};
+struct DisplacementRecord {
+  double x = 0, y = 0, rotation = 0;  // m, m, rad; grid: w, θx, θy
+};
+
+struct FigureModel {
+  std::string title, name;
+  int modelCode = kPlaneFrame;
+  int maxLoadCase = 1;
+  int inUnit = 0, outUnit = 0;  // 0 gravitational, 1 SI
+  double gravityFactor = kStandardGravity;
+
+  std::vector<FigureNode> nodes;        // table order
+  std::vector<FigureElement> elements;  // table order
+  std::vector<PlodRec> nodalLoads;      // of all cases, table order, in the units of the input
+  std::vector<ElodRec> elementLoads;
+  std::vector<ClodRec> cmqLoads;
+  std::vector<TlodRec> temperatureLoads;
+  std::vector<int> nodalLoadNode, elementLoadElement, cmqLoadElement,
+      temperatureLoadElement;  // indices, -1: none
+
+  // Results: [(case - 1) * count + index]; empty without them.
+  std::vector<DisplacementRecord> DisplacementTable;
+  std::vector<StressRecord> StressTable;
+  // Design ratios by element index; NaN where there is none. Empty without them.
+  std::vector<double> ratios;
+
+  bool lengthFaultTold = false;  // the message about a member without length was shown
+
+  bool IsGrid() const { return modelCode == kPlaneGrid; }
+};
+
+/// The figure's copy of a model as entered. Total: rows beyond the arrays are left, numbers that lead nowhere
+/// are -1.
+FigureModel FigureModelOf(const ModelRec& model);
+
+/// The model in hand as its table files in the work folder stand, with the messages for a table at fault.
+/// What a table can't give is left out.
+FigureModel ReadFigureTables();
+
+/// Adds displacements and member forces from FT021 and FT031 of `folder`. False, with nothing added, when a
+/// file is missing or too short for the model.
+bool LoadFigureResults(FigureModel& model, const std::string& folder);
+
+}  // namespace zorlan
