@@ -56,6 +56,8 @@ QFont PageFont(double points) {
 QString ChapterText(const QString& path) {
   QString text = ToQt(ReadBytes(FromQt(path)));
   static const QRegularExpression lineEnd(QStringLiteral("(?<=[^\\x00-\\x7F])\\n *(?=[^\\x00-\\x7F])"));
+  static const QRegularExpression emptyCell(QStringLiteral("\\| *(?=\\|)"));
+  text.replace(emptyCell, QStringLiteral("| \u3000 "));  // else it counts to its neighbour
   return text.replace(lineEnd, QString());
 }
 
