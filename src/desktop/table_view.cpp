@@ -5,12 +5,14 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 #include "desktop/cell_box.h"
 #include "forms/typing.h"
@@ -99,6 +101,7 @@ TableView::TableView(const TableEditor& editor, TableModel* model) : editor_(edi
     connect(box, &CellBox::left, this, &TableView::CloseBox);
     connect(box, &CellBox::cancelled, this, &TableView::CancelBox);
     connect(box, &CellBox::movesOn, this, &TableView::MoveOn);
+    connect(box, &CellBox::textChanged, this, &TableView::PlaceBox);
   }
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &TableView::PlaceBox);
   connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &TableView::PlaceBox);
@@ -175,6 +178,7 @@ CellBox* TableView::OpenBox(bool typing) {
   CloseBox();
   const CellPlace place = Current();
   open_ = typing ? typingBox_ : editBox_;
+  openAt_ = place;
   open_->setFont(font());
   open_->SetMask(editor_.ColumnAt(place.column).mask);
   open_->SetTyping(typing);
@@ -190,8 +194,16 @@ CellBox* TableView::OpenBox(bool typing) {
 
 void TableView::PlaceBox() {
   if (open_ == nullptr) return;
-  QRect cell = visualRect(currentIndex());
-  if (!open_->hasFocus()) cell.setWidth(std::max(cell.width(), 40));
+  QRect cell = visualRect(model_->IndexOf(openAt_));
+  // A box grows with its text, away from the side that the text stands at.
+  const int wanted = open_->fontMetrics().horizontalAdvance(open_->text()) + 4 * kSidePadding;
+  const bool right = open_->alignment().testFlag(Qt::AlignRight);
+  const int room = right ? cell.right() + 1 : viewport()->width() - cell.left();
+  const int grown = std::clamp(wanted, cell.width(), std::max(room, cell.width()));
+  if (right)
+    cell.setLeft(cell.right() + 1 - grown);
+  else
+    cell.setWidth(grown);
   open_->setGeometry(cell);
 }
 
@@ -200,7 +212,7 @@ void TableView::CloseBox() {
   CellBox* const box = std::exchange(open_, nullptr);
   if (box->hasFocus()) setFocus();  // a focused box that hides would pass the focus on
   box->hide();
-  emit stored(box->text());
+  emit stored(openAt_, box->text());
 }
 
 void TableView::CancelBox() {
@@ -358,6 +370,7 @@ void TableView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void TableView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  CloseBox();  // moving the cell closes the box first
   QTableView::currentChanged(current, previous);
   viewport()->update();  // the tint goes from row to row
   if (current.isValid()) emit movedTo(Current());
@@ -372,6 +385,20 @@ void TableView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   corner_->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(), horizontalHeader()->height());
   PlaceBox();
+}
+
+bool TableView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* const help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const QString text = index.data(Qt::DisplayRole).toString();
+    const bool cut = fontMetrics().horizontalAdvance(text) > visualRect(index).width() - 2 * kSidePadding;
+    if (index.isValid() && cut) {
+      QToolTip::showText(help->globalPos(), text, viewport());
+      return true;
+    }
+  }
+  return QTableView::viewportEvent(event);
 }
 
 bool TableView::event(QEvent* event) {

@@ -39,7 +39,7 @@ class TableView : public QTableView {
   void CloseBox();
 
  signals:
-  void stored(const QString& text);  // the text of the box, for the current cell
+  void stored(const zorlan::CellPlace& place, const QString& text);  // what the box held
   void typed();
   void refused();
   void movedTo(const zorlan::CellPlace& place);
@@ -47,7 +47,8 @@ class TableView : public QTableView {
   void pageAsked(int steps);
 
  protected:
-  bool event(QEvent* event) override;  // Tab moves in the grid
+  bool event(QEvent* event) override;          // Tab moves in the grid
+  bool viewportEvent(QEvent* event) override;  // a text that is cut shows whole in its tool tip
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -75,6 +76,7 @@ class TableView : public QTableView {
   CellBox* typingBox_;
   CellBox* editBox_;
   CellBox* open_ = nullptr;
+  CellPlace openAt_;  // the cell that it lies on
 };
 
 }  // namespace zorlan

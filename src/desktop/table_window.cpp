@@ -179,8 +179,8 @@ void TableWindow::Walk(std::optional<CellPlace> place) {
   GoTo(*place, /*middle=*/false);
 }
 
-void TableWindow::Store(const QString& text) {
-  editor_.SetText(view_->Current(), FromQt(text));
+void TableWindow::Store(const CellPlace& place, const QString& text) {
+  editor_.SetText(place, FromQt(text));
   model_->ShowChange();
 }
 
@@ -329,12 +329,13 @@ void TableWindow::Follow() {
 }
 
 bool TableWindow::GoToNumber(int page, int number) {
-  if (page < 1 || page > editor_.Cells().PageCount()) return false;
-  for (int row = 1; row <= editor_.LastKeyRow(page); ++row)
-    if (editor_.View(page, row).Real(1) == number) {
-      GoTo({page, row, 1}, /*middle=*/true);
-      return true;
-    }
+  view_->CloseBox();
+  for (int p = 1; p <= editor_.Cells().PageCount(); ++p)
+    for (int row = 1; (page == 0 || page == p) && row <= editor_.LastKeyRow(p); ++row)
+      if (!editor_.View(p, row).Blank(1) && editor_.View(p, row).Real(1) == number) {
+        GoTo({p, row, 1}, /*middle=*/true);
+        return true;
+      }
   return false;
 }
 
@@ -346,7 +347,7 @@ bool TableWindow::TakeNodes(const std::vector<int>& nodes) {
     GoTo(place, /*middle=*/false);
     return true;
   }
-  return editor_.Form().name == "InpNODE" && !nodes.empty() && GoToNumber(1, nodes.back());
+  return editor_.Form().name == "InpNODE" && !nodes.empty() && GoToNumber(0, nodes.back());
 }
 
 QSize TableWindow::sizeHint() const {

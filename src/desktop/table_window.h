@@ -48,7 +48,7 @@ class TableWindow : public Form {
   void ShowAll();
   void Walk(std::optional<CellPlace> place);
   void GoTo(const CellPlace& place, bool middle);
-  void Store(const QString& text);
+  void Store(const CellPlace& place, const QString& text);
   void Explain(const CellPlace& place);
   void Hint(const QString& text);
   void CopyCells();

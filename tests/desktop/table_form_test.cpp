@@ -395,6 +395,17 @@ TEST_F(TableFormTest, ARowIsFoundByItsNumber) {
   EXPECT_FALSE(TheWindows().showRow("TITL", 1, 1));
 }
 
+TEST_F(TableFormTest, AMessageOfTheCheckLeadsToItsRow) {
+  OpenModel("1,2,0,0", "@NODE\n1,0,0,1,1,1\n2,6,0,0,0,0\n@PLOD\n1,1,1,0,0\n2,2,1,0,0\n2,8,1,0,0\n");
+  Press(Qt::Key_F9);
+  ASSERT_NE(OpenForm("frmKakuninText"), nullptr);
+  Press(Qt::Key_Return);
+  auto* const form = qobject_cast<TableWindow*>(OpenForm("InpPLOD"));
+  ASSERT_NE(form, nullptr);
+  EXPECT_EQ(form->View().Current(), (CellPlace{2, 2, 1}));
+  EXPECT_TRUE(form->View().hasFocus());
+}
+
 TEST_F(TableFormTest, CodeColumnsAreExplainedInStatusBarAndToolTip) {
   OpenModel("1,2,0,0");
   OpenNodes();
