@@ -153,6 +153,9 @@ CellRange TableView::Selected() const {
     range.bottom = std::max(range.bottom, part.bottom() + 1);
     range.right = std::max(range.right, part.right() + 1);
   }
+  // Whole columns are their rows in use.
+  if (range.top == 1 && range.bottom == kGridRows)
+    range.bottom = std::max(editor_.Cells().LastRow(current.page), 1);
   return range;
 }
 

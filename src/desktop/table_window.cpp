@@ -1,6 +1,7 @@
 #include "desktop/table_window.h"
 
 #include <algorithm>
+#include <exception>
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -13,7 +14,6 @@
 #include <QStatusBar>
 #include <QTabBar>
 
-#include "base/fault.h"
 #include "base/host.h"
 #include "base/number.h"
 #include "desktop/cell_box.h"
@@ -287,7 +287,7 @@ void TableWindow::Redraw() {
   view_->CloseBox();
   try {
     editor_.RunRedrawStep();
-  } catch (const Fault& fault) {
+  } catch (const std::exception& fault) {
     Tell(fault.what());
   }
   LookAtResults();
@@ -306,7 +306,7 @@ bool TableWindow::Commit() {
     const CommitEnd end = editor_.Commit(place);
     if (end == CommitEnd::Written) Redraw();
     if (end != CommitEnd::Refused) return true;
-  } catch (const Fault& fault) {
+  } catch (const std::exception& fault) {
     Tell(fault.what());
     return false;
   }
@@ -318,7 +318,11 @@ bool TableWindow::Commit() {
 
 void TableWindow::Follow() {
   view_->CloseBox();
-  editor_.Follow(CurrentFormSetting());
+  try {
+    editor_.Follow(CurrentFormSetting());
+  } catch (const std::exception& fault) {
+    Tell(fault.what());
+  }
   const CellPlace place = view_->Current();
   model_->ShowHeader();
   view_->FitColumns();
