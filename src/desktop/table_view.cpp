@@ -308,52 +308,56 @@ void TableView::Extend(const CellPlace& place) {
   scrollTo(currentIndex());
 }
 
-void TableView::keyPressEvent(QKeyEvent* event) {
-  const bool back = event->modifiers().testFlag(Qt::ShiftModifier);
-  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+bool TableView::EditsByKey(QKeyEvent* event) {
   switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return Step(back ? -1 : 1, 0);
-    case Qt::Key_Tab:
-      return Step(0, back ? -1 : 1);
-    case Qt::Key_Backtab:
-      return Step(0, -1);
     case Qt::Key_F2:
       OpenBox(/*typing=*/false);
-      return;
+      return true;
     case Qt::Key_Backspace:
       QCoreApplication::sendEvent(OpenBox(/*typing=*/false), event);
-      return;
+      return true;
     case Qt::Key_Delete:
       emit emptied();
-      return;
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-      if (!control) break;
-      emit pageAsked(event->key() == Qt::Key_PageUp ? -1 : 1);
-      return;
+      return true;
     default:
       break;
   }
-  if (const std::optional<CellPlace> target = TargetOf(*event)) {
-    if (back)
-      Extend(*target);
-    else
-      GoTo(*target);
-  } else if (event->matches(QKeySequence::SelectAll)) {
+  const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+  if (command || event->text().isEmpty() || !event->text().front().isPrint()) return false;
+  if (Takes(event->text()))
+    QCoreApplication::sendEvent(OpenBox(/*typing=*/true), event);
+  else
+    emit refused();
+  return true;
+}
+
+bool TableView::MovesByKey(const QKeyEvent& event) {
+  const bool back = event.modifiers().testFlag(Qt::ShiftModifier);
+  const int key = event.key();
+  const bool page = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+  if (key == Qt::Key_Return || key == Qt::Key_Enter)
+    Step(back ? -1 : 1, 0);
+  else if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+    Step(0, back || key == Qt::Key_Backtab ? -1 : 1);
+  else if (page && event.modifiers().testFlag(Qt::ControlModifier))
+    emit pageAsked(key == Qt::Key_PageUp ? -1 : 1);
+  else if (const std::optional<CellPlace> target = TargetOf(event); target && back)
+    Extend(*target);
+  else if (target)
+    GoTo(*target);
+  else
+    return false;
+  return true;
+}
+
+void TableView::keyPressEvent(QKeyEvent* event) {
+  if (MovesByKey(*event) || EditsByKey(event)) return;
+  if (event->matches(QKeySequence::SelectAll))
     SelectUsedRows();
-  } else if (!control && !event->modifiers().testFlag(Qt::AltModifier) && !event->text().isEmpty() &&
-             event->text().front().isPrint()) {
-    if (Takes(event->text()))
-      QCoreApplication::sendEvent(OpenBox(/*typing=*/true), event);
-    else
-      emit refused();
-  } else if (event->key() == Qt::Key_Escape) {
+  else if (event->key() == Qt::Key_Escape)
     event->ignore();  // the form's
-  } else {
+  else
     QTableView::keyPressEvent(event);
-  }
 }
 
 bool TableView::Takes(const QString& text) const {

@@ -62,6 +62,9 @@ class TableView : public QTableView {
   void PlaceBox();
   void CancelBox();
   void MoveOn(QKeyEvent* event);
+  /// Whether a key moves the cursor or edits, and does it.
+  bool MovesByKey(const QKeyEvent& event);
+  bool EditsByKey(QKeyEvent* event);
   void Step(int rows, int columns);
   /// Where a cursor key leads; nothing for other keys.
   std::optional<CellPlace> TargetOf(const QKeyEvent& event) const;

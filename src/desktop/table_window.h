@@ -8,6 +8,7 @@
 #include "forms/table_editor.h"
 
 class QLabel;
+class QLayout;
 class QSpinBox;
 class QTabBar;
 
@@ -41,6 +42,7 @@ class TableWindow : public Form {
   bool Commit() override;
 
  private:
+  QLayout* ButtonRow();
   void Build();
   void Connect();
   void ShowTabs();
