@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -315,6 +316,23 @@ TEST_F(DiagramTest, ResultsThatAreMissingOrTooShortDrawNothing) {
   figure_.model.StressTable.clear();
   figure_.loadCase = 1;
   EXPECT_TRUE(Draw(DrawMomentData).empty());
+}
+
+TEST_F(DiagramTest, ResultsThatAreNoNumbersHarmNothing) {
+  constexpr double kNone = std::numeric_limits<double>::infinity(),
+                   kNaN = std::numeric_limits<double>::quiet_NaN();
+  FigureOptions& o = figure_.options;
+  o.axialValue.visible = o.shearValue.visible = o.momentValue.visible = true;
+  for (const double wrong : {kNone, kNaN, 1e308, -1e-320})
+    AddMember({1, 5}, {5, 5}, {wrong, wrong, wrong, wrong, wrong, wrong, wrong});
+  figure_.model.DisplacementTable = {{kNaN, kNone, 0}, {1e308, -1e308, 0}};
+  figure_.model.ratios = {kNaN, kNone, 1e308, -1};
+  for (const Routine routine :
+       {DrawMomentData, DrawNormalData, DrawNormalShearData, DrawDisplacementData, DrawRatioData})
+    for (const DrawOperation& operation : Draw(routine)) {
+      EXPECT_TRUE(std::isfinite(operation.x) && std::isfinite(operation.y));
+      EXPECT_TRUE(std::isfinite(operation.x2) && std::isfinite(operation.y2));
+    }
 }
 
 TEST_F(DiagramTest, ATintLiesUnderTheCurveAndNotInTheList) {
