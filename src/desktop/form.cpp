@@ -92,6 +92,7 @@ FormArea::FormArea(QWidget* parent)
     : QMdiArea(parent), cascade_(kCascadeStart), frameStyle_(std::make_unique<FrameStyle>()) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setActivationOrder(ActivationHistoryOrder);  // behind a form that closes comes the one before it
 }
 
 std::vector<Form*> FormArea::Forms() const {

@@ -158,8 +158,8 @@ void SectionTableWindow::Build(Sheet& sheet) {
   column->addWidget(notice);
   column->addWidget(sheet.view, 1);
   pages_->addWidget(sheet.page);
-  connect(sheet.view, &TableView::stored, this, [this](const QString& text) {
-    Shown().editor->SetText(Shown().view->Current(), FromQt(text));
+  connect(sheet.view, &TableView::stored, this, [this](const CellPlace& place, const QString& text) {
+    Shown().editor->SetText(place, FromQt(text));
     Shown().model->ShowChange();
   });
   connect(sheet.view, &TableView::typed, this, [this] { Shown().editor->MarkChanged(); });
