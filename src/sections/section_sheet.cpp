@@ -262,13 +262,13 @@ std::optional<SheetFault> FindSheetFault(const SectionSheet& sheet, const std::v
 std::string SheetListing(const SectionSheet& sheet, const std::vector<SheetRow>& rows) {
   constexpr std::string_view kNumberHead = "   No";
   std::string listing = sheet.title + "\r\n\r\n";
-  const auto add = [&](std::string line) {
-    line.erase(line.find_last_not_of(' ') + 1);
-    listing += line + "\r\n";
-  };
+  // Every line is as long as the longest: a page that is too narrow makes all of them smaller alike.
+  std::size_t width = kNumberHead.size();
+  for (const SheetColumn& column : sheet.columns) width += 1 + static_cast<std::size_t>(column.width);
+  const auto add = [&](const std::string& line) { listing += PadRight(line, width) + "\r\n"; };
   const auto padded = [](const SheetColumn& column, std::string_view cell) {
-    const auto width = static_cast<std::size_t>(column.width);
-    return " " + (column.text ? PadRight(cell, width) : PadLeft(cell, width));
+    const auto room = static_cast<std::size_t>(column.width);
+    return " " + (column.text ? PadRight(cell, room) : PadLeft(cell, room));
   };
   // Captions stand on two lines where one of the sheet's does; those on one line stand above the units.
   const bool two = std::ranges::any_of(sheet.columns, [](const SheetColumn& column) {
