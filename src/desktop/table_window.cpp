@@ -142,9 +142,12 @@ void TableWindow::ShowTabs() {
   places_.resize(static_cast<std::size_t>(pages));
   if (tabs_ == nullptr) return;
   const QSignalBlocker quiet(tabs_);
+  const bool shown = tabs_->isVisible();
+  tabs_->hide();  // a visible bar would lay itself out for every tab
   while (tabs_->count() > pages) tabs_->removeTab(tabs_->count() - 1);
   while (tabs_->count() < pages) tabs_->addTab(ToQt(PageTitle(editor_.Form().pages, tabs_->count() + 1)));
   tabs_->setCurrentIndex(std::min(model_->Page(), pages) - 1);
+  tabs_->setVisible(shown || !isVisible());
   if (groups_ == nullptr) return;
   const QSignalBlocker still(groups_);
   groups_->setValue(pages);

@@ -289,6 +289,8 @@ TEST_F(TableFormTest, TheBoxOfGroupsAddsAndRemovesPages) {
   EXPECT_EQ(tabs->count(), 2);
   EXPECT_EQ(Cell(1, 1, 2), "3");
   EXPECT_EQ(Child<QSpinBox>(&Table(), "groups")->value(), 2);
+  Child<QSpinBox>(&Table(), "groups")->setValue(1000);
+  EXPECT_EQ(tabs->count(), 1000);
 }
 
 TEST_F(TableFormTest, ARefusedRowIsShownInTheMiddleWithItsCellSelected) {
