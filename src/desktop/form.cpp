@@ -159,6 +159,7 @@ void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
 
 void FormArea::UnloadAll() {
   for (Form* const form : Forms()) {
+    if (!form->BelongsToModel()) continue;
     form->Unload();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   }
@@ -166,6 +167,15 @@ void FormArea::UnloadAll() {
 
 void FormArea::RenewAll() {
   for (Form* const form : Forms()) form->Renew();
+}
+
+bool FormArea::CloseOthers() {
+  for (Form* const form : Forms()) {
+    if (form->BelongsToModel()) continue;
+    Show(form);  // what it may ask about must be seen
+    if (!form->CloseForm()) return false;
+  }
+  return true;
 }
 
 void FormArea::SetFormsEnabled(bool enabled, const std::vector<std::string>& except) {

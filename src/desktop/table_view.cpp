@@ -82,7 +82,8 @@ void TableView::FitColumns() {
   header->setDefaultAlignment(Qt::AlignCenter);
   for (int c = 0; c < model_->columnCount(); ++c) {
     const Column& column = editor_.ColumnAt(c + 1);
-    const int characters = std::max({column.width, column.IsNumber() ? kMinColumn : kNameColumn});
+    const int usual = column.IsNumber() ? kMinColumn : kNameColumn;
+    const int characters = column.fixedWidth ? column.width : std::max(column.width, usual);
     header->resizeSection(c, qRound(characters * half) + 2 * kCellPadding + 2);
   }
 }
