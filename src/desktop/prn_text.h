@@ -31,7 +31,15 @@ class frmPrnText : public Form {
 
   QSize sizeHint() const override;
 
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
+  using Action = void (frmPrnText::*)();
+  /// What a key does in the preview: copies, prints; null for any other key.
+  static Action ActionOf(const QKeyEvent& key);
   void Build();
   void ReadFile();
   void SetZoomOf(int row);

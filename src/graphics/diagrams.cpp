@@ -81,11 +81,21 @@ class Ordinates {
     const Point p = OrdinatePoint(member, x, m);
     return figure_.FigureOf(p.x, p.y);
   }
-  /// The unit vector in the figure along which positive ordinates grow.
-  Point Away(const DiagramMember& member) const {
-    return figure_.oblique ? Point{0, -1} : Point{-member.sine, -member.cosine};
+  /// Where the label of the ordinate m at x stands: outside of the diagram, with a third of the member to
+  /// move along, towards the start where `back` is set.
+  LabelPlace Place(const DiagramMember& member, double x, double m, Anchor anchor, bool back = false) const {
+    const Point foot = At(member, 0, 0), end = At(member, member.L, 0);
+    const double length = std::hypot(end.x - foot.x, end.y - foot.y), way = back ? -1 : 1;
+    const Point away = figure_.oblique ? Point{0, -1} : Point{-member.sine, -member.cosine};
+    LabelPlace place;
+    place.ordinate = At(member, x, m);
+    place.away = m < 0 ? Point{-away.x, -away.y} : away;
+    if (length > 0) place.along = {way * (end.x - foot.x) / length, way * (end.y - foot.y) / length};
+    place.room = length / 3;
+    place.angle = figure_.oblique ? 0 : LabelAngle(member);
+    place.anchor = anchor;
+    return place;
   }
-  double Angle(const DiagramMember& member) const { return figure_.oblique ? 0 : LabelAngle(member); }
 
  private:
   const Figure& figure_;
@@ -105,22 +115,20 @@ void ShadeCurve(Plot& plot, const Curve& curve, Rgb colour) {
   PlotShade(plot, polygon, colour);
 }
 
-void DrawPolyline(Plot& plot, std::span<const Point> points, Rgb colour) {
-  for (std::size_t k = 1; k < points.size(); ++k)
+/// The lines of a curve; no label shall stand on them.
+void DrawPolyline(Plot& plot, std::span<const Point> points, Rgb colour, LabelField* labels) {
+  for (std::size_t k = 1; k < points.size(); ++k) {
     PlotDashedLine(plot, points[k - 1].x, points[k - 1].y, points[k].x, points[k].y, colour);
+    if (labels != nullptr) labels->TakeLine(points[k - 1], points[k]);
+  }
 }
 
-/// The closing line from the member to an ordinate; none to an ordinate of 0.
-void DrawClosing(Plot& plot, Point foot, Point ordinate, double m, Rgb colour) {
-  if (m != 0) PlotDashedLine(plot, foot.x, foot.y, ordinate.x, ordinate.y, colour);
+/// The closing line from the member to an ordinate.
+void DrawClosing(Plot& plot, Point foot, Point ordinate, Rgb colour) {
+  PlotDashedLine(plot, foot.x, foot.y, ordinate.x, ordinate.y, colour);
 }
 
-Point Reversed(Point p, double sign) {
-  return sign < 0 ? Point{-p.x, -p.y} : p;
-}
-
-// The shown members of a diagram, each with its values of the case in hand; those without an ordinate are
-// left out.
+// The shown members of a diagram, each with its values of the case in hand.
 
 template <class Values>
 struct MemberValues {
@@ -128,9 +136,10 @@ struct MemberValues {
   Values values;
 };
 
-template <class Values, class Read, class Any>
-std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Read read, Any any) {
+template <class Values, class Read>
+std::vector<MemberValues<Values>> ShownValues(const Figure& figure, double G, Read read) {
   std::vector<MemberValues<Values>> shown;
+  if (!HasOrdinates(G)) return shown;
   const std::vector<FigureElement>& elements = figure.model.elements;
   for (std::size_t e = 0; e < elements.size() && e < figure.shown.size(); ++e) {
     if (figure.shown[e] == 0) continue;
@@ -138,17 +147,9 @@ std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Read read, A
     if (record == nullptr) continue;
     const std::optional<DiagramMember> member = MemberOf(figure, elements[e]);
     if (!member) continue;
-    const Values values = read(*record, member->exchanged);
-    if (any(values)) shown.push_back({*member, values});
+    shown.push_back({*member, read(*record, member->exchanged)});
   }
   return shown;
-}
-
-bool AnyMoment(const MomentValues& v) {
-  return v.start != 0 || v.centre != 0 || v.end != 0;
-}
-bool AnyForce(const EndValues& v) {
-  return v.start != 0 || v.end != 0;
 }
 
 double GreatestMoment(const StressRecord& r) {
@@ -176,6 +177,7 @@ Curve MomentCurve(const DiagramMember& member, const Parabola& m, const Ordinate
 struct Band {
   double x0, m0, x1, m1;  // from x0 to x1, ordinates
   Rgb colour;
+  bool first = true, last = true;  // of its member
 };
 
 /// The parts of a straight line of ordinates on either side of the member; one where they look alike.
@@ -184,7 +186,7 @@ std::vector<Band> BandsOf(double L, double m0, double m1, Rgb positive, Rgb nega
   if (positive == negative || (m0 < 0) == (m1 < 0) || m0 == 0 || m1 == 0)
     return {{0, m0, L, m1, colour(m0 + m1)}};
   const double x = L * m0 / (m0 - m1);
-  return {{0, m0, x, 0, colour(m0)}, {x, 0, L, m1, colour(m1)}};
+  return {{0, m0, x, 0, colour(m0), true, false}, {x, 0, L, m1, colour(m1), false, true}};
 }
 
 struct ForceDiagram {
@@ -198,8 +200,9 @@ struct ForceDiagram {
 };
 
 void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, const ForceDiagram& diagram) {
-  const Ordinates ordinates(figure, diagram.heightCm, GreatestStress(figure, diagram.greatest));
-  const auto shown = ShownValues<EndValues>(figure, diagram.read, AnyForce);
+  const double G = GreatestStress(figure, diagram.greatest);
+  const Ordinates ordinates(figure, diagram.heightCm, G);
+  const auto shown = ShownValues<EndValues>(figure, G, diagram.read);
   const double s = ordinates.Scale();
   const auto forEachBand = [&](auto use) {
     if (!diagram.line.visible) return;
@@ -213,18 +216,15 @@ void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, cons
 
   PlotSetPen(plot, diagram.line.style, diagram.line.width);
   forEachBand([&](const Band& band, const Curve& curve) {
-    DrawClosing(plot, curve.footStart, curve.points[0], band.m0, band.colour);
-    DrawPolyline(plot, curve.points, band.colour);
-    DrawClosing(plot, curve.points[1], curve.footEnd, band.m1, band.colour);
+    if (band.first) DrawClosing(plot, curve.footStart, curve.points[0], band.colour);
+    DrawPolyline(plot, curve.points, band.colour, diagram.value.visible ? &labels : nullptr);
+    if (band.last) DrawClosing(plot, curve.points[1], curve.footEnd, band.colour);
   });
 
   ValueLabels values(plot, labels, diagram.value, diagram.decimals, DisplayFactor(figure.model));
   for (const auto& [member, v] : shown) {
-    const Point away = ordinates.Away(member);
-    const double angle = ordinates.Angle(member);
-    values.Write(ordinates.At(member, 0, v.start * s), Reversed(away, v.start), angle, kLeftCentre, v.start);
-    values.Write(ordinates.At(member, member.L, v.end * s), Reversed(away, v.end), angle, kRightCentre,
-                 v.end);
+    values.Write(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
+    values.Write(ordinates.Place(member, member.L, v.end * s, kRightCentre, /*back=*/true), v.end);
   }
 }
 
@@ -254,34 +254,31 @@ double GreatestDisplacement(const Figure& figure) {
 
 void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
   const FigureOptions& options = figure.options;
-  const Ordinates ordinates(figure, options.HeightMoment, GreatestStress(figure, GreatestMoment));
-  const auto shown = ShownValues<MomentValues>(figure, MomentsFromStart, AnyMoment);
+  const double G = GreatestStress(figure, GreatestMoment);
+  const Ordinates ordinates(figure, options.HeightMoment, G);
+  const auto shown = ShownValues<MomentValues>(figure, G, MomentsFromStart);
   const double s = ordinates.Scale();
   const auto forEachCurve = [&](auto use) {
     if (!options.moment.visible) return;
     for (const auto& [member, v] : shown) {
       const Parabola m = MomentParabola(v.start * s, v.centre * s, v.end * s, member.L);
-      use(v, MomentCurve(member, m, ordinates));
+      use(MomentCurve(member, m, ordinates));
     }
   };
-  forEachCurve(
-      [&](const MomentValues&, const Curve& curve) { ShadeCurve(plot, curve, options.moment.colour); });
+  forEachCurve([&](const Curve& curve) { ShadeCurve(plot, curve, options.moment.colour); });
 
   PlotSetPen(plot, options.moment.style, options.moment.width);
-  forEachCurve([&](const MomentValues& v, const Curve& curve) {
-    DrawClosing(plot, curve.footStart, curve.points.front(), v.start, options.moment.colour);
-    DrawPolyline(plot, curve.points, options.moment.colour);
-    DrawClosing(plot, curve.points.back(), curve.footEnd, v.end, options.moment.colour);
+  forEachCurve([&](const Curve& curve) {
+    DrawClosing(plot, curve.footStart, curve.points.front(), options.moment.colour);
+    DrawPolyline(plot, curve.points, options.moment.colour, options.momentValue.visible ? &labels : nullptr);
+    DrawClosing(plot, curve.points.back(), curve.footEnd, options.moment.colour);
   });
 
   ValueLabels values(plot, labels, options.momentValue, options.DecimalsMoment, DisplayFactor(figure.model));
   for (const auto& [member, v] : shown) {
-    const Point away = ordinates.Away(member);
-    const double angle = ordinates.Angle(member), L = member.L;
-    values.Write(ordinates.At(member, 0, v.start * s), Reversed(away, v.start), angle, kLeftCentre, v.start);
-    values.Write(ordinates.At(member, L, -v.end * s), Reversed(away, -v.end), angle, kRightCentre, v.end);
-    values.Write(ordinates.At(member, L / 2, -v.centre * s), Reversed(away, -v.centre), angle, kCentre,
-                 v.centre);
+    values.Write(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
+    values.Write(ordinates.Place(member, member.L, -v.end * s, kRightCentre, /*back=*/true), v.end);
+    values.Write(ordinates.Place(member, member.L / 2, -v.centre * s, kCentre), v.centre);
   }
 }
 

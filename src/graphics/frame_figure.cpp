@@ -156,7 +156,7 @@ void DrawNodes(Plot& plot, const Figure& figure, LabelField& labels) {
     const Point p = figure.view.ToFigure(figure.place[n]);
     if (const std::string_view code = SupportSymbol(node.code); code != "000") {
       DrawSupport(plot, p, code, size, node.rollerAngle, option.colour, sides[n]);
-      labels.Take(SupportBox(p, code, size, sides[n]));
+      for (const Rectangle& box : SupportBoxes(p, code, size, node.rollerAngle, sides[n])) labels.Take(box);
     }
     if (!option.visible) continue;
     PlotCircle(plot, p.x, p.y, radius, option.colour, /*filled=*/true);
@@ -173,14 +173,9 @@ struct KindOfFigure {
   bool hasCase;
 };
 
-void DrawLoads(Plot& plot, const Figure& figure, LabelField& labels) {
-  DrawElementForceData(plot, figure, labels);
-  DrawNodalForceData(plot, figure, labels);
-}
-
 constexpr std::array<KindOfFigure, 8> kKinds = {{
     {{}, layer::kModel, {}, {}, {}, nullptr, false},
-    {"荷重ﾁｪｯｸ図", layer::kLoad, "(単位:t)", "(単位:kN)", "DrawElementForceData", DrawLoads, true},
+    {"荷重ﾁｪｯｸ図", layer::kLoad, "(単位:t)", "(単位:kN)", "DrawLoads", DrawLoads, true},
     {"変位図", layer::kDisplacement, {}, {}, "DrawDisplacementData", DrawDisplacementData, true},
     {"軸力図", layer::kForce, "(単位:t)", "(単位:kN)", "DrawNormalData", DrawNormalData, true},
     {"せん断力図", layer::kShear, "(単位:t)", "(単位:kN)", "DrawNormalShearData", DrawNormalShearData, true},
@@ -193,9 +188,11 @@ const KindOfFigure& KindOf(int kind) {
   return kKinds[kind >= 0 && kind < static_cast<int>(kKinds.size()) ? static_cast<std::size_t>(kind) : 0];
 }
 
-/// Title lines in the left upper corner of the cell, as large as its width takes them.
+/// Title lines in the left upper corner of the cell, as large as its width takes them, and no larger than the
+/// margin above the model.
 void DrawTitle(Plot& plot, const Figure& figure, int kind, LabelField& labels) {
-  constexpr double kHeight = 9 * kTwipsPerPoint, kSmallest = 5 * kTwipsPerPoint, kPad = 100, kLine = 1.3;
+  constexpr double kHeight = 9 * kTwipsPerPoint, kSmallest = 5 * kTwipsPerPoint, kShare = 0.04, kPad = 100,
+                   kLine = 1.3;
   const KindOfFigure& shown = KindOf(kind);
   const bool loads = kind == kLoadCheck;
   const std::string title = "タイトル：" + figure.model.title + "   (" + figure.model.name + ")";
@@ -207,7 +204,7 @@ void DrawTitle(Plot& plot, const Figure& figure, int kind, LabelField& labels) {
 
   const double room = figure.cellWidth - 2 * kPad;
   const double wide = std::max(TextWidth(title, 1), TextWidth(name, 1) + TextWidth(unit, 1) + 1);
-  const double height = std::clamp(room / wide, kSmallest, kHeight);
+  const double height = std::clamp(std::min(room / wide, kShare * figure.cellHeight), kSmallest, kHeight);
   PlotSetFont(plot, height);
   const auto write = [&](double x, double y, std::string_view text) {
     if (text.empty()) return;
@@ -263,9 +260,7 @@ bool IsNodeShown(const Figure& figure, int number) {
 }
 
 void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kind, int layout, int cell) {
-  plot.OffsetX = plot.OffsetY = 0;
-  plot.surface = plot.target->TheSurface();
-  plot.clip = AreaOf(0, 0, plot.surface.width, plot.surface.height);
+  plot.Begin();
   figure.cellWidth = plot.surface.width;
   figure.cellHeight = plot.surface.height;
   figure.oblique = figure.model.IsGrid() && kind >= kDisplacementFigure;
@@ -273,12 +268,12 @@ void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kin
   MarkShownElements(figure);
   PlaceNodes(figure);
 
-  if (plot.surface.page) PlaceCell(plot, control, figure, layout, cell);
+  if (plot.DrawToPrinter) PlaceCell(plot, control, figure, layout, cell);
   if ((figure.FigureFlags & kFitWindow) != 0) {
     FitWindow(figure.view, figure.cellWidth, figure.cellHeight);
-  } else if (plot.surface.page) {
-    // Part of a figure, as it was on the screen: its middle stays, and it doesn't run into the cells around.
-    KeepCentre(figure.view, figure.cellWidth, figure.cellHeight);
+  } else if (plot.DrawToPrinter) {
+    // Part of a figure: all that the screen showed, and nothing of it runs into the cells around.
+    KeepWindow(figure.view, figure.cellWidth, figure.cellHeight);
     plot.clip = AreaOf(plot.OffsetX, plot.OffsetY, figure.cellWidth, figure.cellHeight);
   }
 }

@@ -13,6 +13,7 @@ namespace zorlan {
 namespace {
 
 constexpr int kDivisions = 20;       // of a member: where the arrows of a distributed load may stand
+constexpr double kSideOffset = 0.4;  // of an arrow: to the side, and the radius of a turn
 constexpr double kGapFactor = 0.02;  // of the member's length: between a load and the member
 
 /// How high loads lie on each other at a node or member, for each of so many ways.
@@ -47,14 +48,40 @@ constexpr std::array<NodalPart, 3> kGridParts = {{
     {&PlodRec::F3, NodalPart::Shape::Vector, {0, -1}, "My="},
 }};
 
-/// One part at a node; `depth` is how far out the loads drawn before it reach.
-void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double value, double& depth) {
+/// Bits for the sides of a node on which a member runs along an axis of the figure.
+enum : unsigned { kMemberRight = 1, kMemberLeft = 2, kMemberAbove = 4, kMemberBelow = 8 };
+
+unsigned SideOf(Point way) {
+  if (std::abs(way.x) > std::abs(way.y)) return way.x > 0 ? kMemberRight : kMemberLeft;
+  return way.y > 0 ? kMemberBelow : kMemberAbove;
+}
+
+/// By node index: where members lie that would hide an arrow.
+std::vector<unsigned> MemberSides(const Figure& figure) {
+  constexpr double kAlong = 0.2;  // of the slope to an axis
+  std::vector<unsigned> sides(figure.place.size());
+  for (std::size_t e = 0; e < figure.shown.size(); ++e) {
+    if (figure.shown[e] == 0) continue;
+    const auto i = static_cast<std::size_t>(figure.model.elements[e].rowI);
+    const auto j = static_cast<std::size_t>(figure.model.elements[e].rowJ);
+    const Point way = {figure.place[j].x - figure.place[i].x, figure.place[i].y - figure.place[j].y};
+    if (std::min(std::abs(way.x), std::abs(way.y)) > kAlong * std::max(std::abs(way.x), std::abs(way.y)))
+      continue;
+    sides[i] |= SideOf(way);
+    sides[j] |= SideOf({-way.x, -way.y});
+  }
+  return sides;
+}
+
+/// One part at a node; `depth` is how far out the loads drawn before it reach, `members` where members lie.
+void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double value, double& depth,
+                   unsigned members) {
   const std::string text = std::string(part.label) + LoadText(value);
   const double clear = NodeRadius(pen.figure.options);
   if (part.shape == NodalPart::Shape::Turn) {
-    const double radius = 0.4 * pen.arrow + depth;
+    const double radius = kSideOffset * pen.arrow + depth;
     DrawTurn(pen, node, radius, value > 0);
-    WriteAtStroke(pen, node, {node.x + 0.8 * radius, node.y - 0.8 * radius}, text);
+    pen.Note(node, {node.x + 0.8 * radius, node.y - 0.8 * radius}, text);
     depth += 0.2 * pen.arrow;
     return;
   }
@@ -62,10 +89,13 @@ void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double
   const double sign = value > 0 ? 1 : -1;
   const Point along = {sign * part.along.x, sign * part.along.y};
   const double away = clear + depth;
-  const Point tip = {node.x - away * along.x, node.y - away * along.y};
+  // An arrow that a member would hide stands to its side.
+  const double aside = (members & SideOf({-along.x, -along.y})) != 0 ? kSideOffset * pen.arrow : 0;
+  const Point tip = {node.x - away * along.x - aside * std::abs(along.y),
+                     node.y - away * along.y - aside * std::abs(along.x)};
   const Point tail = {tip.x - pen.arrow * along.x, tip.y - pen.arrow * along.y};
   DrawArrow(pen, tip, along, pen.arrow, part.shape == NodalPart::Shape::Vector ? 2 : 1);
-  WriteAtStroke(pen, tip, tail, text);
+  pen.Note(tip, tail, text);
   depth += 1.2 * pen.arrow;
 }
 
@@ -116,14 +146,12 @@ Point BesideMember(const LoadedSpan& span, double arrow) {
   const double ux = (span.second.x - span.first.x) / span.length,
                uy = (span.second.y - span.first.y) / span.length;
   const double across = std::abs(ux * span.push.y - uy * span.push.x);
-  return across > 0.1 ? Point{0, 0} : Point{uy * 0.4 * arrow, -ux * 0.4 * arrow};
+  return across > 0.1 ? Point{0, 0} : Point{uy * kSideOffset * arrow, -ux * kSideOffset * arrow};
 }
 
 class ElementLoadPainter {
  public:
-  ElementLoadPainter(Plot& plot, const Figure& figure, LabelField& labels)
-      : pen_(LoadPenOf(plot, figure, labels, figure.options.elementLoad)),
-        heap_(figure.model.elements.size()) {}
+  explicit ElementLoadPainter(const LoadPen& pen) : pen_(pen), heap_(pen.figure.model.elements.size()) {}
 
   void DrawElementLoad(int element, const ElodRec& load);
   void DrawCmqLoad(int element, const ClodRec& load);
@@ -223,17 +251,20 @@ void ElementLoadPainter::DrawElementLoad(int element, const ElodRec& load) {
 
   // The number stands at the middle of what is drawn, or off it.
   std::vector<LoadStroke> strokes;
-  const auto offer = [&](double t) {
-    strokes.push_back({lying.Tip(t), lying.Away(t, lying.base + pen_.arrow)});
+  const auto offer = [&](double t, double height) {
+    strokes.push_back({lying.Tip(t), lying.Away(t, lying.base + height * pen_.arrow)});
   };
   if (shape.parts.empty()) {
     for (std::size_t k = 0, n = shape.points.size(); k < std::min<std::size_t>(n, 3); ++k)
-      offer(shape.points[(n / 2 + k) % n]);
+      offer(shape.points[(n / 2 + k) % n], 1);
   } else {
-    const double from = shape.parts[0].front().at, to = shape.parts[0].back().at;
-    for (const double share : {0.5, 0.3, 0.7, 0.15, 0.85}) offer(from + share * (to - from));
+    const std::vector<LoadOrdinate>& part = shape.parts[0];
+    for (const double share : {0.5, 0.3, 0.7, 0.15, 0.85}) {
+      const double t = part.front().at + share * (part.back().at - part.front().at);
+      offer(t, HeightAt(part, t));
+    }
   }
-  WriteAtStrokes(pen_, strokes, LoadText(value));
+  pen_.notes.push_back({std::move(strokes), LoadText(value)});
 }
 
 void ElementLoadPainter::DrawEndForce(int element, double t, double value, int MG) {
@@ -245,19 +276,19 @@ void ElementLoadPainter::DrawEndForce(int element, double t, double value, int M
   const Point along = {sign * span.push.x, sign * span.push.y}, p = span.At(t);
   const Point tip = {p.x - gap * along.x, p.y - gap * along.y};
   DrawArrow(pen_, tip, along, pen_.arrow);
-  WriteAtStroke(pen_, tip, {tip.x - pen_.arrow * along.x, tip.y - pen_.arrow * along.y}, LoadText(value));
+  pen_.Note(tip, {tip.x - pen_.arrow * along.x, tip.y - pen_.arrow * along.y}, LoadText(value));
 }
 
 void ElementLoadPainter::DrawEndMoment(int element, double t, double value, std::string_view label) {
   if (value == 0) return;
   const Point p = SpanOf(pen_.figure, Element(element), 0).At(t);
-  const double radius = 0.4 * pen_.arrow;
+  const double radius = kSideOffset * pen_.arrow;
   DrawTurn(pen_, p, radius, value > 0);
-  WriteAtStroke(pen_, p, {p.x, p.y - radius}, std::string(label) + LoadText(value));
+  pen_.Note(p, {p.x, p.y - radius}, std::string(label) + LoadText(value));
 }
 
 void ElementLoadPainter::DrawCmqLoad(int element, const ClodRec& load) {
-  constexpr double kNearEnd = 0.06;  // of the member: the ends' marks stand clear of other members' ones
+  constexpr double kNearEnd = 0.1;  // of the member: the ends' marks stand clear of other members' ones
   DrawEndMoment(element, kNearEnd, load.Ci, "C=");
   DrawEndMoment(element, 1 - kNearEnd, load.Cj, "C=");
   DrawEndForce(element, kNearEnd, load.Qi, load.MG);
@@ -265,15 +296,15 @@ void ElementLoadPainter::DrawCmqLoad(int element, const ClodRec& load) {
   if (load.Mo == 0) return;
   const LoadedSpan span = SpanOf(pen_.figure, Element(element), 0);
   const Point p = span.At(0.5);
-  WriteAtStroke(pen_, p, {p.x + span.push.x, p.y + span.push.y}, "Mo=" + LoadText(load.Mo));
+  pen_.Note(p, {p.x + span.push.x, p.y + span.push.y}, "Mo=" + LoadText(load.Mo));
 }
 
 void ElementLoadPainter::DrawTemperatureLoad(int element, const TlodRec& load) {
   static constexpr NumberPattern kDegrees("##0.0");
   const LoadedSpan span = SpanOf(pen_.figure, Element(element), 0);
   const Point p = span.At(0.5);
-  WriteAtStroke(pen_, p, {p.x + span.push.x, p.y + span.push.y},
-                "T1=" + FormatNumber(load.T1, kDegrees) + " T2=" + FormatNumber(load.T2, kDegrees));
+  pen_.Note(p, {p.x + span.push.x, p.y + span.push.y},
+            "T1=" + FormatNumber(load.T1, kDegrees) + " T2=" + FormatNumber(load.T2, kDegrees));
 }
 
 /// Calls `draw` for the loads of the figure's case on shown items.
@@ -286,11 +317,19 @@ void ForShownLoads(const Figure& figure, const std::vector<Load>& loads, const s
 
 }  // namespace
 
-void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels) {
+void DrawLoads(Plot& plot, const Figure& figure, LabelField& labels) {
+  std::vector<LoadNote> notes;
+  DrawElementForceData(plot, figure, labels, notes);
+  DrawNodalForceData(plot, figure, labels, notes);
+  WriteNotes(plot, figure, labels, notes);
+}
+
+void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels,
+                          std::vector<LoadNote>& notes) {
   const LineOption& option = figure.options.elementLoad;
   if (!option.visible) return;
   PlotSetPen(plot, option.style, option.width);
-  ElementLoadPainter painter(plot, figure, labels);
+  ElementLoadPainter painter(LoadPenOf(plot, figure, labels, notes, option));
   const auto shown = [&](int e) {
     return static_cast<std::size_t>(e) < figure.shown.size() &&
            figure.shown[static_cast<std::size_t>(e)] != 0;
@@ -304,12 +343,13 @@ void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels) 
                 [&](int e, const TlodRec& load) { painter.DrawTemperatureLoad(e, load); });
 }
 
-void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels) {
+void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes) {
   const LineOption& option = figure.options.nodalLoad;
   if (!option.visible) return;
   PlotSetPen(plot, option.style, option.width);
-  const LoadPen pen = LoadPenOf(plot, figure, labels, option);
+  const LoadPen pen = LoadPenOf(plot, figure, labels, notes, option);
   const std::array<NodalPart, 3>& parts = figure.model.IsGrid() ? kGridParts : kFrameParts;
+  const std::vector<unsigned> members = MemberSides(figure);
   Heap<6> heap(figure.model.nodes.size());
   const auto shown = [&](int n) {
     return IsNodeShown(figure, figure.model.nodes[static_cast<std::size_t>(n)].number);
@@ -320,7 +360,8 @@ void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels) {
                   for (std::size_t d = 0; d < parts.size(); ++d) {
                     const double value = load.*parts[d].value;
                     if (value != 0)
-                      DrawNodalPart(pen, node, parts[d], value, heap.At(n, 2 * d + (value > 0 ? 1 : 0)));
+                      DrawNodalPart(pen, node, parts[d], value, heap.At(n, 2 * d + (value > 0 ? 1 : 0)),
+                                    members[static_cast<std::size_t>(n)]);
                   }
                 });
 }
