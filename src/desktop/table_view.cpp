@@ -93,7 +93,7 @@ QSize TableView::sizeHint() const {
                     verticalScrollBar()->sizeHint().width() + 2 * frameWidth() + 2;
   const int height = horizontalHeader()->sizeHint().height() +
                      kShownRows * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
-  return {std::max(width, 360), height};
+  return {std::max(width, 300), height};
 }
 
 CellPlace TableView::Current() const {
