@@ -8,6 +8,7 @@
 #include "base/number.h"
 #include "base/number_format.h"
 #include "base/text.h"
+#include "base/text_file.h"
 #include "sections/steel_tables.h"
 #include "sections/table_lines.h"
 #include "sections/timber_tables.h"
@@ -209,7 +210,7 @@ SectionSheet SheetOf(SheetKind kind) {
 }
 
 std::string SheetPath(const SectionSheet& sheet) {
-  return (sheet.steel ? SteelTableFolder : TimberTableFolder) + sheet.file;
+  return PathIn(sheet.steel ? SteelTableFolder : TimberTableFolder, sheet.file);
 }
 
 SheetText ParseSheet(const SectionSheet& sheet, std::string_view bytes) {

@@ -38,6 +38,15 @@ TEST(SectionSheet, WidthsAreFixedByTheMasks) {
   EXPECT_EQ(SheetOf(SheetKind::TimberSections).columns.size(), 14U);
 }
 
+class SheetPathTest : public TableFolder {};
+
+TEST_F(SheetPathTest, IsThatOfTheFileAsTheFolderNamesIt) {
+  Write("pipe.csv", "");
+  EXPECT_EQ(SheetPath(SheetOf(SheetKind::Pipe)), Path("pipe.csv"));
+  EXPECT_EQ(SheetPath(SheetOf(SheetKind::H)), Path("H.CSV"));
+  EXPECT_EQ(SheetPath(SheetOf(SheetKind::TimberSections)), Path("断面.CSV"));
+}
+
 TEST(SectionSheet, EveryShippedTableComesBackToTheByte) {
   for (std::size_t i = 0; i < kSheetKinds; ++i) {
     const SectionSheet sheet = SheetOf(static_cast<SheetKind>(i));
