@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
 
 #include "desktop/desktop_test.h"
 #include "shell/projects.h"
@@ -178,6 +179,33 @@ TEST_F(OneRowFormsTest, AnotherNumberOfCasesDropsResultsAtOnceAndElementLoadsOnC
   EXPECT_EQ(after.find("\n2,"), std::string::npos);
   Script().ExpectBox(QStringLiteral("再計算を行ってから、断面算定を行ってください"), QStringLiteral("OK"));
   Choose("mnuDesignS");  // it stays on until the next look at the results
+}
+
+TEST_F(OneRowFormsTest, AnotherNumberOfCasesClosesTheOpenElementLoads) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  ReplaceTextFile(WorkPath + "ELOD", "1,1,2,0,0,1,0\r\n2,1,3,0,0,1,0\r\n1,1,9,0,0,1,0\r\n");
+  Choose("mnuLoad(1)");
+  auto* const grid = Child<QTableView>(OpenForm("InpELOD"), "grid");
+  grid->setCurrentIndex(grid->model()->index(0, 2));
+  QTest::keyClicks(grid, "9");
+  QTest::keyClicks(Window().focusWidget(), "9");
+  QTest::keyClick(Window().focusWidget(), Qt::Key_Return);
+  Form* const form = Open(kControl, "InpCONT");
+  auto* const cases = Combo(form, "loadCases");
+  cases->setFocus();
+  QTest::keyClick(cases, Qt::Key_Home);
+  Script().ExpectBox(QStringLiteral("荷重タイプが入力範囲外です"), QStringLiteral("OK"));
+  EXPECT_FALSE(form->CloseForm());  // its bad row comes first
+  EXPECT_NE(OpenForm("InpELOD"), nullptr);
+  grid->setCurrentIndex(grid->model()->index(0, 2));
+  QTest::keyClicks(grid, "0");
+  QTest::keyClick(Window().focusWidget(), Qt::Key_Return);
+  EXPECT_TRUE(form->CloseForm());
+  EXPECT_EQ(OpenForm("InpELOD"), nullptr);
+  EXPECT_EQ(OpenForm("InpCONT"), nullptr);
+  EXPECT_EQ(Table("CONT").substr(0, 4), "1,1,");
+  EXPECT_EQ(Table("ELOD"),
+            "1,1,2,0,0,1,0\r\n1,1,9,0,0,1,0\r\n");  // it wrote its cases in order, then it was cut
 }
 
 TEST_F(OneRowFormsTest, AControlFormLeftAloneKeepsTheResults) {
