@@ -1,0 +1,98 @@
+#include "shell/figure_deck.h"
+
+#include <array>
+
+#include "base/fault.h"
+#include "base/text_file.h"
+#include "graphics/drawing_list.h"
+#include "graphics/dxf.h"
+#include "model/deck.h"
+#include "model/model_state.h"
+#include "shell/figure_ratios.h"
+
+namespace zorlan {
+namespace {
+
+/// What a kind of figure takes from the result folder.
+enum class Source { Deck, Forces, Ratios };
+
+struct KindWord {
+  std::string_view word;
+  int kind;
+  Source source;
+};
+constexpr std::array kKindWords = {
+    KindWord{"model", kModelFigure, Source::Deck},
+    KindWord{"load", kLoadCheck, Source::Deck},
+    KindWord{"displacement", kDisplacementFigure, Source::Forces},
+    KindWord{"axial", kAxialFigure, Source::Forces},
+    KindWord{"shear", kShearFigure, Source::Forces},
+    KindWord{"moment", kMomentFigure, Source::Forces},
+    KindWord{"steel", kSteelRatioFigure, Source::Ratios},
+    KindWord{"rc", kRcRatioFigure, Source::Ratios},
+};
+
+Source SourceOf(int kind) {
+  for (const KindWord& known : kKindWords)
+    if (known.kind == kind) return known.source;
+  return Source::Deck;
+}
+
+void LoadResults(FigureModel& model, const SheetFigure& choice) {
+  const Source source = SourceOf(choice.kind);
+  if (source == Source::Forces && !LoadFigureResults(model, ResultFolder()))
+    throw Fault(DeckPath() + " ： このモデルの解析結果がありません（" + ResultFolder() + "）");
+  if (source != Source::Ratios) return;
+  const std::string file = choice.kind == kSteelRatioFigure ? "SIG_S" : "SIG_RC";
+  if (!FileExists(ResultFolder() + file))
+    throw Fault(DeckPath() + " ： 断面算定の結果がありません（" + ResultFolder() + file + "）");
+  model.ratios = ReadRatios(ResultFolder(), choice.kind, static_cast<int>(model.elements.size()));
+}
+
+}  // namespace
+
+std::optional<int> FigureKindOf(std::string_view word) {
+  for (const KindWord& known : kKindWords)
+    if (known.word == word) return known.kind;
+  return std::nullopt;
+}
+
+std::string FigureKindWords() {
+  std::string words;
+  for (const KindWord& known : kKindWords) words.append(words.empty() ? "" : " ").append(known.word);
+  return words;
+}
+
+Figure FigureOfDeck(const SheetFigure& choice) {
+  ReadDeck(DeckPath(), /*checkMode=*/false);
+  Figure figure;
+  figure.model = FigureModelOf(InpModel);
+  if (figure.model.nodes.empty()) throw Fault(DeckPath() + " ： 節点データがありません");
+  const int cases = figure.model.maxLoadCase;
+  if (choice.kind != kModelFigure && SourceOf(choice.kind) != Source::Ratios &&
+      (choice.loadCase < 1 || choice.loadCase > cases))
+    throw Fault(DeckPath() + " ： 荷重ケース " + std::to_string(choice.loadCase) +
+                " はありません（１～" + std::to_string(cases) + "）");
+  LoadResults(figure.model, choice);
+  ChooseFigure(figure, choice);
+  return figure;
+}
+
+FigureSheets SheetOfFigure(const SheetFigure& choice) {
+  PrinterRec printer = StoredPrinterInfo();
+  printer.pageNumbers = kNoPageNumbers;
+  return SheetsOf(printer, {choice}, /*layout=*/0);
+}
+
+void WriteFigureList(const SheetFigure& choice, const std::string& path) {
+  Figure figure = FigureOfDeck(choice);
+  WriteDrawingList(path, RecordSheet(SheetOfFigure(choice), 0, figure));
+}
+
+void WriteFigureDxf(const SheetFigure& choice, const std::string& path) {
+  Figure figure = FigureOfDeck(choice);
+  const std::string list = DrawingListText(RecordSheet(SheetOfFigure(choice), 0, figure));
+  ReplaceTextFile(path, DxfOfList(list), Flush::No);
+}
+
+}  // namespace zorlan

@@ -1,0 +1,31 @@
+// A figure straight from a deck and the results beside it, for programs without windows.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "graphics/frame_figure.h"
+#include "shell/figure_sheets.h"
+
+namespace zorlan {
+
+/// The kind of figure that a word of the command line names: "model", "load", "displacement", "axial",
+/// "shear", "moment", "steel", "rc".
+std::optional<int> FigureKindOf(std::string_view word);
+/// All words, with blanks between them.
+std::string FigureKindWords();
+
+/// The figure of the model in hand, ready to be drawn: its deck, the results of its result folder as far as
+/// the kind needs them, and the display options of the program's tree. Throws Fault in the user's words: a
+/// deck without nodes, no results or no design ratios, a load case that the model hasn't.
+Figure FigureOfDeck(const SheetFigure& choice);
+
+/// One figure on a sheet of the stored printer settings, without a page number.
+FigureSheets SheetOfFigure(const SheetFigure& choice);
+
+/// Writes the figure as a drawing list, or as a DXF file. Throws Fault.
+void WriteFigureList(const SheetFigure& choice, const std::string& path);
+void WriteFigureDxf(const SheetFigure& choice, const std::string& path);
+
+}  // namespace zorlan
