@@ -7,7 +7,8 @@ root=$PWD
 build_packages=(g++ cmake ninja-build ccache libfmt-dev libcli11-dev libeigen3-dev libgtest-dev libgmock-dev
                 libbenchmark-dev qt6-base-dev qt6-svg-dev libqt6svg6 qt6-translations-l10n fonts-ipafont-gothic)
 display_packages=(qt6-wayland xdg-utils)  # what the windows need of a desktop
-test_packages=(poppler-utils)             # reads the PDF files back
+test_packages=(poppler-utils              # reads the PDF files back
+               python3-ezdxf librecad)    # read the DXF files
 fuzz_packages=(clang libclang-rt-14-dev)
 
 # need PACKAGE...: installs those that are missing. Asks nothing; quick when nothing is missing.
