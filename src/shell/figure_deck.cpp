@@ -71,8 +71,8 @@ Figure FigureOfDeck(const SheetFigure& choice) {
   const int cases = figure.model.maxLoadCase;
   if (choice.kind != kModelFigure && SourceOf(choice.kind) != Source::Ratios &&
       (choice.loadCase < 1 || choice.loadCase > cases))
-    throw Fault(DeckPath() + " ： 荷重ケース " + std::to_string(choice.loadCase) +
-                " はありません（１～" + std::to_string(cases) + "）");
+    throw Fault(DeckPath() + " ： 荷重ケース " + std::to_string(choice.loadCase) + " はありません（１～" +
+                std::to_string(cases) + "）");
   LoadResults(figure.model, choice);
   ChooseFigure(figure, choice);
   return figure;

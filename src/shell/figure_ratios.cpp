@@ -16,10 +16,8 @@ constexpr int kPositions = 3;
 /// The values of a file of one number a line, as many as are wanted; `missing` behind its end.
 std::vector<double> Values(std::string_view text, std::size_t count, double missing) {
   std::vector<double> values;
-  while (values.size() < count && !text.empty()) {
-    const std::size_t end = text.find('\n');
-    const std::string_view line = NoSpc(text.substr(0, end));
-    text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
+  while (values.size() < count) {
+    const std::string_view line = NoSpc(TakeLine(text).value_or(std::string_view()));
     if (line.empty() || std::string_view("+-.0123456789").find(line.front()) == std::string_view::npos) break;
     values.push_back(ReadReal(line));
   }
