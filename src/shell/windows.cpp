@@ -29,6 +29,12 @@ ShellWindows WithDefaults(ShellWindows windows) {
   Default(windows.resetCascade);
   Default(windows.refresh);
   Default(windows.dropFigureData);
+  Default(windows.drawTyped);
+  Default(windows.takeNodes, false);
+  Default(windows.showRow, false);
+  Default(windows.followControl);
+  Default(windows.addNum, std::string("Abote"));
+  Default(windows.sectionEntry, false);
   Default(windows.showText);
   Default(windows.hasPdfViewer, false);
   Default(windows.openPdf);

@@ -7,11 +7,19 @@
 #include <string_view>
 #include <vector>
 
+#include "model/table_file.h"
+
 namespace zorlan {
 
 struct ProjectDialog;
 struct FolderDialog;
 struct NameDialog;
+
+/// A table as its form shows it now, perhaps not committed yet: rows as its file would hold them.
+struct TypedTable {
+  std::string key;
+  std::vector<TableRow> rows;
+};
 
 /// The two windows for texts: `frmKakuninText` and `frmPrnText`.
 enum class TextWindow { Reader, Preview };
@@ -38,6 +46,25 @@ struct ShellWindows {
   std::function<void()> refresh;
   /// The figures' data are stale: after an opening and after an analysis they are read anew.
   std::function<void()> dropFigureData;
+
+  /// The figure of the model in hand with these tables as they are typed: opened if it isn't there, drawn
+  /// anew if it is.
+  std::function<void(const std::vector<TypedTable>& typed)> drawTyped;
+  /// Nodes were picked in the figure, by their numbers: the form in front takes them, InpNODE by going to
+  /// their row, InpELEM as ends of elements. False: no such form is there.
+  std::function<bool(const std::vector<int>& nodes)> takeNodes;
+  /// Opens the form of a table, or brings it to the front, and goes to the row of this number in its key
+  /// column on a page (1 for a table without pages). False: no row has it.
+  std::function<bool(const std::string& key, int page, int number)> showRow;
+  /// The control or unit data have changed: open table forms follow the header of InpModel.
+  std::function<void()> followControl;
+
+  /// `AddNum`: asks for a number with the mode word "Add" or without it. Answers the number's text, or
+  /// "Abote".
+  std::function<std::string(std::string_view mode)> addNum;
+  /// The section dialog on a row of InpSECT: its eleven cells from column 1 on, those in use. False: nothing
+  /// was chosen, and the cells are as they were.
+  std::function<bool(std::vector<std::string>& cells)> sectionEntry;
 
   /// Shows the text of a PrintFlag: the file at `path`, which may be missing (an empty text then).
   std::function<void(TextWindow window, int printFlag, const std::string& path)> showText;
