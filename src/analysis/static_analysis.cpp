@@ -22,8 +22,10 @@ AnalysisReport Report;
 constexpr int kInMemoryNodes = 29;  // more nodes take the file road
 constexpr double kPivotTolerance = 1e-20;
 
-constexpr std::string_view kResultFiles[] = {"FT031", "FT021", "FT022", "FT022A"};
-constexpr std::string_view kStaleAfterAnalysis[] = {"FT031", "FT021", "SIG_S", "DSNS", "DSNRC"};
+/// FT031 is the last to come: who finds it finds all of them, also after a run that was killed.
+constexpr std::string_view kResultFiles[] = {"FT021", "FT022", "FT022A", "FT031"};
+/// What follows from the forces goes before them, and FT031 before its neighbours.
+constexpr std::string_view kStaleAfterAnalysis[] = {"SIG_S", "DSNS", "DSNRC", "FT031", "FT021"};
 
 using StageRoutine = void (*)();
 
@@ -127,8 +129,8 @@ void CopyResultFiles(const std::string& from, const std::string& to) {
 
 /// What a new analysis of the model in hand makes untrue, listing included.
 void RemoveStaleResults() {
-  CleanResults(1);
   RemoveFile(ListingPath());
+  CleanResults(1);
 }
 
 /// A run that broke off leaves no result behind that could be taken for the deck's.

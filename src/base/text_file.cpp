@@ -6,17 +6,21 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstring>
 #include <system_error>
 #include <utility>
 
 #include "base/cp932.h"
 #include "base/fault.h"
+#include "base/text.h"
 
 namespace zorlan {
 namespace fs = std::filesystem;
 namespace {
 
+constexpr std::string_view kNeighbour = ".~";
 constexpr std::size_t kDrainAt = std::size_t{1} << 18;  // bytes gathered before a write
 
 [[noreturn]] void Fail(const std::string& path, int error) {
@@ -25,7 +29,19 @@ constexpr std::size_t kDrainAt = std::size_t{1} << 18;  // bytes gathered before
 
 /// The name beside a file under which it is written anew: each process has its own.
 std::string NeighbourName(const std::string& path) {
-  return path + ".~" + std::to_string(::getpid());
+  return path + std::string(kNeighbour) + std::to_string(::getpid());
+}
+
+/// The process that writes a file of such a name; nothing for any other name.
+std::optional<pid_t> WriterOf(std::string_view name) {
+  const std::size_t at = name.rfind(kNeighbour);
+  if (at == std::string_view::npos || at == 0) return std::nullopt;
+  const char* const first = name.data() + at + kNeighbour.size();
+  const char* const last = name.data() + name.size();
+  pid_t process = 0;
+  const auto [end, fault] = std::from_chars(first, last, process);
+  if (fault != std::errc() || end != last || process <= 0) return std::nullopt;
+  return process;
 }
 
 void WriteAll(int file, std::string_view bytes, const std::string& path) {
@@ -131,6 +147,38 @@ bool FileExists(std::string_view path) {
 bool FolderExists(std::string_view path) {
   std::error_code ignored;  // as above
   return fs::is_directory(NativePath(path), ignored);
+}
+
+std::optional<std::string> FindName(const std::string& folder, std::string_view name) {
+  const std::string wanted = UpperCase(name);
+  std::optional<std::string> found;
+  std::error_code error;  // a folder that can't be looked into has no such name
+  fs::directory_iterator entry(NativePath(folder), error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    const std::string known = PathText(entry->path().filename());
+    if (known == name) return known;
+    if (UpperCase(known) == wanted && (!found || known < *found)) found = known;
+  }
+  return found;
+}
+
+std::string PathIn(const std::string& folder, std::string_view name) {
+  std::string path = folder + std::string(name);
+  if (FileExists(path)) return path;
+  return folder + FindName(folder, name).value_or(std::string(name));
+}
+
+bool IsUnfinishedFile(std::string_view name) {
+  return WriterOf(name).has_value();
+}
+
+void RemoveAbandonedFiles(const std::string& folder) {
+  std::error_code error;
+  fs::directory_iterator entry(NativePath(folder), error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    const std::optional<pid_t> writer = WriterOf(PathText(entry->path().filename()));
+    if (writer && ::kill(*writer, 0) != 0 && errno == ESRCH) ::unlink(entry->path().c_str());
+  }
 }
 
 void ShareFileOver(const std::string& from, const std::string& to) {

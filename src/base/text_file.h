@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,16 @@ std::string FolderText(std::string_view folder);
 
 bool FileExists(std::string_view path);
 bool FolderExists(std::string_view path);
+
+/// The name that a folder has for `name`, case aside (A to Z); the exact one first. Nothing without one.
+std::optional<std::string> FindName(const std::string& folder, std::string_view name);
+/// The path of that name, or of `name` itself without one. The folder has its closing separator.
+std::string PathIn(const std::string& folder, std::string_view name);
+
+/// Whether a name is one under which a file is written before it takes its own.
+bool IsUnfinishedFile(std::string_view name);
+/// Removes such files that a program which is no more has left in a folder; what fails is passed over.
+void RemoveAbandonedFiles(const std::string& folder);
 
 /// The system's error number in the user's words.
 std::string FileReason(int error);

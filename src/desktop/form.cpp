@@ -144,6 +144,10 @@ void FormArea::UnloadAll() {
   }
 }
 
+void FormArea::RenewAll() {
+  for (Form* const form : Forms()) form->Renew();
+}
+
 void FormArea::SetFormsEnabled(bool enabled, const std::vector<std::string>& except) {
   for (Form* const form : Forms())
     if (std::ranges::find(except, FromQt(form->objectName())) == except.end()) form->setEnabled(enabled);

@@ -28,6 +28,9 @@ class Form : public QWidget {
   /// arranged beside it.
   virtual bool KeepsItsSize() const { return false; }
 
+  /// Called behind every command: a form that shows a file shows it as it is now.
+  virtual void Renew() {}
+
  protected:
   /// What must hold before the form may close; it has told the user why not.
   virtual bool Commit() { return true; }
@@ -60,6 +63,7 @@ class FormArea : public QMdiArea {
   /// large as its content asks for; one that is open comes to the front.
   void Show(Form* form);
   void UnloadAll();
+  void RenewAll();
   /// Every form but those named takes input, or takes none.
   void SetFormsEnabled(bool enabled, const std::vector<std::string>& except);
 

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -94,16 +95,31 @@ frmKakuninText::frmKakuninText() : Form("frmKakuninText"), points_(kPoints) {
 }
 
 void frmKakuninText::ShowListing(int flag, const std::string& path) {
-  path_ = path;
+  const bool same = path == file_.Path() && !path.empty();
   const QString heading = ToQt(ReaderHeading(flag));
   heading_->setText(heading);
   setWindowTitle(heading.trimmed() + QStringLiteral("　") + ToQt(path.substr(path.rfind('/') + 1)));
+  file_.Look(path);
+  Load(same);
+}
+
+void frmKakuninText::Renew() {
+  if (!file_.Changed()) return;
+  file_.Look(file_.Path());
+  Load(/*keepPlace=*/true);
+}
+
+void frmKakuninText::Load(bool keepPlace) {
+  const int line = text_->verticalScrollBar()->value(), column = text_->horizontalScrollBar()->value();
   found_->clear();
-  whole_ = TextOf(path);
+  whole_ = TextOf(file_.Path());
   loaded_ = 0;
   text_->clear();
-  LoadLines(kLinesAtOnce);
+  LoadLines(keepPlace ? line + kLinesAtOnce : kLinesAtOnce);
   if (loaded_ < whole_.size()) loadMore_.start();
+  if (!keepPlace) return;
+  text_->verticalScrollBar()->setValue(line);
+  text_->horizontalScrollBar()->setValue(column);
 }
 
 void frmKakuninText::LoadLines(int count) {
@@ -144,10 +160,10 @@ void frmKakuninText::Search(bool backwards) {
 }
 
 void frmKakuninText::Save() {
-  const QString target = QFileDialog::getSaveFileName(this, QStringLiteral("保存"), ToQt(path_));
+  const QString target = QFileDialog::getSaveFileName(this, QStringLiteral("保存"), ToQt(file_.Path()));
   if (target.isEmpty()) return;
   try {
-    ReplaceBytes(FromQt(target), FileExists(path_) ? ReadBytes(path_) : std::string());
+    ReplaceBytes(FromQt(target), FileExists(file_.Path()) ? ReadBytes(file_.Path()) : std::string());
     Tell("保存しました");
   } catch (const std::exception& fault) {
     Tell(fault.what());

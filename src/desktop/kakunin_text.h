@@ -6,6 +6,7 @@
 #include <string>
 
 #include "desktop/form.h"
+#include "desktop/shown_file.h"
 
 class QLabel;
 class QLineEdit;
@@ -18,8 +19,10 @@ class frmKakuninText : public Form {
  public:
   frmKakuninText();
 
-  /// Shows the listing of a PrintFlag; a file that doesn't exist is an empty text.
+  /// Shows the listing of a PrintFlag; a file that doesn't exist is an empty text. The listing that is
+  /// already shown keeps its place in the window.
   void ShowListing(int flag, const std::string& path);
+  void Renew() override;
 
   QSize sizeHint() const override;
 
@@ -28,13 +31,15 @@ class frmKakuninText : public Form {
   bool eventFilter(QObject* watched, QEvent* event) override;  // Ctrl+wheel zooms
 
  private:
+  /// Reads the file; the text stays where it was in the window, or begins at its top.
+  void Load(bool keepPlace);
   /// Brings the next lines of the text into the box.
   void LoadLines(int count);
   void Search(bool backwards);
   void Save();
   void SetZoom(double points);
 
-  std::string path_;
+  ShownFile file_;
   QString whole_;         // the text
   qsizetype loaded_ = 0;  // how much of it is in the box
   QTimer loadMore_;       // a long listing comes in piece by piece, so its first page stands at once

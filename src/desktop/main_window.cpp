@@ -139,11 +139,17 @@ void MainWindow::Guarded(std::string_view routine, Body body) {
     body();
   } catch (const UserStop&) {
     LookAtResults();
+    TheWindows().dropFigureData();
     statusBar()->showMessage(QStringLiteral("中止しました"), kHintTime);
   } catch (const std::exception& fault) {
     ReportError(routine, fault.what());
   }
   EndBusy();
+  try {
+    forms_->RenewAll();
+  } catch (const std::exception& fault) {
+    ReportError("RenewForms", fault.what());
+  }
   Refresh();
 }
 

@@ -24,14 +24,17 @@ PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent) {
   viewport()->setBackgroundRole(QPalette::Mid);
 }
 
-void PageView::SetPages(int count, int width, int height, PaintPage paint) {
+void PageView::SetPages(int count, int width, int height, PaintPage paint, Place place) {
+  const bool kept = place == Place::Kept && count_ > 0;
+  const double top = kept ? verticalScrollBar()->value() / SheetStep() : 0;
+  const int page = kept ? std::clamp(page_, 0, std::max(0, count - 1)) : 0;
   count_ = count;
   width_ = width;
   height_ = height;
   paint_ = std::move(paint);
   FitScrollBars();
-  verticalScrollBar()->setValue(0);
-  page_ = 0;
+  verticalScrollBar()->setValue(static_cast<int>(std::lround(top * SheetStep())));
+  page_ = page;  // near the end it needn't be the one in the middle of the window
   viewport()->update();
   emit pageChanged(page_);
 }

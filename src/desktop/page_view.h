@@ -16,8 +16,10 @@ class PageView : public QAbstractScrollArea {
   /// Draws page `page`, from 0, with the painter in page units (output/text_pages.h).
   using PaintPage = std::function<void(QPainter& painter, int page)>;
 
-  /// Shows `count` sheets of this size in page units, from the first one on.
-  void SetPages(int count, int width, int height, PaintPage paint);
+  /// Shows `count` sheets of this size in page units, from the first one on; or, as far as there are as many
+  /// sheets, the place that is in the window now.
+  enum class Place { First, Kept };
+  void SetPages(int count, int width, int height, PaintPage paint, Place place = Place::First);
 
   /// 1: as large as on paper; 0: the whole sheet in the window.
   void SetZoom(double zoom);

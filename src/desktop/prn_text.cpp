@@ -21,7 +21,6 @@
 
 #include "base/host.h"
 #include "base/text_file.h"
-#include "desktop/page_view.h"
 #include "desktop/print_job.h"
 #include "desktop/printer_set.h"
 #include "model/model_state.h"
@@ -126,21 +125,40 @@ void frmPrnText::Build() {
 }
 
 void frmPrnText::ShowListing(int flag, const std::string& path) {
+  const bool same = flag == flag_ && path == file_.Path() && !path.empty();
   flag_ = flag;
-  path_ = path;
-  text_ = FileExists(path) ? ReadTextFile(path) : std::string();
+  file_.Look(path);
   setWindowTitle(QStringLiteral("印刷プレビュー　") + ToQt(path.substr(path.rfind('/') + 1)));
+  ReadFile();
+  LayOut(same ? PageView::Place::Kept : PageView::Place::First);
+}
+
+void frmPrnText::Renew() {
+  // The input list's scratch file also takes the deck of a check: the list stays as it was made.
+  if (flag_ == kPrintInputList || !file_.Changed()) return;
+  file_.Look(file_.Path());
+  ReadFile();
   LayOut();
 }
 
-void frmPrnText::LayOut() {
+void frmPrnText::ReadFile() {
+  pages_ = {};  // they point into the text
+  text_ = FileExists(file_.Path()) ? ReadTextFile(file_.Path()) : std::string();
+}
+
+void frmPrnText::LayOut(PageView::Place place) {
   pages_ = LayOutTextPages(text_, StyleOfFlag(flag_), PageSetupOf(PrinterSettings));
   RemoveFile(WorkPath + "Dum.txt");  // the scan's scratch file of former releases
-  if (!FileExists(path_)) pages_.pages.clear();
+  if (!FileExists(file_.Path())) pages_.pages.clear();
   const int count = static_cast<int>(pages_.pages.size());
-  view_->SetPages(count, pages_.width, pages_.height,
-                  [this](QPainter& painter, int page) { PaintTextPage(painter, pages_, page); });
-  page_->setRange(std::min(1, count), count);
+  view_->SetPages(
+      count, pages_.width, pages_.height,
+      [this](QPainter& painter, int page) { PaintTextPage(painter, pages_, page); }, place);
+  {
+    const QSignalBlocker quiet(page_);
+    page_->setRange(std::min(1, count), count);
+    page_->setValue(view_->Page() + 1);
+  }
   count_->setText(QStringLiteral("/ %1").arg(count));
   for (QWidget* const widget : {static_cast<QWidget*>(page_), static_cast<QWidget*>(print_),
                                 static_cast<QWidget*>(pdf_), static_cast<QWidget*>(copy_)})
@@ -170,7 +188,7 @@ void frmPrnText::Print() {
 
 void frmPrnText::WritePdf() {
   if (pages_.pages.empty()) return;
-  const QFileInfo listing(ToQt(path_));
+  const QFileInfo listing(ToQt(file_.Path()));
   const QString proposed = ToQt(DataPath + ProjectName) + listing.completeBaseName() + QStringLiteral(".pdf");
   const QString target = QFileDialog::getSaveFileName(this, QStringLiteral("ＰＤＦファイル出力"), proposed,
                                                       QStringLiteral("ＰＤＦ (*.pdf)"));

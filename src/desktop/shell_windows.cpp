@@ -1,6 +1,7 @@
 #include "desktop/shell_windows.h"
 
 #include <QDesktopServices>
+#include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -47,9 +48,15 @@ bool CloseFormOf(FormArea& forms, const std::string& name) {
   return form->CloseForm();
 }
 
-/// Whether the desktop knows a program for PDF files.
+/// Whether the system's file associations name a program for PDF files.
 bool HasPdfViewer() {
-  return !QStandardPaths::findExecutable(QStringLiteral("xdg-open")).isEmpty();
+  constexpr int kPatience = 3000;  // ms
+  const QString query = QStandardPaths::findExecutable(QStringLiteral("xdg-mime"));
+  if (query.isEmpty()) return false;
+  QProcess process;
+  process.start(query,
+                {QStringLiteral("query"), QStringLiteral("default"), QStringLiteral("application/pdf")});
+  return process.waitForFinished(kPatience) && !process.readAllStandardOutput().trimmed().isEmpty();
 }
 
 }  // namespace

@@ -180,7 +180,7 @@ std::optional<SteelSection> FindSection(std::string_view familyWord, std::span<c
 }
 
 std::string SteelTablePath(SteelFamily family, std::string_view ending) {
-  return SteelTableFolder + FileName(family, ending);
+  return PathIn(SteelTableFolder, FileName(family, ending));
 }
 
 void ReplaceTableFile(const std::string& path, const std::string& temporary, const std::string& backup,

@@ -77,8 +77,9 @@ std::optional<Tables>& Loaded() {
 }
 
 std::string TableFile(std::string_view name) {
-  const std::string path = TimberTableFolder + std::string(name);
-  if (TimberTableFolder.empty() || !FileExists(path)) return {};
+  if (TimberTableFolder.empty()) return {};
+  const std::string path = PathIn(TimberTableFolder, name);
+  if (!FileExists(path)) return {};
   try {
     return ReadTextFile(path);
   } catch (const FileFault& fault) {

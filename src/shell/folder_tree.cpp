@@ -78,14 +78,14 @@ bool IsOldModel(const std::string& folder) {
 }
 
 bool IsDeckName(std::string_view name) {
-  return UpperCase(name).find(".INP") != std::string::npos && !name.ends_with(".~new");
+  return UpperCase(name).find(".INP") != std::string::npos;
 }
 
 /// The node of an entry; nothing if the tree doesn't show it.
 std::optional<TreeNode> NodeOf(const fs::directory_entry& entry, bool inProject, Leaves leaves) {
   const std::string name = PathText(entry.path().filename());
   std::error_code ignored;  // what can't be looked at isn't shown
-  if (name.starts_with(".")) return std::nullopt;
+  if (name.starts_with(".") || IsUnfinishedFile(name) || IsUnfinishedFolder(name)) return std::nullopt;
   if (entry.is_directory(ignored)) {
     if (EndsWith(name, ".ANA")) return std::nullopt;
     const std::string folder = FolderText(PathText(entry.path()));

@@ -47,19 +47,6 @@ std::string WithoutSeparator(std::string_view path) {
   return std::string(path);
 }
 
-std::optional<std::string> FindName(const std::string& folder, std::string_view name) {
-  const std::string wanted = UpperCase(name);
-  std::optional<std::string> found;
-  std::error_code error;  // a folder that can't be looked into has no such name
-  fs::directory_iterator entry(NativePath(folder), error);
-  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-    const std::string known = PathText(entry->path().filename());
-    if (known == name) return known;
-    if (UpperCase(known) == wanted && (!found || known < *found)) found = known;
-  }
-  return found;
-}
-
 std::string LastName(std::string_view path) {
   return PathText(NativePath(WithoutSeparator(path)).filename());
 }
@@ -88,6 +75,10 @@ void CopyTree(const std::string& from, const std::string& to) {
 
 std::string UnfinishedFolder(const std::string& folder) {
   return FolderText(WithoutSeparator(folder).append(kUnfinished));
+}
+
+bool IsUnfinishedFolder(std::string_view name) {
+  return name.ends_with(kUnfinished);
 }
 
 void FinishFolder(const std::string& folder) {

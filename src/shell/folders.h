@@ -1,14 +1,10 @@
 // What the shell does to whole folders: looking for a name, copying, removing.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace zorlan {
-
-/// The name that a folder has for `name`, case aside (A to Z); the exact one first. Nothing without one.
-std::optional<std::string> FindName(const std::string& folder, std::string_view name);
 
 /// Whether the file can be opened and read.
 bool CanReadFile(const std::string& path);
@@ -29,6 +25,7 @@ void CopyFilesOf(const std::string& from, const std::string& to);
 /// The name under which a folder is built before it takes its own: a broken-off copy never looks like a
 /// whole one.
 std::string UnfinishedFolder(const std::string& folder);
+bool IsUnfinishedFolder(std::string_view name);
 
 /// Gives an unfinished folder its name; what stands there is removed first.
 void FinishFolder(const std::string& folder);

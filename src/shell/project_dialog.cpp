@@ -45,6 +45,11 @@ DialogMode TakeMode() {
   return DialogMode::Open;
 }
 
+/// The path of a model without the ending of its deck.
+std::string BasePath(const ModelPlace& place) {
+  return place.dataPath + place.project + ModelBaseName(place.model);
+}
+
 bool Consents(const std::string& question, Buttons buttons) {
   const Answer answer = TheHost().question(question, kApplicationTitle, buttons);
   return answer == Answer::Yes || answer == Answer::Ok;
@@ -115,16 +120,6 @@ std::optional<ModelPlace> CheckNames(const ProjectDialog& dialog) {
 /// Whether two paths are one file or folder, by whatever names.
 bool IsSame(const std::string& a, const std::string& b) {
   return LiesIn(a, b) && LiesIn(b, a);
-}
-
-/// The path of a model without the ending of its deck.
-std::string BasePath(const ModelPlace& place) {
-  return place.dataPath + place.project + ModelBaseName(place.model);
-}
-
-void RemoveStoredResults(const ModelPlace& place) {
-  RemoveFile(BasePath(place) + ".out");
-  DeleteTree(BasePath(place) + ".ANA", /*removeTop=*/true);
 }
 
 /// Gives the model at `to` the stored results of the one at `from`, and no others. A model that was never
@@ -278,6 +273,11 @@ void AddModelLines(const ModelRec& model, std::vector<std::string>& lines) {
 }
 
 }  // namespace
+
+void RemoveStoredResults(const ModelPlace& place) {
+  RemoveFile(BasePath(place) + ".out");
+  DeleteTree(BasePath(place) + ".ANA", /*removeTop=*/true);
+}
 
 void TellCannotOpen() {
   TheHost().message(

@@ -54,6 +54,9 @@ bool AcceptProjectDialog(ProjectDialog& dialog);
 /// Shows the dialog in a mode and answers whether it was accepted. ModelFile is empty after a cancel.
 bool ShowProjectDialog(DialogMode mode, ProjectDialog& dialog);
 
+/// Removes the listing and the result folder that stand beside a model. Throws FileFault.
+void RemoveStoredResults(const ModelPlace& place);
+
 /// The message about a deck that can't be opened.
 void TellCannotOpen();
 

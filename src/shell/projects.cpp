@@ -283,6 +283,7 @@ void DeleteModel() {
 
 void TakeModel(const ModelPlace& place) {
   std::tie(DataPath, ProjectName, ModelFile) = std::tie(place.dataPath, place.project, place.model);
+  for (const std::string& folder : {DataPath + ProjectName, ResultFolder()}) RemoveAbandonedFiles(folder);
   try {
     LoadDeck();
   } catch (const Fault&) {

@@ -123,6 +123,12 @@ constexpr StartStep kStartSteps[] = {
        LoadDataPath();
      }},
     {"ClearWork", [](const StartUp&) { EmptyWorkFolders(); }},
+    {"RemoveAbandonedFiles",
+     [](const StartUp&) {
+       for (const std::string& folder :
+            {AppPath, DataPath + ProjectName, SteelTableFolder, TimberTableFolder})
+         RemoveAbandonedFiles(folder);
+     }},
     {"DropFigureData", [](const StartUp&) { TheWindows().dropFigureData(); }},
     {"PrinterInfo", [](const StartUp& start) { PrinterInfo(/*write=*/false, start.printers); }},
     {"Refresh", [](const StartUp&) { TheWindows().refresh(); }},

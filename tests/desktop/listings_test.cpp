@@ -10,7 +10,10 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSpinBox>
+#include <QTextBlock>
+#include <QTextDocument>
 
 #include "base/cp932.h"
 #include "desktop/desktop_test.h"
@@ -85,6 +88,64 @@ TEST_F(ListingsTest, TheReaderSavesACopyByteByByte) {
   Script().ExpectBox(QStringLiteral("保存しました"), QStringLiteral("OK"));
   Click(*reader, "save");
   EXPECT_EQ(ReadTextFile(copy), "節点\r\n");
+}
+
+TEST_F(ListingsTest, AnOpenPreviewFollowsItsFileAndKeepsPageAndZoom) {
+  Form* const preview = Show(kPrintOther, true, Numbered(200));
+  auto* const page = Child<QSpinBox>(preview, "page");
+  auto* const zoom = Child<QComboBox>(preview, "zoom");
+  zoom->setCurrentText(QStringLiteral("50%"));
+  page->setValue(2);
+  ReplaceTextFile(Documents() + "text", Numbered(300));  // 71 lines a page: five pages
+  Choose("mnuWindowItem(0)");                            // any command
+  EXPECT_EQ(page->maximum(), 5);
+  EXPECT_EQ(page->value(), 2);
+  EXPECT_EQ(Child<PageView>(preview, "pages")->Page(), 1);
+  EXPECT_EQ(zoom->currentText(), QStringLiteral("50%"));
+  ReplaceTextFile(Documents() + "text", Numbered(10));
+  Choose("mnuWindowItem(0)");
+  EXPECT_EQ(page->maximum(), 1);
+  EXPECT_EQ(page->value(), 1);
+  RemoveFile(Documents() + "text");
+  Choose("mnuWindowItem(0)");
+  EXPECT_FALSE(Child<QPushButton>(preview, "print")->isEnabled());
+}
+
+TEST_F(ListingsTest, ACheckLeavesAnOpenInputListAsItIs) {
+  OpenSample(QStringLiteral("連続梁"));
+  Choose("mnuFileItem(9)");
+  Form* const preview = OpenForm("frmPrnText");
+  Click(*preview, "copy");
+  const QString list = QApplication::clipboard()->text();
+  Script().ExpectBox(QStringLiteral("エラーはありませんでした。"), QStringLiteral("OK"));
+  Choose("mnuTestNodeCheck");
+  Click(*preview, "copy");
+  EXPECT_EQ(QApplication::clipboard()->text(), list);
+}
+
+TEST_F(ListingsTest, AnOpenReaderFollowsItsFileAndKeepsItsPlace) {
+  Form* const reader = Show(kPrintCheck, false, Numbered(20000));
+  auto* const text = Child<QPlainTextEdit>(reader, "text");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return text->document()->blockCount() > 15000; }));
+  text->verticalScrollBar()->setValue(12000);
+  ReplaceTextFile(Documents() + "text", "新しい\r\n" + Numbered(19999));
+  Choose("mnuWindowItem(0)");
+  EXPECT_EQ(text->verticalScrollBar()->value(), 12000);
+  EXPECT_EQ(text->document()->firstBlock().text(), QStringLiteral("新しい"));
+}
+
+TEST_F(ListingsTest, AnOpenListingIsThatOfTheLastAnalysis) {
+  OpenSample(QStringLiteral("連続梁"));
+  Choose("mnuAnalysisStatic(0)");
+  Choose("mnuAnalysisStatic(2)");
+  auto* const pdf = Child<QPushButton>(OpenForm("frmPrnText"), "pdf");
+  EXPECT_TRUE(pdf->isEnabled());
+  ReplaceTextFile(WorkPath + "ELEM", "");  // nothing can be analysed now, and the listing goes
+  Script().ExpectBox(QStringLiteral("要素データの入力がありません"), QStringLiteral("OK"));
+  Choose("mnuAnalysisStatic(0)");
+  EXPECT_FALSE(FileExists(Sample("連続梁.out")));
+  EXPECT_FALSE(pdf->isEnabled());
+  EXPECT_EQ(Child<QPlainTextEdit>(OpenForm("frmKakuninText"), "text")->toPlainText(), QString());
 }
 
 TEST_F(ListingsTest, EscClosesTheReader) {

@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -9,6 +11,7 @@
 #include "desktop/desktop_test.h"
 #include "desktop/main_menu.h"
 #include "shell/recent_models.h"
+#include "shell/windows.h"
 
 namespace zorlan::test {
 namespace {
@@ -140,6 +143,23 @@ TEST_F(DesktopTest, WindowsComeUpWhereTheyWereLeft) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuAnalysisStatic(1)");
   EXPECT_EQ(OpenForm("frmKakuninText")->parentWidget()->geometry(), reader);
+}
+
+TEST_F(DesktopTest, TheManualNeedsAProgramThatTheFileAssociationsName) {
+  const QByteArray path = qgetenv("PATH");
+  const std::string programs = Documents() + "programs/", query = programs + "xdg-mime";
+  MakeFolder(programs);
+  qputenv("PATH", QByteArray::fromStdString(programs));
+  EXPECT_FALSE(TheWindows().hasPdfViewer());
+  const auto answer = [&](const std::string& words) {
+    ReplaceBytes(query, "#!/bin/sh\n[ \"$*\" = \"query default application/pdf\" ] && echo " + words + "\n");
+    ::chmod(query.c_str(), 0700);
+  };
+  answer("");
+  EXPECT_FALSE(TheWindows().hasPdfViewer());
+  answer("reader.desktop");
+  EXPECT_TRUE(TheWindows().hasPdfViewer());
+  qputenv("PATH", path);
 }
 
 TEST_F(DesktopTest, AProgramThatWasKilledComesUpCleanAndTheSavedDeckIsWhole) {

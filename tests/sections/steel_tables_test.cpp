@@ -50,6 +50,13 @@ TEST_F(SteelTablesTest, AnHRowAnswersItsValuesAndItsRadius) {
   EXPECT_EQ(section->r, 14);
 }
 
+TEST_F(SteelTablesTest, AFileInSmallLettersIsTheTable) {
+  Write("h.csv", std::string(kHead) + "400,200,8,13,14,83.37,23500,1740,16.8,4.56,1170,174\r\n");
+  EXPECT_TRUE(FindSection("H", Dimensions{400, 200, 8, 13}));
+  EXPECT_EQ(SteelTablePath(SteelFamily::H), Path("h.csv"));
+  EXPECT_EQ(SteelTablePath(SteelFamily::Box), Path("BOX.CSV"));
+}
+
 TEST_F(SteelTablesTest, AnAngleRowAnswersAllItHolds) {
   Write("YAMA.CSV",
         std::string(kHead) +

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "base/fault.h"
 #include "shell/folder_tree.h"
@@ -40,6 +42,30 @@ TEST_F(FoldersTest, NameIsFoundCaseAsideTheExactOneFirst) {
   EXPECT_EQ(FindName(In("a"), "H.CSV"), "H.csv");
   EXPECT_EQ(FindName(In("a"), "B.CSV"), std::nullopt);
   EXPECT_EQ(FindName(In("none"), "H.CSV"), std::nullopt);
+}
+
+TEST_F(FoldersTest, PathInAFolderIsThatOfTheNameItHas) {
+  Write(In("a/H.csv"), "");
+  EXPECT_EQ(PathIn(In("a/"), "H.CSV"), In("a/H.csv"));
+  EXPECT_EQ(PathIn(In("a/"), "BOX.CSV"), In("a/BOX.CSV"));
+  EXPECT_EQ(PathIn(In("none/"), "H.CSV"), In("none/H.CSV"));
+}
+
+TEST_F(FoldersTest, WhatADeadProgramWasWritingIsRemovedAndNothingElse) {
+  const pid_t dead = ::fork();
+  if (dead == 0) ::_exit(0);
+  ::waitpid(dead, nullptr, 0);
+  const std::string abandoned = "m.inp.~" + std::to_string(dead);
+  const std::string ours = "m.inp.~" + std::to_string(::getpid());
+  for (const std::string& name :
+       {std::string("m.inp"), abandoned, ours, std::string("m.~12a"), std::string("m.~")})
+    Write(In("p.zor/" + name), "");
+  EXPECT_TRUE(IsUnfinishedFile(abandoned));
+  EXPECT_FALSE(IsUnfinishedFile("m.inp"));
+  EXPECT_THAT(NamesIn("p.zor"), ElementsAre("M:m.inp"));
+  RemoveAbandonedFiles(In("p.zor"));
+  EXPECT_THAT(Listing(In("p.zor")), ElementsAre("m.inp", ours, "m.~", "m.~12a"));
+  RemoveAbandonedFiles(In("none"));
 }
 
 TEST_F(FoldersTest, LastNameIsThatOfTheFolderItself) {
@@ -139,6 +165,11 @@ TEST_F(FoldersTest, FolderShowsItsSubFoldersAndProjectsAndNoFiles) {
        {"d/q.ZOR/m.inp", "d/a.b.zor/m.inp", "d/other/x", "d/loose.inp", "d/.cache/x"})
     Write(In(file), "");
   EXPECT_THAT(NamesIn("d"), ElementsAre("P:a.b.zor", "F:other", "P:q.ZOR"));
+}
+
+TEST_F(FoldersTest, FolderThatIsOnlyHalfCopiedIsNotShown) {
+  Write(In("d/p.zor.~new/m.inp"), "");
+  EXPECT_THAT(NamesIn("d"), IsEmpty());
 }
 
 TEST_F(FoldersTest, FolderWithATitleFileIsAModelOfTheOlderRelease) {

@@ -359,6 +359,18 @@ TEST_F(ConvertDialogTest, ConvertedModelIsInHand) {
   EXPECT_THAT(done, ElementsAre("unload", "figure data", "input menu", "model figure"));
 }
 
+TEST_F(ConvertDialogTest, ConvertedModelHasNoResultsOfTheDeckThatStoodThere) {
+  Write(Sample() + "新.inp", "before");
+  Write(Sample() + "新.out", "listing");
+  Write(Sample() + "新.ANA/FT031", "1");
+  answers = {Answer::Yes};
+  EXPECT_TRUE(RunConversion(Picked()));
+  EXPECT_FALSE(FileExists(AnalysisPath + "FT031"));
+  EXPECT_FALSE(FolderExists(Sample() + "新.ANA"));
+  EXPECT_FALSE(FileExists(Sample() + "新.out"));
+  EXPECT_FALSE(Results.forces);
+}
+
 TEST_F(ConvertDialogTest, ConversionWaitsForTheModelInHand) {
   const ConvertDialog dialog = Picked();
   ModelChanged = true;

@@ -55,6 +55,17 @@ TEST_F(StartUpTest, ShippedSeedCopiesFillACleanAccount) {
   EXPECT_EQ(Contents(Tree() + "木材TABLE/"), Contents(ZORLAN_SOURCE_DIR "/data/木材TABLE/"));
 }
 
+TEST_F(StartUpTest, TableInSmallLettersIsNeitherReplacedNorOverlooked) {
+  const std::string mine = "表\n列\n単位\n400,200,8,13,14,83.37,23500,1740,16.8,4.56,1170,174\n";
+  Write(Tree() + "鋼材TABLE/h.csv", mine);
+  for (const char* const table : {"BOX", "PIPE", "MIZO", "YAMA"})
+    Write(Tree() + "鋼材TABLE/" + table + ".CSV", "");
+  ASSERT_EQ(Start(), Started::Ready);
+  EXPECT_THAT(told, IsEmpty());
+  EXPECT_FALSE(FileExists(Tree() + "鋼材TABLE/H.CSV"));
+  EXPECT_EQ(SteelRows(SteelFamily::H).size(), 1U);
+}
+
 TEST_F(StartUpTest, DeletedSampleComesBackAndOtherProjectsStay) {
   ASSERT_EQ(Start(), Started::Ready);
   EndProgram();
@@ -164,8 +175,9 @@ TEST_F(StartUpTest, PrinterSettingsAreRead) {
 TEST_F(StartUpTest, StepsRunInTheirOrder) {
   std::vector<std::string_view> names;
   for (const StartStep& step : StartSteps()) names.push_back(step.name);
-  EXPECT_THAT(names, ElementsAre("SetUpFolders", "LoadDataPath", "ClearWork", "DropFigureData", "PrinterInfo",
-                                 "Refresh", "LoadSectionTables", "InitModelDefaults"));
+  EXPECT_THAT(names, ElementsAre("SetUpFolders", "LoadDataPath", "ClearWork", "RemoveAbandonedFiles",
+                                 "DropFigureData", "PrinterInfo", "Refresh", "LoadSectionTables",
+                                 "InitModelDefaults"));
 }
 
 TEST_F(StartUpTest, TreeThatCannotBeMadeIsTold) {
@@ -204,7 +216,7 @@ TEST_F(StartUpTest, TreeHeldByAnotherInstanceIsLeftAlone) {
   const pid_t child = ::fork();
   if (child == 0) {
     ::execl("/usr/bin/flock", "flock", (Tree() + ".zorlan.lock").c_str(), "sh", "-c",
-            ("echo >&" + std::to_string(ready[1]) + "; sleep 30").c_str(), nullptr);
+            ("echo >&" + std::to_string(ready[1]) + "; exec sleep 30 >/dev/null 2>&1").c_str(), nullptr);
     ::_exit(127);
   }
   ::close(ready[1]);
