@@ -56,6 +56,8 @@ struct FigureModel {
   // Design ratios by element index; NaN where there is none. Empty without them.
   std::vector<double> ratios;
 
+  bool lengthFaultTold = false;  // the message about a member without length was shown
+
   bool IsGrid() const { return modelCode == kPlaneGrid; }
 };
 

@@ -56,6 +56,10 @@ struct Figure {
   Point FigureOf(double x, double y, double z = 0) const { return view.ToFigure(PlaneOf(x, y, z)); }
 };
 
+/// Radius of a node's circle, and height of a support's triangle, in twips: both follow the node's size.
+double NodeRadius(const FigureOptions& options);
+double SupportSize(const FigureOptions& options);
+
 /// Whether the node of this number is shown.
 bool IsNodeShown(const Figure& figure, int number);
 

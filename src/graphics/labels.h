@@ -19,6 +19,8 @@ class LabelField {
   /// the same order always go to the same places.
   std::size_t Place(std::span<const Rectangle> boxes);
   void Take(const Rectangle& box);
+  /// What a line covers.
+  void TakeLine(Point from, Point to);
   bool Free(const Rectangle& box) const;
   void Clear();
 
@@ -29,8 +31,9 @@ class LabelField {
   Cells CellsOf(const Rectangle& box) const;
 
   Rectangle area_;
-  int columns_ = 0, rows_ = 0;
-  std::vector<std::uint64_t> taken_;  // a bit a cell
+  double cell_ = 1;  // side of a cell, twips
+  int columns_ = 0, rows_ = 0, words_ = 0;
+  std::vector<std::uint64_t> taken_;  // a bit a cell, `words_` words a row
 };
 
 }  // namespace zorlan

@@ -1,0 +1,233 @@
+#include "graphics/figure_model.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "analysis/result_files.h"
+#include "base/fault.h"
+#include "base/host.h"
+#include "base/number.h"
+#include "base/text.h"
+#include "base/text_file.h"
+#include "model/deck.h"
+#include "model/model_state.h"
+#include "model/number_rows.h"
+#include "model/table_file.h"
+
+namespace zorlan {
+namespace {
+
+/// The records in use of a table.
+template <class Record>
+std::vector<Record> Used(const Rows<Record>& rows, int count) {
+  std::vector<Record> used;
+  const int last = std::min(count, rows.UpperBound());
+  if (last > 0) used.reserve(static_cast<std::size_t>(last));
+  for (int r = 1; r <= last; ++r) used.push_back(rows[r]);
+  return used;
+}
+
+/// The first index of each number.
+template <class Item>
+NumberRows NumbersOf(const std::vector<Item>& items) {
+  NumberRows rows;
+  for (std::size_t n = 0; n < items.size(); ++n) rows.Note(items[n].number, static_cast<int>(n) + 1);
+  return rows;
+}
+
+void ResolveNumbers(FigureModel& model) {
+  const NumberRows nodeRows = NumbersOf(model.nodes), elementRows = NumbersOf(model.elements);
+  for (FigureElement& element : model.elements) {
+    element.rowI = nodeRows.Row(element.I) - 1;
+    element.rowJ = nodeRows.Row(element.J) - 1;
+  }
+  const auto resolve = [](std::vector<int>& indices, const auto& loads, const NumberRows& rows, auto number) {
+    indices.clear();
+    for (const auto& load : loads) indices.push_back(rows.Row(load.*number) - 1);
+  };
+  resolve(model.nodalLoadNode, model.nodalLoads, nodeRows, &PlodRec::node);
+  resolve(model.elementLoadElement, model.elementLoads, elementRows, &ElodRec::element);
+  resolve(model.cmqLoadElement, model.cmqLoads, elementRows, &ClodRec::element);
+  resolve(model.temperatureLoadElement, model.temperatureLoads, elementRows, &TlodRec::element);
+}
+
+/// A label that a table has in parentheses is shown without them.
+std::string_view WithoutParentheses(std::string_view text) {
+  return text.size() >= 2 && text.front() == '(' && text.back() == ')' ? text.substr(1, text.size() - 2)
+                                                                       : text;
+}
+
+/// Cells of a table row counted from 1; false where one doesn't fit its record.
+class Cells {
+ public:
+  explicit Cells(const TableRow& row) : row_(row) {}
+
+  bool Good() const { return good_; }
+  std::size_t Count() const { return row_.cells.size(); }
+  double Real(std::size_t cell) {
+    const double value = ReadReal(Text(cell));
+    if (!std::isfinite(value)) good_ = false;
+    return value;
+  }
+  std::int16_t Int(std::size_t cell) {
+    const std::optional<std::int16_t> value = ReadInt16(WithoutParentheses(Text(cell)));
+    if (!value) good_ = false;
+    return value.value_or(0);
+  }
+
+ private:
+  std::string_view Text(std::size_t cell) const {
+    return cell <= row_.cells.size() ? std::string_view(row_.cells[cell - 1]) : std::string_view();
+  }
+  const TableRow& row_;
+  bool good_ = true;
+};
+
+std::string TableFileText(std::string_view key) {
+  const std::string path = WorkPath + std::string(key);
+  return FileExists(path) ? ReadTextFile(path) : std::string();
+}
+
+/// Reads a table's rows of at least so many cells into records; false when a row can't be read.
+template <class Record, class Read>
+bool ReadRows(std::string_view key, std::size_t minCells, std::size_t limit, std::vector<Record>& records,
+              Read read) {
+  bool good = true;
+  for (const TableRow& row : ParseTable(key, TableFileText(key))) {
+    Cells cells(row);
+    if (cells.Count() < minCells || records.size() == limit) {
+      good = false;
+      continue;
+    }
+    Record record = read(cells);
+    if (cells.Good())
+      records.push_back(record);
+    else
+      good = false;
+  }
+  return good;
+}
+
+FigureNode ReadNode(Cells& cells) {
+  return {
+      cells.Int(1), cells.Real(2), cells.Real(3), {cells.Int(4), cells.Int(5), cells.Int(6)}, cells.Real(7)};
+}
+
+FigureElement ReadElement(Cells& cells) {
+  return {.number = cells.Int(1),
+          .I = cells.Int(2),
+          .J = cells.Int(3),
+          .II = cells.Int(4),
+          .JJ = cells.Int(5),
+          .section = cells.Int(6)};
+}
+
+ElodRec ReadElementLoad(Cells& cells) {
+  ElodRec load{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Int(4),
+               cells.Real(5), cells.Real(6), cells.Int(7)};
+  if (load.K == 0) load.K = 1;
+  return load;
+}
+
+void ReadHeader(FigureModel& model) {
+  const std::string title = TableFileText("TITL");
+  std::string_view rest = title;
+  while (const std::optional<std::string_view> line = TakeLine(rest))
+    if (!DeckLine(*line).empty()) model.title = DeckLine(*line);
+  for (const TableRow& row : ParseTable("CONT", TableFileText("CONT"))) {
+    Cells cells(row);
+    model.modelCode = cells.Int(1);
+    model.maxLoadCase = cells.Int(2);
+  }
+  for (const TableRow& row : ParseTable("UNIT", TableFileText("UNIT"))) {
+    Cells cells(row);
+    model.inUnit = cells.Int(1);
+    model.outUnit = cells.Int(2);
+    const double factor = cells.Real(3);
+    model.gravityFactor = factor == 0 ? kStandardGravity : factor;
+  }
+}
+
+void ReadLoads(FigureModel& model) {
+  // A load row at fault is the input check's business; the figure shows the others.
+  ReadRows("PLOD", 3, kMaxTableRows, model.nodalLoads, [](Cells& cells) {
+    return PlodRec{cells.Int(1), cells.Int(2), cells.Real(3), cells.Real(4), cells.Real(5)};
+  });
+  ReadRows("ELOD", 6, kMaxTableRows, model.elementLoads, ReadElementLoad);
+  ReadRows("CLOD", 3, kMaxTableRows, model.cmqLoads, [](Cells& cells) {
+    return ClodRec{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Real(4),
+                   cells.Real(5), cells.Real(6), cells.Real(7), cells.Int(8)};
+  });
+  ReadRows("TLOD", 7, kMaxTableRows, model.temperatureLoads, [](Cells& cells) {
+    return TlodRec{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Real(4),
+                   cells.Real(5), cells.Real(6), cells.Real(7), cells.Int(8)};
+  });
+}
+
+constexpr std::string_view kReadingTitle = "入力ﾌｧｲﾙの読込み";
+
+}  // namespace
+
+FigureModel FigureModelOf(const ModelRec& model) {
+  FigureModel figure;
+  figure.title = model.Title;
+  figure.modelCode = model.ModelCode;
+  figure.maxLoadCase = model.MaxLoadCase;
+  figure.inUnit = model.InUnit;
+  figure.outUnit = model.OutUnit;
+  if (model.SIFactor != 0) figure.gravityFactor = model.SIFactor;
+  for (const NodeRec& n : Used(model.Node, model.NodeCount))
+    figure.nodes.push_back({n.number, n.X, n.Y, n.code, n.rollerAngle});
+  for (const ElemRec& e : Used(model.Elem, model.ElemCount))
+    figure.elements.push_back({e.number, e.I, e.J, e.II, e.JJ, e.section});
+  figure.nodalLoads = Used(model.Plod, model.PlodCount);
+  figure.elementLoads = Used(model.Elod, model.ElodCount);
+  figure.cmqLoads = Used(model.Clod, model.ClodCount);
+  figure.temperatureLoads = Used(model.Tlod, model.TlodCount);
+  ResolveNumbers(figure);
+  return figure;
+}
+
+FigureModel ReadFigureTables() {
+  FigureModel model;
+  model.name = ModelBaseName();
+  ReadHeader(model);
+  if (!ReadRows("NODE", 6, kMaxNodes, model.nodes, ReadNode))
+    TheHost().message("節点データに異常が有ります", kReadingTitle);
+  bool good = ReadRows("ELEM", 6, kMaxElements, model.elements, ReadElement);
+  ReadLoads(model);
+  ResolveNumbers(model);
+  for (const FigureElement& element : model.elements) good = good && element.rowI >= 0 && element.rowJ >= 0;
+  if (!good) TheHost().message("要素データに異常が有ります", kReadingTitle);
+  return model;
+}
+
+bool LoadFigureResults(FigureModel& model, const std::string& folder) try {
+  const int cases = model.maxLoadCase, nodes = static_cast<int>(model.nodes.size()),
+            elements = static_cast<int>(model.elements.size());
+  const std::vector<double> moved = ReadReals(folder + "FT021", ValueCount(cases, nodes, 3));
+  const std::vector<double> forces =
+      ReadReals(folder + "FT031", ValueCount(cases, elements, kForcesPerElement));
+  model.DisplacementTable.clear();
+  model.StressTable.clear();
+  for (std::size_t at = 0; at + 3 <= ValueCount(cases, nodes, 3); at += 3)
+    model.DisplacementTable.push_back({moved[at], moved[at + 1], moved[at + 2]});
+  for (std::size_t at = 0; at + kForcesPerElement <= ValueCount(cases, elements, kForcesPerElement);
+       at += kForcesPerElement) {
+    // N(I) Q(I) M(I) N(J) Q(J) M(J) M(C)
+    const double* f = forces.data() + at;
+    model.StressTable.push_back({.axialI = f[0],
+                                 .momentI = f[2],
+                                 .momentC = f[6],
+                                 .momentJ = f[5],
+                                 .axialJ = f[3],
+                                 .shearI = f[1],
+                                 .shearJ = f[4]});
+  }
+  return true;
+} catch (const Fault&) {
+  return false;  // the caller says which figure can't be shown
+}
+
+}  // namespace zorlan

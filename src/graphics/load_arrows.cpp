@@ -1,0 +1,86 @@
+#include "graphics/load_arrows.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include "base/number_format.h"
+
+namespace zorlan {
+namespace {
+
+constexpr double kArrowShare = 0.05;  // of the drawing area's smaller side
+constexpr double kHeadShare = 0.15;   // of the arrow
+constexpr double kSideShare = 0.4;    // of the arrow, or of its head: to the side
+constexpr double kGap = 30;           // twips between a stroke and its text
+
+void DrawHead(const LoadPen& pen, Point tip, Point along, double head) {
+  const Point back = {tip.x - head * along.x, tip.y - head * along.y};
+  const Point side = {-along.y * kSideShare * head, along.x * kSideShare * head};
+  PlotLine(pen.plot, tip.x, tip.y, back.x + side.x, back.y + side.y, pen.line.colour);
+  PlotLine(pen.plot, tip.x, tip.y, back.x - side.x, back.y - side.y, pen.line.colour);
+}
+
+}  // namespace
+
+LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, const LineOption& line) {
+  return {plot, figure, labels, line, kArrowShare * std::min(figure.cellWidth, figure.cellHeight)};
+}
+
+void DrawArrow(const LoadPen& pen, Point tip, Point along, double length, int heads) {
+  const Point tail = {tip.x - length * along.x, tip.y - length * along.y};
+  const double head = kHeadShare * length;
+  PlotLine(pen.plot, tail.x, tail.y, tip.x, tip.y, pen.line.colour);
+  for (int k = 0; k < heads; ++k)
+    DrawHead(pen, {tip.x - k * head * along.x, tip.y - k * head * along.y}, along, head);
+  pen.labels.TakeLine(tail, tip);
+}
+
+void DrawTurn(const LoadPen& pen, Point centre, double radius, bool counterClockwise) {
+  constexpr int kChords = 18;
+  constexpr double kSweep = 1.5 * std::numbers::pi, kStart = -0.25 * std::numbers::pi;
+  const double way = counterClockwise ? 1 : -1;
+  // From the lower right over the top to the lower left, or back.
+  const auto at = [&](int k) {
+    const double a = (counterClockwise ? kStart : kStart + kSweep) + way * kSweep * k / kChords;
+    return Point{centre.x + radius * std::cos(a), centre.y - radius * std::sin(a)};
+  };
+  Point from = at(0);
+  for (int k = 1; k <= kChords; ++k) {
+    const Point to = at(k);
+    PlotLine(pen.plot, from.x, from.y, to.x, to.y, pen.line.colour);
+    from = to;
+  }
+  const double end = (counterClockwise ? kStart + kSweep : kStart);
+  DrawHead(pen, from, {-way * std::sin(end), -way * std::cos(end)}, kSideShare * radius);
+  pen.labels.Take({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
+}
+
+void WriteAtStroke(const LoadPen& pen, Point root, Point end, std::string_view text) {
+  const TextOption& option = pen.figure.options.loadValue;
+  if (!option.visible) return;
+  const double height = option.Height(), w = TextWidth(text, height), h = TextHeight(height);
+  const double dx = end.x - root.x, dy = end.y - root.y, length = std::hypot(dx, dy);
+  const Point out = length > 0 ? Point{dx / length, dy / length} : Point{0, -1};
+  const auto box = [&](Point from, Point way, double gap) {
+    const double away = std::abs(way.x) * w / 2 + std::abs(way.y) * h / 2 + gap;
+    const Point centre = {from.x + away * way.x, from.y + away * way.y};
+    return Rectangle{centre.x - w / 2, centre.y - h / 2, centre.x + w / 2, centre.y + h / 2};
+  };
+  const Point left = {out.y, -out.x}, right = {-out.y, out.x};
+  const double side = kSideShare * pen.arrow / 2;
+  const std::array<Rectangle, 6> boxes = {box(end, out, kGap),         box(end, left, side),
+                                          box(end, right, side),       box(end, out, kGap + h),
+                                          box(end, out, kGap + 2 * h), box(end, out, kGap + 3 * h)};
+  const Rectangle& place = boxes[pen.labels.Place(boxes)];
+  PlotSetFont(pen.plot, height);
+  PlotText(pen.plot, place.left, place.top, text, option.colour);
+}
+
+std::string LoadText(double value) {
+  static constexpr NumberPattern kPattern("######0.0#####");
+  return FormatNumber(value, kPattern);
+}
+
+}  // namespace zorlan

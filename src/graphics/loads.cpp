@@ -1,0 +1,305 @@
+#include "graphics/loads.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "base/number_format.h"
+#include "graphics/load_arrows.h"
+#include "graphics/load_shapes.h"
+
+namespace zorlan {
+namespace {
+
+constexpr int kDivisions = 20;       // of a member: where the arrows of a distributed load may stand
+constexpr double kGapFactor = 0.02;  // of the member's length: between a load and the member
+
+/// How high loads lie on each other at a node or member, for each of so many ways.
+template <std::size_t ways>
+class Heap {
+ public:
+  explicit Heap(std::size_t items) : heights_(items) {}
+  double& At(int item, std::size_t way) { return heights_[static_cast<std::size_t>(item)][way]; }
+
+ private:
+  std::vector<std::array<double, ways>> heights_;
+};
+
+// ---- nodal loads ----
+
+/// A part of a nodal load: the arrow of a force, the turning arrow of a moment, or a moment's vector with two
+/// heads.
+struct NodalPart {
+  double PlodRec::*value;
+  enum class Shape { Force, Turn, Vector } shape;
+  Point along;  // where a positive one points, y downward
+  std::string_view label;
+};
+constexpr std::array<NodalPart, 3> kFrameParts = {{
+    {&PlodRec::F1, NodalPart::Shape::Force, {1, 0}, {}},
+    {&PlodRec::F2, NodalPart::Shape::Force, {0, -1}, {}},
+    {&PlodRec::F3, NodalPart::Shape::Turn, {}, {}},
+}};
+constexpr std::array<NodalPart, 3> kGridParts = {{
+    {&PlodRec::F1, NodalPart::Shape::Force, {0, -1}, "Fz="},
+    {&PlodRec::F2, NodalPart::Shape::Vector, {1, 0}, "Mx="},
+    {&PlodRec::F3, NodalPart::Shape::Vector, {0, -1}, "My="},
+}};
+
+/// One part at a node; `depth` is how far out the loads drawn before it reach.
+void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double value, double& depth) {
+  const std::string text = std::string(part.label) + LoadText(value);
+  const double clear = NodeRadius(pen.figure.options);
+  if (part.shape == NodalPart::Shape::Turn) {
+    const double radius = 0.4 * pen.arrow + depth;
+    DrawTurn(pen, node, radius, value > 0);
+    WriteAtStroke(pen, node, {node.x + 0.8 * radius, node.y - 0.8 * radius}, text);
+    depth += 0.2 * pen.arrow;
+    return;
+  }
+  // The arrow lies on the side that the load comes from: its sign is the negative of the load's.
+  const double sign = value > 0 ? 1 : -1;
+  const Point along = {sign * part.along.x, sign * part.along.y};
+  const double away = clear + depth;
+  const Point tip = {node.x - away * along.x, node.y - away * along.y};
+  const Point tail = {tip.x - pen.arrow * along.x, tip.y - pen.arrow * along.y};
+  DrawArrow(pen, tip, along, pen.arrow, part.shape == NodalPart::Shape::Vector ? 2 : 1);
+  WriteAtStroke(pen, tip, tail, text);
+  depth += 1.2 * pen.arrow;
+}
+
+// ---- element loads ----
+
+/// A loaded member in the figure: from the load's first end to its second, and which way a positive load
+/// pushes.
+struct LoadedSpan {
+  Point first, second;
+  Point push;         // unit vector, y downward
+  double length = 0;  // of the member, twips
+  double span = 0;    // of the load, m
+
+  Point At(double t) const {
+    return {first.x + t * (second.x - first.x), first.y + t * (second.y - first.y)};
+  }
+};
+
+/// MG 0 and below: the member's own y, at 90 degrees from its direction, over its length from end I. 1:
+/// upward over the horizontal projection from the left end. 2: to the right over the vertical projection from
+/// the lower end. Others: upward over the length from end J. A grid's loads lie across the member in the
+/// plan, a push upward to its left.
+LoadedSpan SpanOf(const Figure& figure, const FigureElement& element, int MG) {
+  const std::size_t i = static_cast<std::size_t>(element.rowI), j = static_cast<std::size_t>(element.rowJ);
+  const FigureNode& ni = figure.model.nodes[i];
+  const FigureNode& nj = figure.model.nodes[j];
+  const double dx = nj.x - ni.x, dy = nj.y - ni.y, L = std::hypot(dx, dy);
+  LoadedSpan s;
+  s.first = figure.view.ToFigure(figure.place[i]);
+  s.second = figure.view.ToFigure(figure.place[j]);
+  s.length = std::hypot(s.second.x - s.first.x, s.second.y - s.first.y);
+  s.span = L;
+  if (MG <= 0 || figure.model.IsGrid()) {
+    s.push = s.length > 0 ? Point{(s.second.y - s.first.y) / s.length, -(s.second.x - s.first.x) / s.length}
+                          : Point{0, -1};
+    return s;
+  }
+  if (MG == 1) s.span = std::abs(dx);
+  if (MG == 2) s.span = std::abs(dy);
+  s.push = MG == 2 ? Point{1, 0} : Point{0, -1};
+  if ((MG == 2 && dy < 0) || (MG != 2 && dx < 0) || MG > 2) std::swap(s.first, s.second);
+  return s;
+}
+
+/// Where a stroke stands on a member that it runs along: a little to its side.
+Point BesideMember(const LoadedSpan& span, double arrow) {
+  if (!(span.length > 0)) return {0, 0};
+  const double ux = (span.second.x - span.first.x) / span.length,
+               uy = (span.second.y - span.first.y) / span.length;
+  const double across = std::abs(ux * span.push.y - uy * span.push.x);
+  return across > 0.1 ? Point{0, 0} : Point{uy * 0.4 * arrow, -ux * 0.4 * arrow};
+}
+
+class ElementLoadPainter {
+ public:
+  ElementLoadPainter(Plot& plot, const Figure& figure, LabelField& labels)
+      : pen_(LoadPenOf(plot, figure, labels, figure.options.elementLoad)),
+        heap_(figure.model.elements.size()) {}
+
+  void DrawElementLoad(int element, const ElodRec& load);
+  void DrawCmqLoad(int element, const ClodRec& load);
+  void DrawTemperatureLoad(int element, const TlodRec& load);
+
+ private:
+  /// A load that lies on the member: its span, the way it goes, and the height from which it starts.
+  struct Lying {
+    LoadedSpan span;
+    Point along;
+    double base;
+
+    Point Tip(double t) const { return Away(t, base); }
+    Point Away(double t, double distance) const {
+      const Point p = span.At(t);
+      return {p.x - distance * along.x, p.y - distance * along.y};
+    }
+  };
+  Lying Lay(int element, int MG, double value);
+  const FigureElement& Element(int index) const {
+    return pen_.figure.model.elements[static_cast<std::size_t>(index)];
+  }
+  void DrawPart(const Lying& lying, const std::vector<LoadOrdinate>& part);
+  void DrawPartArrows(const Lying& lying, LoadOrdinate from, LoadOrdinate to, int stride);
+  void DrawEndForce(int element, double t, double value, int MG);
+  void DrawEndMoment(int element, double t, double value, std::string_view label);
+
+  LoadPen pen_;
+  Heap<6> heap_;  // element axes, vertical, horizontal; each of either sign
+};
+
+ElementLoadPainter::Lying ElementLoadPainter::Lay(int element, int MG, double value) {
+  Lying lying = {SpanOf(pen_.figure, Element(element), MG), {}, 0};
+  const double sign = value > 0 ? 1 : -1;
+  lying.along = {sign * lying.span.push.x, sign * lying.span.push.y};
+  const std::size_t axis = pen_.figure.model.IsGrid() || MG <= 0 ? 0 : MG == 2 ? 2 : 1;
+  double& height = heap_.At(element, 2 * axis + (value > 0 ? 1 : 0));
+  lying.base = kGapFactor * lying.span.length + height;
+  height = lying.base + pen_.arrow;
+  const Point beside = BesideMember(lying.span, pen_.arrow);
+  for (Point* p : {&lying.span.first, &lying.span.second}) *p = {p->x + beside.x, p->y + beside.y};
+  return lying;
+}
+
+void ElementLoadPainter::DrawPartArrows(const Lying& lying, LoadOrdinate from, LoadOrdinate to, int stride) {
+  if (!(to.at > from.at)) return;
+  for (int k = 0; k <= kDivisions; k += stride) {
+    const double t = static_cast<double>(k) / kDivisions;
+    if (t < from.at || t >= to.at) continue;  // the next stretch has the arrow at its beginning
+    const double height = from.height + (to.height - from.height) * (t - from.at) / (to.at - from.at);
+    if (height > 0.1) DrawArrow(pen_, lying.Tip(t), lying.along, height * pen_.arrow);
+  }
+}
+
+/// The arrows at the divisions, and the line that joins their tails, closed at the ends.
+void ElementLoadPainter::DrawPart(const Lying& lying, const std::vector<LoadOrdinate>& part) {
+  const auto tail = [&](const LoadOrdinate& o) {
+    return lying.Away(o.at, lying.base + o.height * pen_.arrow);
+  };
+  // Where the divisions are narrower than the arrows' heads need, only each second, fourth ... has one.
+  int stride = 1;
+  for (const int wider : {2, 4, 5, 10, 20})
+    if (stride * lying.span.length / kDivisions < 0.2 * pen_.arrow) stride = wider;
+  for (std::size_t k = 0; k + 1 < part.size(); ++k) {
+    DrawPartArrows(lying, part[k], part[k + 1], stride);
+    const Point from = tail(part[k]), to = tail(part[k + 1]);
+    PlotLine(pen_.plot, from.x, from.y, to.x, to.y, pen_.line.colour);
+    pen_.labels.TakeLine(from, to);
+  }
+  for (const LoadOrdinate& end : {part.front(), part.back()})
+    if (end.height > 0) DrawArrow(pen_, lying.Tip(end.at), lying.along, end.height * pen_.arrow);
+}
+
+void ElementLoadPainter::DrawElementLoad(int element, const ElodRec& load) {
+  const double value = load.P * load.K;
+  if (value == 0) return;
+  const double span = SpanOf(pen_.figure, Element(element), load.MG).span;
+  const LoadShape shape = ShapeOfLoad(load.TYPE, load.Ly, span);
+  if (shape.parts.empty() && shape.points.empty()) return;
+  const Lying lying = Lay(element, load.MG, value);
+  for (const std::vector<LoadOrdinate>& part : shape.parts) DrawPart(lying, part);
+  for (const double t : shape.points) DrawArrow(pen_, lying.Tip(t), lying.along, pen_.arrow);
+
+  double middle = 0.5;
+  if (!shape.points.empty()) middle = shape.points[shape.points.size() / 2];
+  if (!shape.parts.empty()) middle = (shape.parts[0].front().at + shape.parts[0].back().at) / 2;
+  WriteAtStroke(pen_, lying.Tip(middle), lying.Away(middle, lying.base + pen_.arrow), LoadText(value));
+}
+
+void ElementLoadPainter::DrawEndForce(int element, double t, double value, int MG) {
+  if (value == 0) return;
+  // An upward force is positive, in the member's axes or the model's.
+  LoadedSpan span = SpanOf(pen_.figure, Element(element), 0);
+  if (MG != 0 && !pen_.figure.model.IsGrid()) span.push = {0, -1};
+  const double sign = value > 0 ? 1 : -1, gap = kGapFactor * span.length;
+  const Point along = {sign * span.push.x, sign * span.push.y}, p = span.At(t);
+  const Point tip = {p.x - gap * along.x, p.y - gap * along.y};
+  DrawArrow(pen_, tip, along, pen_.arrow);
+  WriteAtStroke(pen_, tip, {tip.x - pen_.arrow * along.x, tip.y - pen_.arrow * along.y}, LoadText(value));
+}
+
+void ElementLoadPainter::DrawEndMoment(int element, double t, double value, std::string_view label) {
+  if (value == 0) return;
+  const Point p = SpanOf(pen_.figure, Element(element), 0).At(t);
+  const double radius = 0.4 * pen_.arrow;
+  DrawTurn(pen_, p, radius, value > 0);
+  WriteAtStroke(pen_, p, {p.x, p.y - radius}, std::string(label) + LoadText(value));
+}
+
+void ElementLoadPainter::DrawCmqLoad(int element, const ClodRec& load) {
+  constexpr double kNearEnd = 0.06;  // of the member: the ends' marks stand clear of other members' ones
+  DrawEndMoment(element, kNearEnd, load.Ci, "C=");
+  DrawEndMoment(element, 1 - kNearEnd, load.Cj, "C=");
+  DrawEndForce(element, kNearEnd, load.Qi, load.MG);
+  DrawEndForce(element, 1 - kNearEnd, load.Qj, load.MG);
+  if (load.Mo == 0) return;
+  const LoadedSpan span = SpanOf(pen_.figure, Element(element), 0);
+  const Point p = span.At(0.5);
+  WriteAtStroke(pen_, p, {p.x + span.push.x, p.y + span.push.y}, "Mo=" + LoadText(load.Mo));
+}
+
+void ElementLoadPainter::DrawTemperatureLoad(int element, const TlodRec& load) {
+  static constexpr NumberPattern kDegrees("##0.0");
+  const LoadedSpan span = SpanOf(pen_.figure, Element(element), 0);
+  const Point p = span.At(0.5);
+  WriteAtStroke(pen_, p, {p.x + span.push.x, p.y + span.push.y},
+                "T1=" + FormatNumber(load.T1, kDegrees) + " T2=" + FormatNumber(load.T2, kDegrees));
+}
+
+/// Calls `draw` for the loads of the figure's case on shown items.
+template <class Load, class Shown, class Draw>
+void ForShownLoads(const Figure& figure, const std::vector<Load>& loads, const std::vector<int>& items,
+                   Shown shown, Draw draw) {
+  for (std::size_t n = 0; n < loads.size() && n < items.size(); ++n)
+    if (loads[n].loadCase == figure.loadCase && items[n] >= 0 && shown(items[n])) draw(items[n], loads[n]);
+}
+
+}  // namespace
+
+void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels) {
+  const LineOption& option = figure.options.elementLoad;
+  if (!option.visible) return;
+  PlotSetPen(plot, option.style, option.width);
+  ElementLoadPainter painter(plot, figure, labels);
+  const auto shown = [&](int e) {
+    return static_cast<std::size_t>(e) < figure.shown.size() &&
+           figure.shown[static_cast<std::size_t>(e)] != 0;
+  };
+  const FigureModel& m = figure.model;
+  ForShownLoads(figure, m.elementLoads, m.elementLoadElement, shown,
+                [&](int e, const ElodRec& load) { painter.DrawElementLoad(e, load); });
+  ForShownLoads(figure, m.cmqLoads, m.cmqLoadElement, shown,
+                [&](int e, const ClodRec& load) { painter.DrawCmqLoad(e, load); });
+  ForShownLoads(figure, m.temperatureLoads, m.temperatureLoadElement, shown,
+                [&](int e, const TlodRec& load) { painter.DrawTemperatureLoad(e, load); });
+}
+
+void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels) {
+  const LineOption& option = figure.options.nodalLoad;
+  if (!option.visible) return;
+  PlotSetPen(plot, option.style, option.width);
+  const LoadPen pen = LoadPenOf(plot, figure, labels, option);
+  const std::array<NodalPart, 3>& parts = figure.model.IsGrid() ? kGridParts : kFrameParts;
+  Heap<6> heap(figure.model.nodes.size());
+  const auto shown = [&](int n) {
+    return IsNodeShown(figure, figure.model.nodes[static_cast<std::size_t>(n)].number);
+  };
+  ForShownLoads(figure, figure.model.nodalLoads, figure.model.nodalLoadNode, shown,
+                [&](int n, const PlodRec& load) {
+                  const Point node = figure.view.ToFigure(figure.place[static_cast<std::size_t>(n)]);
+                  for (std::size_t d = 0; d < parts.size(); ++d) {
+                    const double value = load.*parts[d].value;
+                    if (value != 0)
+                      DrawNodalPart(pen, node, parts[d], value, heap.At(n, 2 * d + (value > 0 ? 1 : 0)));
+                  }
+                });
+}
+
+}  // namespace zorlan

@@ -1,0 +1,181 @@
+#include "graphics/supports.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace zorlan {
+namespace {
+
+// Symbols stand in units of their size about the node: x to the right, y downward, the ground below. A
+// quarter turn to the right holds a node in x as the upright symbol holds it in y.
+
+struct Stroke {
+  double x1, y1, x2, y2;
+};
+
+constexpr double kGap = 1.25;    // where the ground of a roller lies, the triangle being 1 high
+constexpr double kWheel = 0.11;  // radius of a roller's wheels
+constexpr double kHatch = 0.3;
+
+constexpr Stroke kTriangle[] = {{0, 0, -0.6, 1}, {0, 0, 0.6, 1}, {-0.6, 1, 0.6, 1}};
+/// The inclined roller: a wider triangle of lines, 1.25 of the upright one, on its own ground.
+constexpr Stroke kWideTriangle[] = {
+    {0, 0, -0.6 * 1.25, 1}, {0, 0, 0.6 * 1.25, 1}, {-0.6 * 1.25, 1, 0.6 * 1.25, 1}};
+constexpr Stroke kSquare[] = {
+    {-0.3, -0.3, 0.3, -0.3}, {0.3, -0.3, 0.3, 0.3}, {0.3, 0.3, -0.3, 0.3}, {-0.3, 0.3, -0.3, -0.3}};
+constexpr Stroke kSpring[] = {{0, 0, 0, 0.3},        {0, 0.3, -0.3, 0.4},    {-0.3, 0.4, 0.3, 0.6},
+                              {0.3, 0.6, -0.3, 0.8}, {-0.3, 0.8, 0.3, 1.0},  {0.3, 1.0, 0, 1.1},
+                              {0, 1.1, 0, 1.4},      {-0.45, 1.4, 0.45, 1.4}};
+
+/// A symbol's frame on the figure: where it stands, how large and how it is turned.
+struct Place {
+  Place(Point node, double theSize, double angle)
+      : at(node),
+        size(theSize),
+        c(std::cos(angle * std::numbers::pi / 180)),
+        s(std::sin(angle * std::numbers::pi / 180)) {}
+
+  Point Of(double x, double y) const {
+    return {at.x + size * (x * c + y * s), at.y + size * (y * c - x * s)};
+  }
+
+  Point at;
+  double size, c, s;
+};
+
+void DrawStrokes(Plot& plot, const Place& place, std::span<const Stroke> strokes, Rgb colour) {
+  for (const Stroke& stroke : strokes) {
+    const Point from = place.Of(stroke.x1, stroke.y1), to = place.Of(stroke.x2, stroke.y2);
+    PlotLine(plot, from.x, from.y, to.x, to.y, colour);
+  }
+}
+
+/// A line of the ground `y` below the node, hatched or bare.
+void DrawGround(Plot& plot, const Place& place, double y, bool hatched, Rgb colour) {
+  constexpr double kHalf = 0.9;
+  constexpr int kHatches = 5;
+  const Stroke line = {-kHalf, y, kHalf, y};
+  DrawStrokes(plot, place, {&line, 1}, colour);
+  if (!hatched) return;
+  for (int k = 0; k < kHatches; ++k) {
+    const double x = -kHalf + kHatch + k * (2 * kHalf - kHatch) / (kHatches - 1);
+    const Stroke hatch = {x, y, x - kHatch, y + kHatch};
+    DrawStrokes(plot, place, {&hatch, 1}, colour);
+  }
+}
+
+void DrawPin(Plot& plot, const Place& place, Rgb colour) {
+  DrawStrokes(plot, place, kTriangle, colour);
+  DrawGround(plot, place, 1, true, colour);
+}
+
+void DrawRoller(Plot& plot, const Place& place, Rgb colour) {
+  DrawStrokes(plot, place, kTriangle, colour);
+  for (const double x : {-0.35, 0.35}) {
+    const Point wheel = place.Of(x, (1 + kGap) / 2);
+    PlotCircle(plot, wheel.x, wheel.y, kWheel * place.size, colour);
+  }
+  DrawGround(plot, place, kGap, false, colour);
+}
+
+void DrawFixed(Plot& plot, const Place& place, Rgb colour) {
+  DrawGround(plot, place, 0, true, colour);
+}
+
+/// Held against turning and across the ground, free along it.
+void DrawSlide(Plot& plot, const Place& place, Rgb colour) {
+  DrawGround(plot, place, 0, false, colour);
+  DrawGround(plot, place, 0.25, true, colour);
+}
+
+void DrawSquare(Plot& plot, const Place& place, Rgb colour) {
+  DrawStrokes(plot, place, kSquare, colour);
+}
+
+void DrawInclined(Plot& plot, const Place& place, Rgb colour) {
+  DrawStrokes(plot, place, kWideTriangle, colour);
+  DrawGround(plot, place, kGap, false, colour);
+}
+
+void DrawInclinedFixed(Plot& plot, const Place& place, Rgb colour) {
+  DrawStrokes(plot, place, kWideTriangle, colour);
+  DrawGround(plot, place, kGap, true, colour);
+}
+
+constexpr double kToTheLeft = -90;  // turns what lies below a node to its left
+
+/// What a code draws behind its springs. A spring's digit counts as 0 here.
+struct Symbol {
+  std::string_view code;
+  void (*draw)(Plot&, const Place&, Rgb);
+  double angle;
+  bool inclined;  // turned by the support's own angle
+};
+constexpr Symbol kSymbols[] = {
+    {"001", DrawSquare, 0, false},         {"010", DrawRoller, 0, false},
+    {"011", DrawSlide, 0, false},          {"100", DrawRoller, kToTheLeft, false},
+    {"101", DrawSlide, kToTheLeft, false}, {"110", DrawPin, 0, false},
+    {"111", DrawFixed, 0, false},          {"440", DrawInclined, 0, true},
+    {"441", DrawInclinedFixed, 0, true},
+};
+
+constexpr std::string_view kCodes[] = {
+    "000", "001", "002", "010", "011", "012", "020", "021", "022", "100", "101", "102", "110", "111", "112",
+    "120", "121", "122", "200", "201", "202", "210", "211", "212", "220", "221", "222", "440", "441",
+};
+
+}  // namespace
+
+std::string_view SupportSymbol(const std::array<std::int16_t, 3>& code) {
+  constexpr std::array kForThree = {'1', '1', '2'};
+  char digits[3];
+  for (std::size_t d = 0; d < 3; ++d) {
+    if (code[d] < 0 || code[d] > 9) return kCodes[0];
+    digits[d] = code[d] == 3 ? kForThree[d] : static_cast<char>('0' + code[d]);
+  }
+  const auto* const known = std::ranges::find(kCodes, std::string_view(digits, 3));
+  return known == std::end(kCodes) ? kCodes[0] : *known;
+}
+
+std::span<const std::string_view> SupportSymbols() {
+  return kCodes;
+}
+
+void DrawSpringX(Plot& plot, Point at, double size, Rgb colour) {
+  DrawStrokes(plot, Place(at, size, kToTheLeft), kSpring, colour);
+}
+
+void DrawSpringY(Plot& plot, Point at, double size, Rgb colour) {
+  DrawStrokes(plot, Place(at, size, 0), kSpring, colour);
+}
+
+void DrawSpringRotation(Plot& plot, Point at, double size, Rgb colour) {
+  constexpr int kChords = 27;
+  constexpr double kTurns = 1.5, kInner = 0.2, kOuter = 0.65;
+  const auto spiral = [&](int k) {
+    const double t = static_cast<double>(k) / kChords, a = 2 * std::numbers::pi * kTurns * t;
+    const double radius = size * (kInner + (kOuter - kInner) * t);
+    return Point{at.x + radius * std::cos(a), at.y - radius * std::sin(a)};
+  };
+  Point from = spiral(0);
+  for (int k = 1; k <= kChords; ++k) {
+    const Point to = spiral(k);
+    PlotLine(plot, from.x, from.y, to.x, to.y, colour);
+    from = to;
+  }
+}
+
+void DrawSupport(Plot& plot, Point at, std::string_view code, double size, double angle, Rgb colour) {
+  if (code.size() != 3) return;
+  std::array<char, 3> held = {code[0], code[1], code[2]};
+  std::ranges::replace(held, '2', '0');
+  for (const Symbol& symbol : kSymbols)
+    if (symbol.code == std::string_view(held.data(), held.size()))
+      symbol.draw(plot, Place(at, size, symbol.inclined ? angle : symbol.angle), colour);
+  if (code[0] == '2') DrawSpringX(plot, at, size, colour);
+  if (code[1] == '2') DrawSpringY(plot, at, size, colour);
+  if (code[2] == '2') DrawSpringRotation(plot, at, size, colour);
+}
+
+}  // namespace zorlan
