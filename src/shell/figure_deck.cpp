@@ -67,6 +67,7 @@ Figure FigureOfDeck(const SheetFigure& choice) {
   ReadDeck(DeckPath(), /*checkMode=*/false);
   Figure figure;
   figure.model = FigureModelOf(InpModel);
+  figure.model.name = ModelBaseName();
   if (figure.model.nodes.empty()) throw Fault(DeckPath() + " ： 節点データがありません");
   const int cases = figure.model.maxLoadCase;
   if (choice.kind != kModelFigure && SourceOf(choice.kind) != Source::Ratios &&
