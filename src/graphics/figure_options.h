@@ -41,6 +41,7 @@ struct FigureOptions {
 
   LineOption displacement{.colour = 0x0000FF}, axial{.colour = 0x0000FF}, shear{.colour = 0x0000FF},
       moment{.colour = 0x0000FF};
+  Rgb axialTension = 0xFF0000, axialCompression = 0x0000FF;  // in place of one colour of the axial force
   TextOption axialValue, shearValue, momentValue;
   float HeightDisplacement = 1, HeightNormal = 1, HeightShear = 1, HeightMoment = 1;  // cm
   int DecimalsDisplacement = 2, DecimalsNormal = 2, DecimalsShear = 2, DecimalsMoment = 2;

@@ -1,0 +1,90 @@
+// How the figures look: three option sets, in memory while the program runs and in files of the program's
+// folder (AppPath) between runs. A row of a set is one text of comma-separated fields; what a field means
+// stands in the forms of the rows (option_rows.h).
+//
+// MODELEST.PRM   the rows of the model set, then the two rows of the viewing range
+// DESGNEST.PRM   the mark of the version, then the rows of the design set
+// LOADEST1.PRM   the rows of the analysis set, heights of displacement, axial force and moment, decimals of
+//                the same three, height of shear, the two colours, the flag
+// LOADEST.PRM    the older form of it: without height of shear and colours
+//
+// A value is a line, texts in double quotes. What a file lacks, or what can't be meant, is the default.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "graphics/option_rows.h"
+#include "graphics/plot_target.h"
+#include "graphics/view.h"
+
+namespace zorlan {
+
+template <std::size_t N>
+using OptionRows = std::array<std::string, N>;
+
+struct ModelOptions {
+  OptionRows<kModelRows.size()> rows;
+  ViewingRange range;
+  bool operator==(const ModelOptions&) const = default;
+};
+
+struct DesignOptions {
+  OptionRows<kDesignRows.size()> rows;
+  bool operator==(const DesignOptions&) const = default;
+};
+
+struct AnalysisOptions {
+  OptionRows<kAnalysisRows.size()> rows;
+  float HeightDisplacement = 1, HeightNormal = 1, HeightMoment = 1;  // cm
+  std::string DecimalsDisplacement = "2", DecimalsNormal = "2",
+              DecimalsMoment = "2";           // shear: as axial force
+  float HeightShear = 1;                      // cm
+  Rgb tension = 16711680, compression = 255;  // of the axial force diagram
+  bool ScaleOverAllCases = true;
+  bool operator==(const AnalysisOptions&) const = default;
+};
+
+extern ModelOptions DispOption;
+extern AnalysisOptions DispOptionAna;
+extern DesignOptions DispOptionDesgn;
+
+/// The sets as they come with the program.
+ModelOptions DefaultModelOptions();
+DesignOptions DefaultDesignOptions();
+AnalysisOptions DefaultAnalysisOptions();
+void SetDefaultModelOptions();
+void SetDefaultDesignOptions();
+void SetDefaultAnalysisOptions();
+
+/// Read a set from its file at start-up; without a file that can be read it is the default, and nothing is
+/// written. Never fails. LoadDesignOptions removes a file without a mark of a version. LoadAnalysisOptions
+/// turns LOADEST.PRM, when there is one, into LOADEST1.PRM; it stays if that can't be written.
+void LoadModelOptions();
+void LoadDesignOptions();
+void LoadAnalysisOptions();
+
+/// Write a set to its file. Throws FileFault; the older file is still there then.
+void SaveModelOptions();
+void SaveDesignOptions();
+void SaveAnalysisOptions();
+
+// The files' texts
+
+ModelOptions ParseModelOptions(std::string_view text);
+std::string ModelOptionsText(const ModelOptions& options);
+
+/// Whether the text begins with a mark of a version: "Ver3", or "Ver2" of older files.
+bool IsDesignOptions(std::string_view text);
+DesignOptions ParseDesignOptions(std::string_view text);
+std::string DesignOptionsText(const DesignOptions& options);
+
+AnalysisOptions ParseAnalysisOptions(std::string_view text);
+std::string AnalysisOptionsText(const AnalysisOptions& options);
+/// The older form. What it lacks is the default, but the height of shear is the last height read. A text
+/// without a single row of the set is none of ours: the answer is `newer` then.
+AnalysisOptions ParseOlderAnalysisOptions(std::string_view text, const AnalysisOptions& newer);
+
+}  // namespace zorlan
