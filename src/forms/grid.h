@@ -52,7 +52,8 @@ class Grid {
   GridRow InsertRow(int page, int row, GridRow inserted = {});
   /// A row goes, those below move up, and this one comes in as the last.
   GridRow RemoveRow(int page, int row, GridRow last = {});
-  void SetPage(int page, std::vector<GridRow> rows) { At(page) = std::move(rows); }
+  /// A row comes in below the last that takes room.
+  void AppendRow(int page, GridRow row) { At(page).push_back(std::move(row)); }
   void AddPage(std::vector<GridRow> rows = {}) { pages_.push_back(std::move(rows)); }
   std::vector<GridRow> RemoveLastPage();
 

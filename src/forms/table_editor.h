@@ -15,21 +15,20 @@
 
 namespace zorlan {
 
-/// What a table on disk holds that its form can't show. It is lost with the form's next commit.
-struct Unshown {
-  int rows = 0;    // below the grid's last row
-  int cells = 0;   // rows with cells behind the last column
-  int strays = 0;  // rows of a load case or group out of range
-  bool Any() const { return rows + cells + strays > 0; }
-};
-/// In the user's words, for a line above the grid; empty if there is nothing.
-std::string UnshownText(const Unshown& unshown);
-
 /// Why a row was refused, and where the cursor goes.
 struct RowFault {
   CellPlace place;
   std::string message;  // without the "！！！" of its box
 };
+
+/// What a paste has covered, and how many cells of the clipboard fell outside the grid.
+struct Pasted {
+  CellRange range;
+  int lost = 0;
+};
+
+/// How a commit ended: nothing was to be written, the table is written, or the form has to stay.
+enum class CommitEnd { Nothing, Written, Refused };
 
 class TableEditor {
  public:
@@ -41,55 +40,62 @@ class TableEditor {
   const Column& ColumnAt(int column) const { return columns_[static_cast<std::size_t>(column - 1)]; }
   const Grid& Cells() const { return grid_; }
   const std::string& Text(const CellPlace& place) const { return grid_.Cell(place); }
+  RowView View(int page, int row) const { return {row, grid_.Row(page, row), setting_}; }
+  /// The last row of a page with a text in its key column; 0 if there is none.
+  int LastKeyRow(int page) const;
   bool Changed() const { return changed_; }
   /// A key has passed the filter.
   void MarkChanged() { changed_ = true; }
-  const Unshown& NotShown() const { return unshown_; }
+  /// What the table on disk holds beyond the grid, in the user's words; empty if there is nothing.
+  std::string UnshownText() const;
 
   /// Reads the table from the work folder. Throws FileFault.
   void Load();
   /// The rows as the table's file would hold them, unchecked: for a figure while typing.
   std::vector<TableRow> Rows() const;
-
-  /// Another header of the model in hand: header, masks, checks and the number of case pages follow; pages
-  /// that hold rows stay.
+  /// The header of the model in hand has changed: columns, checks and case pages follow. An unchanged form
+  /// is read anew, a changed one keeps what was typed. Throws FileFault.
   void Follow(const FormSetting& setting);
 
-  // Edits: each is one step of undo.
+  // Edits, each one step of undo.
   void SetText(const CellPlace& place, std::string_view text);
   void Clear(int page, const CellRange& range);
-  /// The text of a clipboard goes in from this cell on; answers the cells it covered.
-  CellRange Paste(const CellPlace& place, std::string_view text);
+  /// The text of a clipboard goes in from this cell on.
+  Pasted Paste(const CellPlace& place, std::string_view text);
   void InsertRow(int page, int row);
   void DeleteRows(int page, int first, int last);
+  /// Adds to the value of each cell, a blank one counting as 0; names stay.
   void Add(int page, const CellRange& range, double number);
   void Assign(int page, const CellRange& range, std::string_view text);
-  /// Several cells of one row at once, from column 1 on.
+  /// The cells of one row at once, from column 1 on.
   void SetRow(int page, int row, const GridRow& cells);
-  /// Adds or removes pages at the end.
+  /// Adds pages at the end, or removes them with their rows.
   void SetPageCount(int count);
+  /// Nodes picked in a figure go into the element table, end I, end J, and on in the next row; the first into
+  /// the first end from this row on that is blank. Too many for the rows is told. Answers the cell of the
+  /// last.
+  CellPlace TakeNodes(const CellPlace& place, const std::vector<int>& nodes);
 
   bool CanUndo() const { return next_ > 0; }
   bool CanRedo() const { return next_ < steps_.size(); }
-  /// Walks one step back or forth; answers the cell that it changed.
+  /// Walks one step back or forth; answers the cell where it began.
   std::optional<CellPlace> Undo();
   std::optional<CellPlace> Redo();
 
   /// The cells as text for the clipboard: tab between cells, CR between rows.
   std::string CopyText(int page, const CellRange& range) const;
 
-  /// Tests the rows of all pages as a commit does, without its questions and fixes.
-  std::optional<RowFault> FindFault() const;
-  /// The failing row nearest to a place, below it or above.
+  /// Tests one row as a commit does, without its questions and fixes. A blank row passes.
+  std::optional<RowFault> FaultOf(int page, int row) const;
+  /// The failing row nearest to a place, on its page first.
   std::optional<RowFault> NearestFault(const CellPlace& place) const;
 
   /// Checks the rows and writes the table if something was changed. What fails is told, and `fault` says
   /// where; nothing is written then. Throws FileFault; the table is as it was.
-  bool Commit(std::optional<CellPlace>& fault);
+  CommitEnd Commit(std::optional<CellPlace>& fault);
 
-  /// Nodes picked in a figure become elements from this row on, each from one node to the next; only in
-  /// InpELEM. Too many for the rows is told.
-  void TakePickedNodes(const CellPlace& place, const std::vector<int>& nodes);
+  /// What a redraw does to the model's files, by button and behind a commit. Throws FileFault.
+  void RunRedrawStep() const;
 
  private:
   struct CellChange {
@@ -110,12 +116,34 @@ class TableEditor {
   };
   using Change = std::variant<CellChange, RowInserted, RowRemoved, PageAdded, PageRemoved>;
   using Step = std::vector<Change>;
+  /// What a table on disk holds that the form can't show.
+  struct Unshown {
+    int rows = 0;    // below the grid's last row
+    int cells = 0;   // rows with cells behind the last column
+    int strays = 0;  // rows of a load case or group out of range
+  };
 
-  void Apply(const Change& change);
-  void Revert(const Change& change);
-  void Change_(Step& step, const CellPlace& place, std::string text);
+  void Redo(const Change& change);
+  void Undo(const Change& change);
+  CellPlace PlaceOf(const Change& change) const;
+  /// Changes a cell as part of a step.
+  void Put(Step& step, const CellPlace& place, std::string text);
+  /// Ends a step: rows that were blank get the text of new rows, and the step can be undone.
   void Finish(Step step);
-  void FillNewRows(Step& step);
+  void FillNewRow(Step& step, int page, int row);
+  bool IsNewRow(const Step& step, int page, int row) const;
+
+  void LoadRow(const TableRow& row);
+  int PagesToLoad() const;
+  void AppendRow(int page, GridRow cells);
+  std::vector<TableRow> RowsOfPage(int page) const;
+
+  /// Checks the rows of a page down to the last with a key, fixes and asks as the form wants.
+  std::optional<RowFault> CheckPage(int page, Step& fixes);
+  /// The first row with texts below the last with a key: a commit doesn't reach it.
+  std::optional<CellPlace> KeylessRow() const;
+  /// Asks about everything that a commit would lose; `fault` says where the cursor goes.
+  bool AgreesToLoss(std::optional<CellPlace>& fault) const;
 
   const TableForm* form_;
   FormSetting setting_;

@@ -50,8 +50,10 @@ struct HeaderText {
 /// One row as its checks see it: its place and the texts of its cells, blanks cut off.
 class RowView {
  public:
-  RowView(int row, std::span<const std::string> cells) : row_(row), cells_(cells) {}
+  RowView(int row, std::span<const std::string> cells, const FormSetting& setting)
+      : row_(row), cells_(cells), setting_(setting) {}
   int Row() const { return row_; }
+  const FormSetting& Setting() const { return setting_; }
   std::string_view Text(int column) const;
   bool Blank(int column) const { return Text(column).empty(); }
   /// The value of the cell as the deck's reader takes it; 0 for a blank one.
@@ -60,6 +62,7 @@ class RowView {
  private:
   int row_;
   std::span<const std::string> cells_;
+  const FormSetting& setting_;
 };
 
 /// A test of a row. The first that fails is shown, and the cursor goes to its column.
@@ -93,17 +96,18 @@ struct NewRowText {
 /// What a form has a page of rows for. The page number is field 1 of the table's rows then.
 enum class Pages { None, LoadCases, Groups };
 
-/// The values of a code column, in the words of the input help.
+/// What a column's values mean, in the words of the input help.
 struct ColumnTip {
   FormCase when;
   int column;
-  std::string_view text;  // lines end with LF
+  std::string_view text;                               // lines are separated by LF
+  std::string (*ofRow)(const RowView& row) = nullptr;  // in place of the text, where the row decides
 };
 
 struct TableForm {
-  std::string_view name;     // "InpNODE"
-  std::string_view caption;  // title of the window and of the box that tells a failing row
-  std::string_view keyWord;  // of the key column's messages; empty: the key is no number of a thing
+  std::string_view name;                // "InpNODE"
+  std::string_view caption;             // title of the window and of the box that tells a failing row
+  std::string_view keyBlank, keyRange;  // the key column's messages; empty: it is no number of a thing
   std::span<const HeaderText> headers;
   std::span<const std::string_view> masks;  // by column; a header may show fewer
   std::span<const RowCheck> checks;         // behind the key's own
@@ -112,7 +116,8 @@ struct TableForm {
   std::span<const RowFix> fixes = {};
   std::span<const RowQuestion> questions = {};
   NewRowText newRow = {};
-  bool spreads = false;  // a table row's further cells are rows of the page
+  bool spreads = false;       // a table row's further cells are rows of the page
+  bool dropsListing = false;  // its redraw removes the stored listing of the model
 };
 
 /// The twelve forms, in the order of the menu.
@@ -132,12 +137,16 @@ struct Column {
   int width = 0;      // of the header cell, in half-width characters
   bool right = false;
   std::string_view mask;
-  std::string tip;  // the values of a code column; else empty
   bool IsNumber() const { return mask != kAnyText; }
 };
 
 /// The form's columns from column 1 on.
 std::vector<Column> ColumnsOf(const TableForm& form, const FormSetting& setting);
+
+/// What the values of a cell mean, in lines; empty where there is nothing to explain.
+std::string CellTip(const TableForm& form, const FormSetting& setting, int column, const RowView& row);
+/// The same on one line.
+std::string TipLine(std::string_view tip);
 
 /// The title of a page: "ケース1", "グループ1".
 std::string PageTitle(Pages pages, int page);

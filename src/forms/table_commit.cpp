@@ -1,0 +1,164 @@
+// The row check and the commit of a table form.
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "base/cp932.h"
+#include "base/host.h"
+#include "base/number.h"
+#include "base/text.h"
+#include "base/text_file.h"
+#include "forms/table_editor.h"
+#include "model/model_state.h"
+
+namespace zorlan {
+namespace {
+
+constexpr double kMaxKey = 99999;
+
+/// Whether a text is a number and nothing else: sign, digits with a point, an exponent.
+bool IsWholeNumberText(std::string_view text) {
+  const auto digits = [&] {
+    std::size_t count = 0;
+    for (; !text.empty() && text.front() >= '0' && text.front() <= '9'; ++count) text.remove_prefix(1);
+    return count;
+  };
+  const auto sign = [&] {
+    if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  };
+  sign();
+  std::size_t count = digits();
+  if (text.starts_with('.')) {
+    text.remove_prefix(1);
+    count += digits();
+  }
+  if (count == 0) return false;
+  if (!text.empty() && std::string_view("eEdD").find(text.front()) != std::string_view::npos) {
+    text.remove_prefix(1);
+    sign();
+    if (digits() == 0) return false;
+  }
+  return text.empty();
+}
+
+/// What would not come back from the table's file as it was typed; empty if the cell is sound.
+std::string CellFault(const Column& column, std::string_view text) {
+  if (text.find_first_of(",%") != std::string_view::npos) return "「,」と「%」は入力できません";
+  if (text.empty()) return {};
+  if (column.IsNumber()) {
+    if (!IsWholeNumberText(text) || !std::isfinite(ReadReal(text)))
+      return column.title + "が数値ではありません";
+    const double value = ReadReal(text);
+    if (column.mask == kDigits && value != std::floor(value))
+      return column.title + "は整数で入力してください";
+  }
+  if (text.find("          ") != std::string_view::npos) return "空白を１０文字以上続けて入力できません";
+  if (const std::string lost = Cp932FromUtf8(text).lost; !lost.empty())
+    return "文字 「" + lost + "」 はシフトＪＩＳで表せないため、保存できません";
+  return {};
+}
+
+}  // namespace
+
+std::optional<RowFault> TableEditor::FaultOf(int page, int row) const {
+  const GridRow& cells = grid_.Row(page, row);
+  if (IsBlankRow(cells)) return std::nullopt;
+  const RowView view = View(page, row);
+  const auto fault = [&](int column, std::string_view message) {
+    return RowFault{{page, row, column}, std::string(message)};
+  };
+  if (!form_->keyBlank.empty()) {
+    if (view.Blank(1)) return fault(1, form_->keyBlank);
+    if (view.Real(1) < 1 || view.Real(1) > kMaxKey) return fault(1, form_->keyRange);
+  }
+  for (const RowCheck& check : form_->checks)
+    if (Applies(check.when, setting_) && !check.passes(view)) return fault(check.column, check.message);
+  for (int column = 1; column <= grid_.Columns(); ++column)
+    if (const std::string message = CellFault(ColumnAt(column), view.Text(column)); !message.empty())
+      return fault(column, message);
+  return std::nullopt;
+}
+
+std::optional<RowFault> TableEditor::NearestFault(const CellPlace& place) const {
+  const auto onPage = [&](int page, int from) -> std::optional<RowFault> {
+    const int last = LastKeyRow(page);
+    for (int away = 0; away <= kGridRows; ++away)
+      for (const int row : {from + away, from - away})
+        if (row >= 1 && row <= last)
+          if (const std::optional<RowFault> fault = FaultOf(page, row)) return fault;
+    return std::nullopt;
+  };
+  if (const std::optional<RowFault> fault = onPage(place.page, place.row)) return fault;
+  for (int page = 1; page <= grid_.PageCount(); ++page)
+    if (const std::optional<RowFault> fault = onPage(page, 1)) return fault;
+  return std::nullopt;
+}
+
+std::optional<RowFault> TableEditor::CheckPage(int page, Step& fixes) {
+  const int last = LastKeyRow(page);
+  for (int row = 1; row <= last; ++row) {
+    if (const std::optional<RowFault> fault = FaultOf(page, row)) return fault;
+    const RowView view = View(page, row);
+    if (IsBlankRow(grid_.Row(page, row))) continue;
+    for (const RowFix& fix : form_->fixes)
+      if (fix.applies(view)) Put(fixes, {page, row, fix.column}, std::string(fix.text));
+    for (const RowQuestion& question : form_->questions)
+      if (question.asks(View(page, row)) &&
+          TheHost().question(question.text(View(page, row)), kApplicationTitle, Buttons::YesNo) !=
+              Answer::Yes)
+        return RowFault{{page, row, question.column}, {}};
+  }
+  return std::nullopt;
+}
+
+std::optional<CellPlace> TableEditor::KeylessRow() const {
+  for (int page = 1; page <= grid_.PageCount(); ++page)
+    for (int row = LastKeyRow(page) + 1; row <= grid_.LastRow(page); ++row)
+      if (!IsBlankRow(grid_.Row(page, row))) return CellPlace{page, row, 1};
+  return std::nullopt;
+}
+
+bool TableEditor::AgreesToLoss(std::optional<CellPlace>& fault) const {
+  const auto agrees = [](const std::string& text) {
+    return TheHost().question(text + "\n良いですか？", kApplicationTitle, Buttons::YesNo) == Answer::Yes;
+  };
+  if (const std::string unshown = UnshownText(); !unshown.empty())
+    if (!agrees(std::string(form_->caption) + "に" + unshown + "。保存すると失われます")) return false;
+  if (const std::optional<CellPlace> keyless = KeylessRow()) {
+    const std::string page = PageTitle(form_->pages, keyless->page);
+    const std::string where = (page.empty() ? page : page + " の ") + std::to_string(keyless->row) + "行目";
+    if (!agrees(where + "は" + ColumnAt(1).title + "がないため、保存されません")) {
+      fault = keyless;
+      return false;
+    }
+  }
+  return true;
+}
+
+CommitEnd TableEditor::Commit(std::optional<CellPlace>& fault) {
+  fault.reset();
+  if (!changed_) return CommitEnd::Nothing;
+  Step fixes;
+  std::optional<RowFault> failed;
+  for (int page = 1; page <= grid_.PageCount() && !failed; ++page) failed = CheckPage(page, fixes);
+  Finish(std::move(fixes));
+  if (failed) {
+    if (!failed->message.empty()) TheHost().message(failed->message + "！！！", form_->caption);
+    fault = failed->place;
+    return CommitEnd::Refused;
+  }
+  if (!AgreesToLoss(fault)) return CommitEnd::Refused;
+  TableRows = Rows();
+  TableRowCount = static_cast<int>(TableRows.size());
+  TableIO(/*write=*/true, TableKey(*form_));
+  ModelChanged = true;
+  changed_ = false;
+  unshown_ = {};
+  return CommitEnd::Written;
+}
+
+void TableEditor::RunRedrawStep() const {
+  if (form_->dropsListing && !ModelFile.empty()) RemoveFile(ListingPath());
+}
+
+}  // namespace zorlan
