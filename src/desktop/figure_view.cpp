@@ -137,7 +137,7 @@ void FigureView::ShowHand() {
   else if (space_ || hand_ == Hand::Move)
     setCursor(Qt::OpenHandCursor);
   else
-    setCursor(hand_ == Hand::Frame ? Qt::CrossCursor : Qt::ArrowCursor);
+    unsetCursor();
 }
 
 void FigureView::Mark(std::optional<Pick> pick) {

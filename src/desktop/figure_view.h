@@ -33,14 +33,16 @@ class FigureView : public QWidget {
   void Pan(double right, double down);  // pixels
   void ShowAll();
 
-  /// What the left button does: it picks what is clicked and frames a part to be enlarged, or moves the
-  /// figure.
-  enum class Hand { Pick, Move, Frame };
+  /// What the left button does: it picks what is clicked and, drawn, frames a part to be enlarged; or it
+  /// moves the figure.
+  enum class Hand { Pick, Move };
   void SetHand(Hand hand);
 
   /// What is marked as picked.
   void Mark(std::optional<Pick> pick);
   const std::optional<Pick>& Marked() const { return marked_; }
+  /// Whether the whole figure is in sight because nobody has moved it.
+  bool IsFitted() const { return fitted_; }
   /// Where the marked thing lies, in pixels of the widget.
   std::optional<QPointF> MarkedPlace() const;
 

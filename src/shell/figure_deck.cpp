@@ -70,11 +70,11 @@ Figure FigureOfDeck(const SheetFigure& choice) {
   figure.model.name = ModelBaseName();
   if (figure.model.nodes.empty()) throw Fault(DeckPath() + " ： 節点データがありません");
   const int cases = figure.model.maxLoadCase;
-  if (choice.kind != kModelFigure && SourceOf(choice.kind) != Source::Ratios &&
-      (choice.loadCase < 1 || choice.loadCase > cases))
+  if (HasLoadCase(choice.kind) && (choice.loadCase < 1 || choice.loadCase > cases))
     throw Fault(DeckPath() + " ： 荷重ケース " + std::to_string(choice.loadCase) + " はありません（１～" +
                 std::to_string(cases) + "）");
   LoadResults(figure.model, choice);
+  LoadDisplayOptions();
   ChooseFigure(figure, choice);
   return figure;
 }

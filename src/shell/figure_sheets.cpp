@@ -4,6 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "graphics/option_figures.h"
+#include "graphics/options.h"
 #include "output/text_pages.h"
 #include "shell/page_setup.h"
 
@@ -85,9 +87,21 @@ FigureSheets SheetsOf(const PrinterRec& printer, std::vector<SheetFigure> figure
   return sheets;
 }
 
+bool HasLoadCase(int kind) {
+  return kind >= kLoadCheck && kind <= kMomentFigure;
+}
+
+void LoadDisplayOptions() {
+  LoadModelOptions();
+  LoadDesignOptions();
+  LoadAnalysisOptions();
+}
+
 void ChooseFigure(Figure& figure, const SheetFigure& choice) {
   figure.DiagramType = choice.kind;
   figure.loadCase = choice.loadCase;
+  figure.options = FigureOptionsInForce(choice.kind);
+  figure.range = DispOption.range;
   figure.FigureFlags = kRedrawAll;
 }
 

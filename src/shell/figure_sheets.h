@@ -33,7 +33,14 @@ struct FigureSheets {
 /// The sheets of these printer settings.
 FigureSheets SheetsOf(const PrinterRec& printer, std::vector<SheetFigure> figures, int layout);
 
-/// The figure with the display options that suit a kind, fitted anew at its next drawing. Its data stay.
+/// Whether a kind of figure is of one load case.
+bool HasLoadCase(int kind);
+
+/// Reads the three option sets of the program's tree.
+void LoadDisplayOptions();
+
+/// Makes a figure that of a kind and load case, with its display options and the viewing range in force, to
+/// be fitted at its next drawing. Its data stay.
 void ChooseFigure(Figure& figure, const SheetFigure& choice);
 
 /// Draws page `page` (from 0) on a surface that is such a sheet. `figure` has the model and its results.
