@@ -9,6 +9,7 @@
 #include "analysis/listing_results.h"
 #include "analysis/listing_table.h"
 #include "analysis/result_files.h"
+#include "analysis/run_progress.h"
 #include "base/cp932.h"
 #include "base/fault.h"
 #include "base/number.h"
@@ -78,6 +79,7 @@ void PrintDisplacements(FileWriter& file, const ModelRec& model) {
     AppendDisplacements(file.Buffer(), model.Node[row].number, displacements, row - 1, grid);
     if (cases > 1 && row < nodes) file.Buffer() += kLineEnd;
     file.Drain();
+    SayItem(row, nodes);
   }
 }
 
@@ -119,6 +121,7 @@ void PrintReactions(FileWriter& file, const ModelRec& model, const OutputForce& 
     AppendReactions(file.Buffer(), number, support.shown, reactions, support.index, unit);
     if (reactions.cases > 1) file.Buffer() += kLineEnd;
     file.Drain();
+    SayItem(support.index + 1, reactions.rows);
   }
   Print(file, ReactionSums(reactions, unit));
   Print(file, kLineEnd);
@@ -185,6 +188,7 @@ void DSYSOUT2() {
       AppendMemberForces(file.Buffer(), RawModel.Elem[row], forces, row - 1, unit, marks);
       if (cases > 1) file.Buffer() += kLineEnd;
       file.Drain();
+      SayItem(row, elements);
     }
     file.Commit();
   });

@@ -201,8 +201,8 @@ std::optional<CaseTable> SolveDenseWithLayers(const Equations& equations, double
                                               NoStiffness& fault) {
   LayeredSystem s = AssembledWithLayers(equations);
   if (!EliminateNodes(equations, tolerance, s, fault)) return std::nullopt;
-  const std::optional<CaseTable> y =
-      SolveLayers({std::move(s.story).Values(), std::move(s.layerLoad), HeldLayers(equations)}, fault);
+  const std::optional<CaseTable> y = SolveLayers(
+      {std::move(s.story).Values(), std::move(s.layerLoad), HeldLayers(equations)}, fault, [](double) {});
   if (!y) return std::nullopt;
 
   CaseTable x(equations.Count(), s.cases);

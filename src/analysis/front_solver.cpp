@@ -14,6 +14,8 @@ constexpr int kNoDiagonal = -1;
 /// processor's nearest cache. Wider ones are faster row by row, each read in one stream.
 constexpr int kSharedWidth = 512;
 
+constexpr std::size_t kWorkOfANode = kWorkBetweenTells / 64;  // multiplications beside its reductions
+
 /// Which slot each node takes, found without numbers: the first free one when the first record meets it.
 struct SlotPlan {
   std::vector<int> slotOf;  // of each node row, from place 1; -1 if no record meets the node
@@ -46,9 +48,10 @@ SlotPlan PlanSlots(const Equations& equations) {
 
 class FrontSweep {
  public:
-  FrontSweep(const Equations& equations, double pivotTolerance)
+  FrontSweep(const Equations& equations, double pivotTolerance, const Progress& progress)
       : eq_(equations),
         tolerance_(pivotTolerance),
+        progress_(progress),
         grouped_(equations.layers > 0),
         dofs_(grouped_ ? 2 : 3),
         cases_(equations.cases),
@@ -59,14 +62,14 @@ class FrontSweep {
         nodeAt_(static_cast<std::size_t>(plan_.slots)),
         layerRow_(static_cast<std::size_t>(equations.layers) + 1) {}
 
-  std::optional<EliminatedRows> Run(NoStiffness& fault, const Progress& progress) {
+  std::optional<EliminatedRows> Run(NoStiffness& fault) {
     EliminatedRows rows;
     rows.nodes.reserve(static_cast<std::size_t>(eq_.nodes));
     for (int node = 1; node <= eq_.nodes; ++node) {
       for (int k = 0; k < eq_.recordsAtRow[static_cast<std::size_t>(node)]; ++k)
         Assemble(eq_.records[nextRecord_++]);
       if (!EliminateNode(node, rows, fault)) return std::nullopt;
-      if (node % 64 == 0) progress(static_cast<double>(node) / eq_.nodes);
+      Worked(kWorkOfANode, node);
     }
     if (grouped_) rows.layers = TakeLayerSystem();
     return rows;
@@ -92,6 +95,12 @@ class FrontSweep {
     return row.data();
   }
 
+  void Worked(std::size_t multiplications, int node) {
+    work_ += multiplications;
+    if (work_ < kWorkBetweenTells) return;
+    work_ = 0;
+    progress_(static_cast<double>(node) / eq_.nodes);
+  }
   void Assemble(const ElementRecord& record);
   void AddRow(double* row, const ElementRecord& record, std::size_t elementRow);
   void AddLoads(int node);
@@ -108,6 +117,8 @@ class FrontSweep {
 
   const Equations& eq_;
   const double tolerance_;
+  const Progress& progress_;
+  std::size_t work_ = 0;  // since it was told
   const bool grouped_;
   const int dofs_;  // equations of a node in the front
   const int cases_;
@@ -236,7 +247,9 @@ void FrontSweep::ReduceOthers(int node) {
   const bool narrow = columns_ + slotsInUse_ * dofs_ <= kSharedWidth;
   const bool allPivots =
       narrow && dofs_ == 3 && pivot_[0] != nullptr && pivot_[1] != nullptr && pivot_[2] != nullptr;
+  const std::size_t workOfASlot = static_cast<std::size_t>(3 * dofs_) * stride_;
   for (int slot = 0; slot < slotsInUse_; ++slot) {
+    Worked(workOfASlot, node);
     const int other = nodeAt_[static_cast<std::size_t>(slot)];
     if (other == 0 || other == node) continue;
     const int first = slot * dofs_;
@@ -345,14 +358,15 @@ double* RowStore::Take(std::size_t count) {
 
 std::optional<EliminatedRows> EliminateFront(const Equations& equations, double pivotTolerance,
                                              NoStiffness& fault, const Progress& progress) {
-  return FrontSweep(equations, pivotTolerance).Run(fault, progress);
+  return FrontSweep(equations, pivotTolerance, progress).Run(fault);
 }
 
 CaseTable SubstituteBack(const Equations& equations, const EliminatedRows& rows,
-                         const CaseTable& layerDisplacements) {
+                         const CaseTable& layerDisplacements, const Progress& progress) {
   const int cases = equations.cases;
   const int dofs = equations.layers > 0 ? 2 : 3, firstDof = 3 - dofs;
   CaseTable x(equations.Count(), cases);
+  std::size_t work = 0, done = 0;
   for (auto node = rows.nodes.rbegin(); node != rows.nodes.rend(); ++node) {
     for (int d = dofs - 1; d >= 0; --d) {
       const double* const row = node->row[static_cast<std::size_t>(d)];
@@ -370,6 +384,11 @@ CaseTable SubstituteBack(const Equations& equations, const EliminatedRows& rows,
       for (int h = 0; h < node->layers; ++h)
         SubtractProducts(own, row + cases + h, layerDisplacements[h], 1, cases);
     }
+    ++done;
+    work += kWorkOfANode + node->slot.size() * static_cast<std::size_t>(dofs * dofs * cases);
+    if (work < kWorkBetweenTells) continue;
+    work = 0;
+    progress(static_cast<double>(done) / static_cast<double>(rows.nodes.size()));
   }
   if (equations.layers > 0)
     for (int row = 1; row <= equations.nodes; ++row)

@@ -11,7 +11,6 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -51,9 +50,6 @@ struct EliminatedRows {
   RowStore store;
 };
 
-/// Told as the sweep goes on: share done, 0 to 1.
-using Progress = std::function<void(double share)>;
-
 /// Assembles and eliminates. A pivot of a translation below `pivotTolerance` is an unstable structure: the
 /// answer is nothing, and `fault` says where. One of a rotation is tolerated, and its row stays undivided.
 std::optional<EliminatedRows> EliminateFront(const Equations& equations, double pivotTolerance,
@@ -62,6 +58,6 @@ std::optional<EliminatedRows> EliminateFront(const Equations& equations, double 
 /// Displacements of all equations, from the last eliminated row to the first. `layerDisplacements`: a row a
 /// layer, from 0; empty without groups.
 CaseTable SubstituteBack(const Equations& equations, const EliminatedRows& rows,
-                         const CaseTable& layerDisplacements);
+                         const CaseTable& layerDisplacements, const Progress& progress);
 
 }  // namespace zorlan

@@ -12,12 +12,18 @@ constexpr double kLayerPivot = 0.001;  // t/m; quite unlike the pivot limits of 
 
 }  // namespace
 
-std::optional<CaseTable> SolveLayers(LayerSystem system, NoStiffness& fault) {
+std::optional<CaseTable> SolveLayers(LayerSystem system, NoStiffness& fault, const Progress& progress) {
   const int layers = system.loads.Equations(), cases = system.loads.Cases();
   const auto row = [&](int h) { return system.stiffness.data() + static_cast<std::ptrdiff_t>(h) * layers; };
   const auto held = [&](int h) { return !system.held.empty() && system.held[static_cast<std::size_t>(h)]; };
+  std::size_t work = 0;
   for (int h = 0; h < layers; ++h) {
     if (held(h)) continue;
+    work += static_cast<std::size_t>(layers - h) * static_cast<std::size_t>(layers - h + cases);
+    if (work >= kWorkBetweenTells) {
+      work = 0;
+      progress(static_cast<double>(h) / layers);
+    }
     const double p = row(h)[h];
     if (std::abs(p) <= kLayerPivot) {
       fault = {h + 1, h + 1, NoStiffness::What::Layer};

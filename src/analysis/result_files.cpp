@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "analysis/run_progress.h"
 #include "base/fault.h"
 #include "base/number.h"
 #include "base/text_file.h"
@@ -73,13 +74,16 @@ class NumberReader {
 };
 
 constexpr int kHighestNodeNumber = 5000;
+constexpr std::size_t kValuesBetweenTells = std::size_t{1} << 14;
 
 void WriteLines(const std::string& path, std::span<const double> values) {
   FileWriter file(path);
+  std::size_t written = 0;
   for (const double value : values) {
     AppendPrinted(file.Buffer(), value);
     file.Buffer() += "\r\n";
     file.Drain();
+    if (++written % kValuesBetweenTells == 0) SayGoingOn();
   }
   file.Commit();
 }
@@ -90,7 +94,10 @@ std::vector<double> ReadReals(const std::string& path, std::size_t count) {
   NumberReader reader(path);
   reader.Expect(count);
   std::vector<double> values(count);
-  for (double& value : values) value = reader.Next();
+  for (std::size_t i = 0; i < count; ++i) {
+    values[i] = reader.Next();
+    if ((i + 1) % kValuesBetweenTells == 0) SayGoingOn();
+  }
   return values;
 }
 
@@ -141,6 +148,7 @@ void WriteReactions(const std::string& folder, const Reactions& reactions, React
       text += "\r\n";
       file.Drain();
     }
+  SayGoingOn();
   file.Commit();
 
   std::vector<double> index = {static_cast<double>(reactions.cases),

@@ -11,6 +11,7 @@
 #include "analysis/member_forces.h"
 #include "analysis/reactions.h"
 #include "analysis/result_files.h"
+#include "analysis/run_progress.h"
 #include "base/fault.h"
 #include "base/host.h"
 #include "model/model_state.h"
@@ -51,7 +52,15 @@ void RequireFinite(std::span<const double> values) {
     throw Fault("計算中に数値の範囲を超えました");
 }
 
+// How much of a solve is done at the ends of its long stages.
+constexpr double kBuilt = 0.05, kEliminated = 0.75, kLayersSolved = 0.8, kSubstituted = 0.9;
+
+Progress Between(double from, double to) {
+  return [from, to](double share) { SayShare(from + (to - from) * share); };
+}
+
 void BuildStage(SolverRoad road) {
+  SayShare(0);
   Stage.members = CollectMembers(CalcModel);
   Stage.equations = BuildEquations(CalcModel, Stage.members, road);
   RequireFinite(Stage.equations->loads.Values());
@@ -60,15 +69,15 @@ void BuildStage(SolverRoad road) {
 
 void Eliminate() {
   NoStiffness fault;
-  Stage.rows = EliminateFront(Needed(Stage.equations), PivotTolerance, fault,
-                              [](double share) { TheHost().progress("応力解析", share); });
+  Stage.rows = EliminateFront(Needed(Stage.equations), PivotTolerance, fault, Between(kBuilt, kEliminated));
   if (!Stage.rows) TellInstability(fault);
 }
 
 void SubstituteStage() {
   const EliminatedRows& rows = Needed(Stage.rows);
   Stage.displacements =
-      SubstituteBack(Needed(Stage.equations), rows, Stage.layerDisplacements.value_or(CaseTable()));
+      SubstituteBack(Needed(Stage.equations), rows, Stage.layerDisplacements.value_or(CaseTable()),
+                     Between(kLayersSolved, kSubstituted));
   Stage.rows.reset();
   RequireFinite(Stage.displacements->Values());
 }
@@ -100,7 +109,8 @@ void DFORWARB() {
     Eliminate();
     if (!Stage.rows) return;
     NoStiffness fault;
-    Stage.layerDisplacements = SolveLayers(std::move(Stage.rows->layers), fault);
+    Stage.layerDisplacements =
+        SolveLayers(std::move(Stage.rows->layers), fault, Between(kEliminated, kLayersSolved));
     if (!Stage.layerDisplacements) {
       Stage.rows.reset();
       TellInstability(fault);
@@ -168,12 +178,15 @@ void DREAC_B() {
 }
 
 void DSTRESS1() {
-  RunStage("DSTRESS1",
-           [] { Stage.forces = ElasticForces(Stage.members, IsGrid(), Needed(Stage.displacements)); });
+  RunStage("DSTRESS1", [] {
+    SayShare(kSubstituted);
+    Stage.forces = ElasticForces(Stage.members, IsGrid(), Needed(Stage.displacements));
+  });
 }
 
 void DSTRESS2() {
   RunStage("DSTRESS2", [] {
+    SayShare((1 + kSubstituted) / 2);
     AddLoadForces(CalcModel, Stage.members, AddedForces::All, Needed(Stage.forces));
     RequireFinite(*Stage.forces);
   });

@@ -7,6 +7,7 @@
 #include "analysis/analysis_state.h"
 #include "analysis/external_road.h"
 #include "analysis/merge.h"
+#include "analysis/run_progress.h"
 #include "analysis/stages.h"
 #include "base/fault.h"
 #include "base/host.h"
@@ -26,6 +27,19 @@ constexpr double kPivotTolerance = 1e-20;
 constexpr std::string_view kResultFiles[] = {"FT021", "FT022", "FT022A", "FT031"};
 /// What follows from the forces goes before them, and FT031 before its neighbours.
 constexpr std::string_view kStaleAfterAnalysis[] = {"SIG_S", "DSNS", "DSNRC", "FT031", "FT021"};
+
+// The parts of a run.
+constexpr std::string_view kSolving = "応力解析", kSolvingOutside = "応力解析（外部解析プログラム）",
+                           kWritingResults = "解析結果の書き出し", kWritingListing = "解析結果のリストの作成";
+constexpr RunPart kFirstSolve = {kSolving, 0, 0.25}, kSecondSolve = {kSolving, 0.25, 0.5},
+                  kResults = {kWritingResults, 0.5, 0.7}, kListingOfNodes = {kWritingListing, 0.7, 0.78},
+                  kListingOfMembers = {kWritingListing, 0.78, 1};
+/// A case of a run that is solved case by case.
+RunPart PartOfCase(int loadCase, int cases) {
+  constexpr double kCases = 0.65;
+  const double each = (kCases - kFirstSolve.to) / cases;
+  return {kSolvingOutside, kFirstSolve.to + each * (loadCase - 1), kFirstSolve.to + each * loadCase};
+}
 
 using StageRoutine = void (*)();
 
@@ -88,7 +102,10 @@ bool Solve() {
 /// An in-program analysis is solved twice; the second run overwrites the first, so only its files are
 /// written.
 bool SolveTwice() {
-  if (!Solve() || SolveStatic() == kFalse) return false;
+  BeginPart(kFirstSolve);
+  if (!Solve()) return false;
+  BeginPart(kSecondSolve);
+  if (SolveStatic() == kFalse) return false;
   Report.trust = AssessStages();
   return true;
 }
@@ -97,14 +114,15 @@ bool SolveTwice() {
 /// displacements don't count), then each case by the companion or from that solve's files. A further solve of
 /// the unchanged model for each case of the second kind would give those files again.
 bool SolveCaseByCase(bool roller) {
+  BeginPart(kFirstSolve);
   if (SolveStatic() == kFalse) return false;
   Report.road = Road::External;
   Report.trust = AssessStages();
   MergedResults results(CalcModel.MaxLoadCase, CalcModel.NodeCount, CalcModel.ElemCount);
   for (int c = 1; c <= results.cases; ++c) {
     CalcModel = SavedCalcModel;
+    BeginPart(PartOfCase(c, results.cases));
     if (roller || HasForcedDisplacement(c) != kFalse) {
-      TheHost().progress("応力解析（外部解析プログラム）", static_cast<double>(c - 1) / results.cases);
       if (!SolveExternalCase(c, results)) return false;
       CalcModel = SavedCalcModel;
       Report.trust[static_cast<std::size_t>(c - 1)] = AssessExternalCase(c, results);
@@ -114,6 +132,7 @@ bool SolveCaseByCase(bool roller) {
     }
   }
   CalcModel = SavedCalcModel;
+  BeginPart(kResults);
   WriteMergedResults(results);
   RemoveMagnification(CalcModel);
   RecomputeMidspan();
@@ -135,6 +154,7 @@ void RemoveStaleResults() {
 
 /// A run that broke off leaves no result behind that could be taken for the deck's.
 void DropBrokenRun() {
+  EndParts();
   ClearStages();
   try {
     if (FolderExists(AnalysisPath)) CleanResults(0);
@@ -148,13 +168,17 @@ void DropBrokenRun() {
 
 /// The listing beside the deck. A fault in it is told and changes nothing else.
 void WriteListing() {
-  for (const StageRoutine stage : {DSYSOUT1, DSYSOUT2}) {
+  const std::pair<RunPart, StageRoutine> parts[] = {{kListingOfNodes, DSYSOUT1},
+                                                    {kListingOfMembers, DSYSOUT2}};
+  for (const auto& [part, stage] : parts) {
     AnalysisError.clear();
     AnalysisErrorDetail.clear();
+    BeginPart(part);
     stage();
     if (!AnalysisError.empty()) Tell(AnalysisErrorDetail + " " + AnalysisError);
   }
   if (!FileExists(AnalysisPath + "FT100")) return;
+  EndParts();
   ShareFileOver(AnalysisPath + "FT100", ListingPath());
   TheHost().showListing(ListingPath());
 }
@@ -187,6 +211,7 @@ const AnalysisReport& LastAnalysis() {
 
 std::int16_t SolveStatic() {
   if (!Solve()) return kFalse;
+  BeginPart(kResults);
   RunStage("DSTRESS2", WriteStageResults);  // the stage that leaves the last of the files
   if (AnalysisError.empty()) return kTrue;
   TellFailure();
@@ -215,6 +240,7 @@ std::int16_t RunStaticAnalysis() {
     throw;
   }
   if (!done) DropBrokenRun();
+  EndParts();
   return done ? kTrue : kFalse;
 }
 

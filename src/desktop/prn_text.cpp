@@ -21,6 +21,7 @@
 
 #include "base/host.h"
 #include "base/text_file.h"
+#include "desktop/busy.h"
 #include "desktop/print_job.h"
 #include "desktop/printer_set.h"
 #include "model/model_state.h"
@@ -194,14 +195,18 @@ void frmPrnText::WritePdf() {
                                                       QStringLiteral("ＰＤＦ (*.pdf)"));
   if (target.isEmpty()) return;
   const bool named = target.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
-  QApplication::setOverrideCursor(Qt::WaitCursor);
   std::string failure;
+  SetBusy(true);
   try {
-    ReplaceBytes(FromQt(named ? target : target + QStringLiteral(".pdf")), TextPagesPdf(pages_));
+    const std::string pdf =
+        TextPagesPdf(pages_, [](double share) { ShowProgress("ＰＤＦファイル出力", share); });
+    ReplaceBytes(FromQt(named ? target : target + QStringLiteral(".pdf")), pdf);
+  } catch (const UserStop&) {
+    // Nothing was written; the user knows.
   } catch (const std::exception& fault) {
     failure = fault.what();
   }
-  QApplication::restoreOverrideCursor();
+  EndBusy();
   if (!failure.empty()) Tell(failure);
 }
 

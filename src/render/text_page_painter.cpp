@@ -73,7 +73,7 @@ void SetSheet(QPagedPaintDevice& device, const TextPages& pages) {
   SetSheet(device, QSizeF(double(pages.width) / kUnitsPerMm, double(pages.height) / kUnitsPerMm));
 }
 
-std::string TextPagesPdf(const TextPages& pages) {
+std::string TextPagesPdf(const TextPages& pages, const std::function<void(double share)>& pageDone) {
   if (pages.pages.empty()) return {};
   QByteArray bytes;
   QBuffer buffer(&bytes);
@@ -88,6 +88,7 @@ std::string TextPagesPdf(const TextPages& pages) {
     for (std::size_t page = 0; page < pages.pages.size(); ++page) {
       if (page > 0) writer.newPage();
       PaintTextPage(painter, pages, static_cast<int>(page));
+      if (pageDone) pageDone(static_cast<double>(page + 1) / static_cast<double>(pages.pages.size()));
     }
   }
   return bytes.toStdString();

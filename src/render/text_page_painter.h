@@ -1,6 +1,7 @@
 // Listing pages on Qt's painter: the same on the screen, on a printer and in a PDF file.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -32,7 +33,8 @@ inline constexpr std::string_view kJobTitle = "ZORLAN For Windows";
 void SetSheet(QPagedPaintDevice& device, const QSizeF& sheet);
 void SetSheet(QPagedPaintDevice& device, const TextPages& pages);
 
-/// The pages as a PDF file: its bytes. An empty `pages.pages` answers nothing.
-std::string TextPagesPdf(const TextPages& pages);
+/// The pages as a PDF file: its bytes. An empty `pages.pages` answers nothing. `pageDone` is told the share
+/// of the pages done, 0 to 1, behind each of them.
+std::string TextPagesPdf(const TextPages& pages, const std::function<void(double share)>& pageDone = {});
 
 }  // namespace zorlan

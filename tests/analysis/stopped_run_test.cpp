@@ -1,5 +1,9 @@
 // A run that the user stops, or that fails half-way, leaves nothing that could be taken for its results.
+#include <gmock/gmock.h>
+
+#include <filesystem>
 #include <string>
+#include <vector>
 
 #include "support/analysis_folder.h"
 
@@ -38,6 +42,49 @@ TEST_F(StoppedRunTest, AStopInTheMiddleOfASolveLeavesNoResults) {
   InstallHost(std::move(host));
   EXPECT_THROW(RunStaticAnalysis(), Stop);
   ExpectNoResults();
+}
+
+TEST_F(StoppedRunTest, AStopAtAnyMomentLeavesNothingHalfWritten) {
+  ASSERT_TRUE(Analyse(LongCantilever()));
+  const std::string deck = ReadBytes(DeckPath());
+  int stops = 0;
+  for (bool stopped = true; stopped; stops += stopped) {
+    int left = stops;
+    Host host;
+    host.progress = [&left](std::string_view, double) {
+      if (left-- == 0) throw Stop();
+    };
+    InstallHost(std::move(host));
+    stopped = false;
+    try {
+      EXPECT_EQ(RunStaticAnalysis(), kTrue);
+    } catch (const Stop&) {
+      stopped = true;
+      ExpectNoResults();
+    }
+    for (const std::string& folder : {AnalysisPath, ResultFolder(), DataPath + ProjectName})
+      for (const auto& entry : std::filesystem::directory_iterator(NativePath(folder)))
+        EXPECT_FALSE(IsUnfinishedFile(PathText(entry.path().filename()))) << entry.path();
+    EXPECT_EQ(ReadBytes(DeckPath()), deck);
+  }
+  EXPECT_GT(stops, 15);  // both solves, the result files and the listing can be stopped
+  EXPECT_TRUE(FileExists(ListingPath()));
+}
+
+TEST_F(StoppedRunTest, ARunSaysWhatItDoesAndItsShareNeverFalls) {
+  WriteDeck(LongCantilever());
+  std::vector<std::string> parts;
+  double last = 0;
+  Host host;
+  host.progress = [&](std::string_view what, double share) {
+    if (parts.empty() || parts.back() != what) parts.emplace_back(what);
+    EXPECT_GE(share, last);
+    EXPECT_LE(share, 1);
+    last = share;
+  };
+  InstallHost(std::move(host));
+  EXPECT_EQ(RunStaticAnalysis(), kTrue);
+  EXPECT_THAT(parts, testing::ElementsAre("応力解析", "解析結果の書き出し", "解析結果のリストの作成"));
 }
 
 TEST_F(StoppedRunTest, ACompanionThatDoesNotComeToItsEndLeavesNoResultsOfTheOtherRoad) {

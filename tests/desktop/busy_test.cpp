@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
@@ -119,27 +120,64 @@ class CompanionTest : public DesktopTest {
     ReplaceBytes(ProgramFolder + "anaZorlan", "#!/bin/sh\n" + script + "\n");
     ::chmod((ProgramFolder + "anaZorlan").c_str(), 0700);
   }
+
+  /// A cantilever whose roller settles: the companion's work.
+  void OpenSettling() {
+    ReplaceTextFile(
+        Sample("沈下.inp"),
+        "@CONT\r\n1,1,0\r\n@UNIT\r\n1,1,9.80665,0\r\n@NODE\r\n1,0,0,1,1,1\r\n2,4,0,0,1,0\r\n@ELEM\r\n"
+        "1,1,2,0,0,1,0\r\n@SECT\r\n1,0,100,10000,50,0,1,205000,79000\r\n@SPEC\r\n2,1,0,-1,0\r\n");
+    Window().OpenDeck(ToQt(Sample("沈下.inp")));
+  }
 };
 
 TEST_F(CompanionTest, TheUserStopsAHangingCompanionAndNoResultIsLeft) {
-  InstallCompanion("exec sleep 60");
-  ReplaceTextFile(
-      Sample("沈下.inp"),
-      "@CONT\r\n1,1,0\r\n@UNIT\r\n1,1,9.80665,0\r\n@NODE\r\n1,0,0,1,1,1\r\n2,4,0,0,1,0\r\n@ELEM\r\n"
-      "1,1,2,0,0,1,0\r\n@SECT\r\n1,0,100,10000,50,0,1,205000,79000\r\n@SPEC\r\n2,1,0,-1,0\r\n");
-  Window().OpenDeck(ToQt(Sample("沈下.inp")));
-  QTimer stopper;
-  QObject::connect(&stopper, &QTimer::timeout, [] {
+  OpenSettling();
+  InstallCompanion("echo $$ > \"$(dirname \"$0\")/pid\"; exec sleep 60");
+  int ticks = 0;
+  QString said;
+  QTimer stopper;  // it also stands for the windows that go on painting
+  QObject::connect(&stopper, &QTimer::timeout, [&] {
+    ++ticks;
     const auto* const box = QApplication::activeModalWidget();
     auto* const stop = box == nullptr ? nullptr : box->findChild<QPushButton*>(QStringLiteral("stop"));
-    if (stop != nullptr && stop->isEnabled()) QTest::mouseClick(stop, Qt::LeftButton);
+    if (stop == nullptr || !stop->isEnabled()) return;
+    said = box->findChild<QLabel*>()->text();
+    QTest::mouseClick(stop, Qt::LeftButton);
   });
   stopper.start(50);
   Script().ExpectBox(QStringLiteral("中止"), QStringLiteral("OK"));
   Choose("mnuAnalysisStatic(0)");
+  EXPECT_GT(ticks, 20);
+  EXPECT_EQ(said, QStringLiteral("解析プログラムの終了を待っています"));
+  const auto companion = static_cast<pid_t>(ReadReal(ReadBytes(ProgramFolder + "pid")));
+  EXPECT_EQ(::kill(companion, 0), -1);
   EXPECT_FALSE(Entry("mnuAnalysisStatic(3)")->isEnabled());
   EXPECT_FALSE(FileExists(AnalysisPath + "FT031"));
+  EXPECT_FALSE(FileExists(Sample("沈下.ANA/FT031")));
+  EXPECT_FALSE(FileExists(Sample("沈下.out")));
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(Child<QLabel>(&Window(), "statusResults")->text(), QStringLiteral("解析結果なし"));
+}
+
+TEST_F(CompanionTest, AfterAStopTheNextRunIsWhole) {
+  OpenSettling();
+  InstallCompanion("exec sleep 60");
+  QTimer stopper;
+  QObject::connect(&stopper, &QTimer::timeout, [] {
+    const auto* const box = QApplication::activeModalWidget();
+    auto* const stop = box == nullptr ? nullptr : box->findChild<QPushButton*>(QStringLiteral("stop"));
+    if (stop != nullptr && stop->isEnabled()) QTest::keyClick(stop, Qt::Key_Space);
+  });
+  stopper.start(50);
+  Script().ExpectBox(QStringLiteral("中止"), QStringLiteral("OK"));
+  Choose("mnuAnalysisStatic(0)");
+  stopper.stop();
+  InstallCompanion("exec '" ZORLAN_COMPANION "'");
+  Choose("mnuAnalysisStatic(0)");
+  EXPECT_TRUE(FileExists(Sample("沈下.ANA/FT031")));
+  EXPECT_TRUE(Entry("mnuAnalysisStatic(3)")->isEnabled());
+  EXPECT_NE(OpenForm("frmKakuninText"), nullptr);
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include <QSpinBox>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTimer>
 
 #include "base/cp932.h"
 #include "desktop/desktop_test.h"
@@ -246,6 +247,24 @@ TEST_F(ListingsTest, ThirtyThousandLinesOpenAtOnceInBoth) {
   auto* const text = Child<QPlainTextEdit>(reader, "text");
   EXPECT_EQ(text->textCursor().blockNumber(), 0);
   EXPECT_TRUE(QTest::qWaitFor([text] { return text->blockCount() == 30001; }));
+}
+
+TEST_F(ListingsTest, ALongPdfFileCanBeStoppedAndLeavesNothing) {
+  Form* const preview = Show(kPrintOther, true, Numbered(400000));
+  QTimer stopper;
+  QObject::connect(&stopper, &QTimer::timeout, [&stopper] {
+    const auto* const box = QApplication::activeModalWidget();
+    auto* const stop = box == nullptr ? nullptr : box->findChild<QPushButton*>(QStringLiteral("stop"));
+    if (stop == nullptr || !stop->isEnabled()) return;
+    stopper.stop();
+    QTest::mouseClick(stop, Qt::LeftButton);
+  });
+  stopper.start(20);
+  Script().Expect(QStringLiteral("QFileDialog"), ChooseFile(Documents() + "長い.pdf"));
+  Click(*preview, "pdf");
+  EXPECT_FALSE(stopper.isActive()) << "it was over before it could be stopped";
+  EXPECT_FALSE(FileExists(Documents() + "長い.pdf"));
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(ListingsTest, TheInputCheckShowsItsMessagesInTheReader) {

@@ -39,11 +39,11 @@ inline std::optional<CaseTable> SolveByFront(const Equations& equations, NoStiff
   if (!rows) return std::nullopt;
   CaseTable layers;
   if (equations.layers > 0) {
-    std::optional<CaseTable> solved = SolveLayers(std::move(rows->layers), fault);
+    std::optional<CaseTable> solved = SolveLayers(std::move(rows->layers), fault, [](double) {});
     if (!solved) return std::nullopt;
     layers = std::move(*solved);
   }
-  return SubstituteBack(equations, *rows, layers);
+  return SubstituteBack(equations, *rows, layers, [](double) {});
 }
 
 inline SolvedModel Solve(const ModelRec& model, SolverRoad road) {
