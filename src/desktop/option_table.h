@@ -12,7 +12,6 @@ class QGridLayout;
 
 namespace zorlan {
 
-
 class OptionTable : public QWidget {
  public:
   explicit OptionTable(std::span<const OptionRow> forms);

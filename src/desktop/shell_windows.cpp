@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+#include "desktop/figure_windows.h"
 #include "desktop/folder_dialog_window.h"
 #include "desktop/form.h"
 #include "desktop/input_menu.h"
@@ -73,6 +74,9 @@ void InstallMainWindow(MainWindow& window) {
   table.openInputMenu = [&window, &forms] {
     forms.Show(FormOf<frmInputMenu>(forms, "frmInputMenu", window));
   };
+  table.openModelFigure = [&window] { OpenFigure(window, kModelFigure); };
+  table.dropFigureData = [&window] { DropFigureData(window); };
+  table.drawTyped = [&window](const std::vector<TypedTable>& typed) { DrawTyped(window, typed); };
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
   table.showText = [&window](TextWindow where, int flag, const std::string& path) {

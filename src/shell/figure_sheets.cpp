@@ -4,8 +4,13 @@
 #include <string>
 #include <utility>
 
+#include "base/fault.h"
+#include "base/host.h"
+#include "base/text_file.h"
+#include "graphics/dxf.h"
 #include "graphics/option_figures.h"
 #include "graphics/options.h"
+#include "model/model_state.h"
 #include "output/text_pages.h"
 #include "shell/page_setup.h"
 
@@ -116,6 +121,25 @@ std::vector<DrawOperation> RecordSheet(const FigureSheets& sheets, int page, Fig
   plot.RecordDrawing = true;
   PlotSheet(plot, sheets, page, figure);
   return std::move(plot.drawingList);
+}
+
+bool WriteDxfPage(const FigureSheets& sheets, int page, Figure& figure, const std::string& target) {
+  const std::string number = std::to_string(page + 1);
+  const std::string list = WorkPath + "Page-" + number + ".tmp", dxf = WorkPath + "Page-" + number + ".dxf";
+  std::string reason;
+  try {
+    const std::vector<DrawOperation> operations = RecordSheet(sheets, page, figure);
+    WriteDrawingList(list, operations);
+    if (!operations.empty() && WriteDXF(list, dxf, &reason)) {
+      CopyFileOver(dxf, target);
+      return true;
+    }
+  } catch (const Fault& fault) {
+    reason = fault.what();
+  }
+  Tell("ページNo=" + number + "のDXFファイルは、作成できませんでした" +
+       (reason.empty() ? "" : "\n" + reason));
+  return false;
 }
 
 }  // namespace zorlan

@@ -1,6 +1,7 @@
 // Figures on sheets of paper: which figure stands in which cell, and the drawing of a sheet on any surface.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "graphics/drawing_list.h"
@@ -48,5 +49,9 @@ void DrawSheet(PlotTarget& surface, const FigureSheets& sheets, int page, Figure
 
 /// What DrawSheet puts on a surface, as a drawing list.
 std::vector<DrawOperation> RecordSheet(const FigureSheets& sheets, int page, Figure& figure);
+
+/// Writes page `page` as a DXF file: its drawing list and the file are made in the work folder, and the file
+/// is copied to `target`. False, and told by the page's number, when it can't be made.
+bool WriteDxfPage(const FigureSheets& sheets, int page, Figure& figure, const std::string& target);
 
 }  // namespace zorlan
