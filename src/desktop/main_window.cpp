@@ -24,9 +24,11 @@
 #include "desktop/icons.h"
 #include "desktop/input_menu.h"
 #include "desktop/main_menu.h"
+#include "desktop/one_row_forms.h"
 #include "desktop/option_dialog.h"
 #include "desktop/printer_set.h"
 #include "desktop/prn_text.h"
+#include "desktop/remark.h"
 #include "desktop/shell_windows.h"
 #include "desktop/to_zor2.h"
 #include "desktop/version_form.h"
@@ -49,6 +51,17 @@ void SetUpPrinter(MainWindow& window) {
   if (auto* const preview = qobject_cast<frmPrnText*>(window.Forms().Find("frmPrnText"))) preview->LayOut();
 }
 
+/// The name of the child window in front; empty if there is none.
+std::string FrontForm(const FormArea& forms) {
+  const QMdiSubWindow* const front = forms.activeSubWindow();
+  return front == nullptr || front->widget() == nullptr ? std::string()
+                                                        : FromQt(front->widget()->objectName());
+}
+
+void OpenOneRow(MainWindow& window, Command command) {
+  OpenOneRowForm(window.Forms(), TableFormOf(command));
+}
+
 struct CommandRow {
   Command command;
   std::string_view routine;  // for the report of an error
@@ -69,6 +82,13 @@ constexpr std::array kCommands = {
     CommandRow{Command::PrinterSetUp, "frmPrinterSet", [](MainWindow& window) { SetUpPrinter(window); }},
     CommandRow{Command::PrintInput, "PrintInputList", [](MainWindow&) { PrintInputList(); }},
     CommandRow{Command::Exit, "LeaveProgram", [](MainWindow& window) { window.Leave(); }},
+    CommandRow{Command::Title, "InpTITL", [](MainWindow& window) { OpenOneRow(window, Command::Title); }},
+    CommandRow{Command::SubTitle, "InpSUBT",
+               [](MainWindow& window) { OpenOneRow(window, Command::SubTitle); }},
+    CommandRow{Command::Control, "InpCONT", [](MainWindow& window) { OpenOneRow(window, Command::Control); }},
+    CommandRow{Command::Unit, "InpUNIT", [](MainWindow& window) { OpenOneRow(window, Command::Unit); }},
+    CommandRow{Command::InputHelp, "frmREMARK",
+               [](MainWindow& window) { OpenInputHelp(window.Forms(), FrontForm(window.Forms())); }},
     CommandRow{Command::Check, "CheckInput", [](MainWindow&) { CheckInput(); }},
     CommandRow{Command::ModelFigure, "Model", [](MainWindow& window) { OpenFigure(window, kModelFigure); }},
     CommandRow{Command::Analyse, "AnalyseModel", [](MainWindow&) { AnalyseModel(); }},
@@ -190,10 +210,7 @@ void MainWindow::ComeToFront(const QString& deck) {
 
 void MainWindow::Refresh() {
   setWindowTitle(ToQt(MainCaption()));
-  const QMdiSubWindow* const front = forms_->activeSubWindow();
-  const bool tableForm = front != nullptr && front->widget() != nullptr &&
-                         IsTableForm(FromQt(front->widget()->objectName().toUpper()));
-  const MenuFacts facts = CurrentMenuFacts(tableForm);
+  const MenuFacts facts = CurrentMenuFacts(IsTableForm(FrontForm(*forms_)));
   menu_->Update(facts);
   if (auto* const tables = qobject_cast<frmInputMenu*>(forms_->Find("frmInputMenu"))) tables->Update(facts);
   if (loaded_) menu_->ShowRecent(RecentModels());

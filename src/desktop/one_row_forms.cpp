@@ -17,6 +17,7 @@
 #include "base/cp932.h"
 #include "base/host.h"
 #include "desktop/number_box.h"
+#include "model/model_state.h"
 #include "render/fonts.h"
 #include "render/qt_text.h"
 #include "shell/windows.h"

@@ -47,9 +47,10 @@ QSize frmREMARK::sizeHint() const {
   const QFontMetricsF metrics(text_->font());
   const double margins = 2 * text_->document()->documentMargin();
   const int columns = columns_ > 0 ? columns_ : kEmptyColumns;
-  const int lines = columns_ > 0 ? text_->document()->blockCount() : kEmptyLines;
+  // One line to spare: the box takes a last line that touches its edge for one that is cut.
+  const int lines = 1 + (columns_ > 0 ? text_->document()->blockCount() : kEmptyLines);
   return {static_cast<int>(std::ceil(metrics.horizontalAdvance(QLatin1Char('0')) * columns + margins)),
-          static_cast<int>(std::ceil(metrics.lineSpacing() * lines + margins))};
+          static_cast<int>(std::ceil(metrics.lineSpacing()) * lines + margins)};
 }
 
 void OpenInputHelp(FormArea& forms, const std::string& form) {

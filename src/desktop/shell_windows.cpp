@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+#include "desktop/add_num.h"
 #include "desktop/figure_windows.h"
 #include "desktop/folder_dialog_window.h"
 #include "desktop/form.h"
@@ -79,6 +80,7 @@ void InstallMainWindow(MainWindow& window) {
   table.drawTyped = [&window](const std::vector<TypedTable>& typed) { DrawTyped(window, typed); };
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
+  table.addNum = [&window](std::string_view mode) { return AskNumber(mode, &window); };
   table.showText = [&window](TextWindow where, int flag, const std::string& path) {
     ShowTextIn(window, where, flag, path);
   };
