@@ -1,10 +1,11 @@
 #include "desktop/form.h"
 
 #include <algorithm>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QProxyStyle>
 
@@ -55,6 +56,25 @@ void Form::Unload() {
 
 void Form::closeEvent(QCloseEvent* event) {
   event->setAccepted(unloading_ || Commit());
+}
+
+void Form::Edit(Command command) {
+  auto* const box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+  if (box == nullptr || !isAncestorOf(box)) return;
+  switch (command) {
+    case Command::Undo:
+      return box->undo();
+    case Command::Redo:
+      return box->redo();
+    case Command::Cut:
+      return box->cut();
+    case Command::Copy:
+      return box->copy();
+    case Command::Paste:
+      return box->paste();
+    default:
+      return;
+  }
 }
 
 void Form::focusInEvent(QFocusEvent* event) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "shell/menu.h"
+
 class QMdiSubWindow;
 class QStyle;
 
@@ -30,6 +32,9 @@ class Form : public QWidget {
 
   /// Called behind every command: a form that shows a file shows it as it is now.
   virtual void Renew() {}
+
+  /// An entry of the Edit menu. A form without a grid does it in the box that has the focus.
+  virtual void Edit(Command command);
 
  protected:
   /// What must hold before the form may close; it has told the user why not.

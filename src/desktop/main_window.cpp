@@ -30,6 +30,7 @@
 #include "desktop/prn_text.h"
 #include "desktop/remark.h"
 #include "desktop/shell_windows.h"
+#include "desktop/table_window.h"
 #include "desktop/to_zor2.h"
 #include "desktop/version_form.h"
 #include "render/qt_text.h"
@@ -62,6 +63,19 @@ void OpenOneRow(MainWindow& window, Command command) {
   OpenOneRowForm(window.Forms(), TableFormOf(command));
 }
 
+/// The form in front does it.
+template <Command command>
+void EditInFront(MainWindow& window) {
+  const QMdiSubWindow* const front = window.Forms().activeSubWindow();
+  if (auto* const form = front == nullptr ? nullptr : qobject_cast<Form*>(front->widget()))
+    form->Edit(command);
+}
+
+template <Command command>
+void OpenTable(MainWindow& window) {
+  OpenTableWindow(window, TableFormOf(command));
+}
+
 struct CommandRow {
   Command command;
   std::string_view routine;  // for the report of an error
@@ -89,6 +103,28 @@ constexpr std::array kCommands = {
     CommandRow{Command::Unit, "InpUNIT", [](MainWindow& window) { OpenOneRow(window, Command::Unit); }},
     CommandRow{Command::InputHelp, "frmREMARK",
                [](MainWindow& window) { OpenInputHelp(window.Forms(), FrontForm(window.Forms())); }},
+    CommandRow{Command::Undo, "EditUndo", EditInFront<Command::Undo>},
+    CommandRow{Command::Redo, "EditRedo", EditInFront<Command::Redo>},
+    CommandRow{Command::Cut, "EditCut", EditInFront<Command::Cut>},
+    CommandRow{Command::Copy, "EditCopy", EditInFront<Command::Copy>},
+    CommandRow{Command::Paste, "EditPaste", EditInFront<Command::Paste>},
+    CommandRow{Command::InsertRow, "EditInsertRow", EditInFront<Command::InsertRow>},
+    CommandRow{Command::DeleteRow, "EditDeleteRow", EditInFront<Command::DeleteRow>},
+    CommandRow{Command::Assign, "EditAssign", EditInFront<Command::Assign>},
+    CommandRow{Command::Add, "EditAdd", EditInFront<Command::Add>},
+    CommandRow{Command::FindFault, "EditFindFault", EditInFront<Command::FindFault>},
+    CommandRow{Command::Node, "InpNODE", OpenTable<Command::Node>},
+    CommandRow{Command::Element, "InpELEM", OpenTable<Command::Element>},
+    CommandRow{Command::Section, "InpSECT", OpenTable<Command::Section>},
+    CommandRow{Command::NodalLoad, "InpPLOD", OpenTable<Command::NodalLoad>},
+    CommandRow{Command::ElementLoad, "InpELOD", OpenTable<Command::ElementLoad>},
+    CommandRow{Command::CmqLoad, "InpCLOD", OpenTable<Command::CmqLoad>},
+    CommandRow{Command::TemperatureLoad, "InpTLOD", OpenTable<Command::TemperatureLoad>},
+    CommandRow{Command::Spring, "InpSPRG", OpenTable<Command::Spring>},
+    CommandRow{Command::ForcedDisplacement, "InpSPEC", OpenTable<Command::ForcedDisplacement>},
+    CommandRow{Command::RigidZone, "InpRIGD", OpenTable<Command::RigidZone>},
+    CommandRow{Command::Magnification, "InpALFA", OpenTable<Command::Magnification>},
+    CommandRow{Command::SameDisplacement, "InpDISP", OpenTable<Command::SameDisplacement>},
     CommandRow{Command::Check, "CheckInput", [](MainWindow&) { CheckInput(); }},
     CommandRow{Command::ModelFigure, "Model", [](MainWindow& window) { OpenFigure(window, kModelFigure); }},
     CommandRow{Command::Analyse, "AnalyseModel", [](MainWindow&) { AnalyseModel(); }},

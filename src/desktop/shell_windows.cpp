@@ -15,6 +15,7 @@
 #include "desktop/name_dialog_window.h"
 #include "desktop/prn_text.h"
 #include "desktop/project_dialog_window.h"
+#include "desktop/table_window.h"
 #include "render/qt_text.h"
 #include "shell/project_copies.h"
 #include "shell/project_dialog.h"
@@ -81,6 +82,11 @@ void InstallMainWindow(MainWindow& window) {
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
   table.addNum = [&window](std::string_view mode) { return AskNumber(mode, &window); };
+  table.takeNodes = [&window](const std::vector<int>& nodes) { return TakePickedNodes(window, nodes); };
+  table.showRow = [&window](const std::string& key, int page, int number) {
+    return ShowTableRow(window, key, page, number);
+  };
+  table.followControl = [&window] { FollowControl(window); };
   table.showText = [&window](TextWindow where, int flag, const std::string& path) {
     ShowTextIn(window, where, flag, path);
   };

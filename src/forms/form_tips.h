@@ -9,11 +9,11 @@ namespace zorlan::form_data {
 
 inline constexpr std::string_view kMetres = "Ｘ／Ｙ座標の単位は　ｍ　です。";
 inline constexpr std::string_view kRollerSupport =
-    "Ｕ：水平方向　Ｖ：鉛直方向　θ：回転\n境界条件　自　　由   ：０\n　　　　　拘　　束   ：１\n　　　　　バネ支持   ：２\n　　　　　傾斜ﾛｰﾗ支持：４ -- 傾斜ﾛｰﾗ角度を入力する";
+    "境界条件　自　　由   ：０\n　　　　　拘　　束   ：１\n　　　　　バネ支持   ：２\n　　　　　傾斜ﾛｰﾗ支持：４ -- 傾斜ﾛｰﾗ角度を入力する\nＵ：水平方向　Ｖ：鉛直方向　θ：回転";
 inline constexpr std::string_view kFrameSupport =
-    "Ｕ：水平方向　Ｖ：鉛直方向　θ：回転\n境界条件　自　　由   ：０\n　　　　　拘　　束   ：１\n　　　　　バネ支持   ：２";
+    "境界条件　自　　由   ：０\n　　　　　拘　　束   ：１\n　　　　　バネ支持   ：２\nＵ：水平方向　Ｖ：鉛直方向　θ：回転";
 inline constexpr std::string_view kGridSupport =
-    "Ｗ：Ｚ軸方向　θx：Ｘ軸回り　θy：Ｙ軸回り\n境界条件　自　　由：０\n　　　　　拘　　束：１\n　　　　　バネ支持：２";
+    "境界条件　自　　由：０\n　　　　　拘　　束：１\n　　　　　バネ支持：２\nＷ：Ｚ軸方向　θx：Ｘ軸回り　θy：Ｙ軸回り";
 inline constexpr ColumnTip kNodeTips[] = {
     {FormCase::Always, 1, "節点数 1000以下      最大節点番号 5000以下"},
     {FormCase::Always, 2, kMetres},
@@ -63,12 +63,16 @@ inline const SectionType* TypeOfRow(const RowView& row) {
   const double type = row.Real(2);
   return type >= 0 && type <= 12 ? &kSectionTypes[static_cast<std::size_t>(type)] : nullptr;
 }
-/// " 0 直接入力     1 Ｂ×Ｄ ..."
-inline std::string SectionTypeTip(const RowView&) {
+/// The row's own shape first.
+inline std::string SectionTypeTip(const RowView& row) {
+  const auto line = [](std::size_t number) {
+    return std::to_string(number).append("：").append(kSectionTypes[number].shape);
+  };
   std::string tip = "TYPE";
-  int number = 0;
-  for (const SectionType& type : kSectionTypes)
-    tip.append("\n").append(std::to_string(number++)).append("：").append(type.shape);
+  if (const SectionType* const own = TypeOfRow(row); own != nullptr && !row.Blank(2))
+    tip.append(" ").append(line(static_cast<std::size_t>(own - kSectionTypes))).append("\n");
+  for (std::size_t number = 0; number < std::size(kSectionTypes); ++number)
+    tip.append("\n").append(line(number));
   return tip;
 }
 /// "P3  TYPE 2 Ｈ形鋼（強軸）：tw (mm)"

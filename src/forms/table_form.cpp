@@ -49,6 +49,30 @@ std::string_view Bare(std::string_view text) {
   }
 }
 
+/// The text without the blanks that put it into columns: "自　　由   ：０" -> "自由：０".
+std::string WithoutColumns(std::string_view text) {
+  std::string plain;
+  while (!text.empty()) {
+    std::string_view behind = text;
+    int blanks = 0, wide = 0;
+    for (;; ++blanks) {
+      const bool isWide = behind.starts_with(kWideBlank);
+      if (!isWide && !behind.starts_with(' ')) break;
+      behind.remove_prefix(isWide ? kWideBlank.size() : 1);
+      wide += isWide ? 1 : 0;
+    }
+    const bool beforeSign = behind.starts_with("：") || behind.starts_with(':') || behind.starts_with(',');
+    if (blanks > 1) {
+      if (wide == 0 && !beforeSign) plain += ' ';
+      text = behind;
+    } else {
+      plain += text.front();
+      text.remove_prefix(1);
+    }
+  }
+  return plain;
+}
+
 /// A column from its header cell, such as ">Ｅ(t/cm2) ".
 Column ColumnOf(std::string_view cell, std::string_view mask) {
   Column column;
@@ -148,8 +172,9 @@ std::string CellTip(const TableForm& form, const FormSetting& setting, int colum
 std::string TipLine(std::string_view tip) {
   std::string line;
   while (const std::optional<std::string_view> part = TakeLine(tip)) {
-    if (!line.empty()) line += kWideBlank;
-    line += Bare(*part);
+    const std::string words = WithoutColumns(Bare(*part));
+    if (!line.empty() && !words.empty()) line += kWideBlank;
+    line += words;
   }
   return line;
 }

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPixmap>
+#include <QTableView>
 #include <QTreeWidget>
 
 #include "desktop/boxes.h"
@@ -107,6 +108,31 @@ TEST_F(PicturesTest, OtherDialogs) {
   Script().Expect(QStringLiteral("保存して"), [](QWidget& box) { LookAndReject(box, "question"); });
   ModelChanged = true;
   Choose("mnuFileItem(10)");
+}
+
+TEST_F(PicturesTest, TableForms) {
+  const std::pair<const char*, const char*> forms[] = {
+      {"mnuDataItem(4)", "InpNODE"},  {"mnuDataItem(5)", "InpELEM"},  {"mnuDataItem(6)", "InpSECT"},
+      {"mnuLoad(0)", "InpPLOD"},      {"mnuLoad(1)", "InpELOD"},      {"mnuLoad(2)", "InpCLOD"},
+      {"mnuLoad(3)", "InpTLOD"},      {"mnuDataItem(8)", "InpSPRG"},  {"mnuDataItem(9)", "InpSPEC"},
+      {"mnuDataItem(10)", "InpRIGD"}, {"mnuDataItem(11)", "InpALFA"}, {"mnuDataItem(12)", "InpDISP"}};
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  for (const auto& [entry, name] : forms) {
+    Choose(entry);
+    Look(*OpenForm(name), name);
+    OpenForm(name)->CloseForm();
+  }
+  for (const char* const entry : {"mnuDataItem(4)", "mnuDataItem(5)", "mnuDataItem(6)"}) Choose(entry);
+  Look(Window(), "tables");
+  Choose("mnuWindowItem(1)");
+  Look(Window(), "tables-tiled");
+  Window().Forms().UnloadAll();
+  OpenSample(QStringLiteral("木造トラス"));
+  Choose("mnuDataItem(6)");
+  auto* const grid = Child<QTableView>(OpenForm("InpSECT"), "grid");
+  grid->setCurrentIndex(grid->model()->index(2, 10));
+  QTest::keyClicks(grid, QStringLiteral("x"));
+  Look(*OpenForm("InpSECT"), "InpSECT-timber");
 }
 
 }  // namespace

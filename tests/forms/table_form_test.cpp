@@ -131,9 +131,15 @@ TEST(TableForm, ASectionsSizesAreExplainedByItsType) {
   EXPECT_EQ(TipOf("InpSECT", kFrame, 3, {"1", "-1"}), "");
 }
 
-TEST(TableForm, ATipOnOneLineHasNoIndents) {
-  EXPECT_EQ(TipLine("境界条件　自　　由：０\n　　　　　拘　　束：１"),
-            "境界条件　自　　由：０　拘　　束：１");
+TEST(TableForm, ATipOnOneLineHasNoColumns) {
+  EXPECT_EQ(TipLine("境界条件　自　　由   ：０\n　　　　　拘　　束   ：１"), "境界条件　自由：０　拘束：１");
+  EXPECT_EQ(TipLine(" MG : 部材座標系 = 0   , 絶対座標系\n\n"), "MG : 部材座標系 = 0, 絶対座標系");
+}
+
+TEST(TableForm, TheTipOfATypeBeginsWithTheRowsOwn) {
+  EXPECT_THAT(TipOf("InpSECT", kFrame, 2, {"1", "2"}),
+              testing::StartsWith("TYPE 2：Ｈ形鋼（強軸）\n\n0：直接入力\n"));
+  EXPECT_THAT(TipOf("InpSECT", kFrame, 2, {"1"}), testing::StartsWith("TYPE\n0：直接入力\n"));
 }
 
 }  // namespace

@@ -32,6 +32,8 @@ constexpr const char* kTree[] = {
     "..入力ﾓﾃﾞﾙの印刷(&P) | mnuFileItem",
     "..ZORLAN for Windowsの終了(&X) | mnuFileItem",
     "編集(&E) | mnuEdit",
+    "..元に戻す(&U) | mnuUndo",
+    "..やり直し(&R) | mnuRedo",
     "..切り取り(&T) | mnuEditItem",
     "..ｺﾋﾟｰ(&C) | mnuEditItem",
     "..貼り付け(&P) | mnuEditItem",
@@ -39,6 +41,7 @@ constexpr const char* kTree[] = {
     "..行削除(&D) | mnuEditItem",
     "..一括代入 | mnuEditItem",
     "..加算 | mnuEditItem",
+    "..誤りのある行へ(&G) | mnuFindFault",
     "ﾃﾞｰﾀ(&D) | mnuData",
     "..タイトル | mnuDataItem",
     "..サブタイトル | mnuDataItem",
@@ -193,9 +196,9 @@ const std::set<Command> kWithForces = {
     Command::DesignConcrete, Command::DesignTimber,       Command::SteelFigure,    Command::ConcreteFigure,
     Command::LoadFigure,     Command::DisplacementFigure, Command::NormalFigure,   Command::ShearFigure,
     Command::MomentFigure,   Command::PrintFigures,       Command::DisplayOptions, Command::ResultOptions};
-const std::set<Command> kWithTableForm = {Command::Cut,       Command::Copy,      Command::Paste,
-                                          Command::InsertRow, Command::DeleteRow, Command::Assign,
-                                          Command::Add,       Command::InputHelp};
+const std::set<Command> kWithTableForm = {
+    Command::Cut, Command::Copy,      Command::Paste, Command::InsertRow, Command::DeleteRow, Command::Assign,
+    Command::Add, Command::InputHelp, Command::Undo,  Command::Redo,      Command::FindFault};
 
 std::set<Command> Union(std::initializer_list<std::set<Command>> sets) {
   std::set<Command> all;

@@ -1,0 +1,389 @@
+#include "desktop/table_view.h"
+
+#include <algorithm>
+#include <QCoreApplication>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include "desktop/cell_box.h"
+#include "forms/typing.h"
+#include "render/fonts.h"
+#include "render/qt_text.h"
+
+namespace zorlan {
+namespace {
+
+constexpr double kPoints = 10.5;
+constexpr int kSidePadding = 5;  // pixels beside a cell's text
+constexpr int kLinePadding = 3;  // above and below it
+constexpr int kMinColumn = 9;    // half-width characters
+constexpr int kNameColumn = 20;
+constexpr int kShownRows = 20;
+
+/// The colour of a selection, thinned: what is written on it stays legible in both themes.
+QColor Tint(const QPalette& palette, double share) {
+  const QColor full = palette.color(QPalette::Highlight), base = palette.color(QPalette::Base);
+  const auto mixed = [&](int a, int b) { return qRound(share * a + (1 - share) * b); };
+  return {mixed(full.red(), base.red()), mixed(full.green(), base.green()), mixed(full.blue(), base.blue())};
+}
+
+/// Paints a cell of the ledger: the current row tinted, the selection over it, a frame on the current cell.
+class LedgerDelegate : public QStyledItemDelegate {
+ public:
+  explicit LedgerDelegate(const TableView* view) : QStyledItemDelegate(nullptr), view_(view) {}
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QPalette& palette = option.palette;
+    const QModelIndex current = view_->currentIndex();
+    // The style has filled a selected cell already.
+    if (index.row() == current.row() && !option.state.testFlag(QStyle::State_Selected))
+      painter->fillRect(option.rect, Tint(QGuiApplication::palette(), 0.09));
+    const QString text = index.data(Qt::DisplayRole).toString();
+    if (!text.isEmpty()) {
+      const QRect room = option.rect.adjusted(kSidePadding, 0, -kSidePadding, 0);
+      painter->setPen(palette.color(QPalette::Text));
+      const bool right = index.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight;
+      const bool cut = option.fontMetrics.horizontalAdvance(text) > room.width();
+      // A number that is cut shows it: without its end it would be another number.
+      painter->drawText(room, Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft),
+                        cut ? option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()) : text);
+    }
+    if (index == current) {
+      painter->setPen(QPen(QGuiApplication::palette().color(QPalette::Highlight), 2));
+      painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+    }
+  }
+
+ private:
+  const TableView* view_;
+};
+
+}  // namespace
+
+TableView::TableView(const TableEditor& editor, TableModel* model) : editor_(editor), model_(model) {
+  setObjectName(QStringLiteral("grid"));
+  setFont(FixedFont(kPoints));
+  QPalette light = QGuiApplication::palette();
+  light.setColor(QPalette::Highlight, Tint(light, 0.28));
+  light.setColor(QPalette::HighlightedText, light.color(QPalette::Text));
+  setPalette(light);
+  setModel(model);
+  auto* const delegate = new LedgerDelegate(this);
+  delegate->setParent(this);
+  setItemDelegate(delegate);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(ContiguousSelection);
+  setWordWrap(false);
+  setTextElideMode(Qt::ElideRight);
+  setVerticalScrollMode(ScrollPerItem);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setTabKeyNavigation(false);  // Tab is a key of the ledger's own
+  setCornerButtonEnabled(false);
+  corner_ = new QLabel(QStringLiteral("番号"), this);
+  corner_->setAlignment(Qt::AlignCenter);
+  corner_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  typingBox_ = new CellBox(viewport());
+  typingBox_->setObjectName(QStringLiteral("InputBox"));
+  editBox_ = new CellBox(viewport());
+  editBox_->setObjectName(QStringLiteral("InputEditBox"));
+  for (CellBox* const box : {typingBox_, editBox_}) {
+    connect(box, &CellBox::typed, this, &TableView::typed);
+    connect(box, &CellBox::refused, this, &TableView::refused);
+    connect(box, &CellBox::left, this, &TableView::CloseBox);
+    connect(box, &CellBox::cancelled, this, &TableView::CancelBox);
+    connect(box, &CellBox::movesOn, this, &TableView::MoveOn);
+  }
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &TableView::PlaceBox);
+  connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &TableView::PlaceBox);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, &TableView::PlaceBox);
+  FitColumns();
+  setCurrentIndex(model->index(0, 0));
+}
+
+void TableView::FitColumns() {
+  const QFontMetricsF metrics(font());
+  const double half = metrics.horizontalAdvance(QLatin1Char('0'));
+  QHeaderView* const rows = verticalHeader();
+  rows->setSectionResizeMode(QHeaderView::Fixed);  // measuring every row would take a second
+  rows->setDefaultSectionSize(qRound(metrics.height()) + 2 * kLinePadding);
+  rows->setFixedWidth(qRound(6 * half) + 2 * kSidePadding);
+  rows->setHighlightSections(true);
+  QHeaderView* const header = horizontalHeader();
+  header->setSectionResizeMode(QHeaderView::Interactive);
+  header->setHighlightSections(true);
+  header->setDefaultAlignment(Qt::AlignCenter);
+  for (int c = 0; c < model_->columnCount(); ++c) {
+    const Column& column = editor_.ColumnAt(c + 1);
+    const int characters = std::max({column.width, column.IsNumber() ? kMinColumn : kNameColumn});
+    header->resizeSection(c, qRound(characters * half) + 2 * kSidePadding + 2);
+  }
+}
+
+QSize TableView::sizeHint() const {
+  const int width = verticalHeader()->width() + horizontalHeader()->length() +
+                    verticalScrollBar()->sizeHint().width() + 2 * frameWidth() + 2;
+  const int height = horizontalHeader()->sizeHint().height() +
+                     kShownRows * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
+  return {std::max(width, 360), height};
+}
+
+CellPlace TableView::Current() const {
+  return model_->PlaceOf(currentIndex());
+}
+
+CellRange TableView::Selected() const {
+  const QItemSelection selection = selectionModel()->selection();
+  const CellPlace current = Current();
+  if (selection.isEmpty()) return RangeBetween(current, current);
+  CellRange range = RangeBetween(model_->PlaceOf(selection.first().topLeft()),
+                                 model_->PlaceOf(selection.first().bottomRight()));
+  for (const QItemSelectionRange& part : selection) {  // one rectangle, told in pieces
+    range.top = std::min(range.top, part.top() + 1);
+    range.left = std::min(range.left, part.left() + 1);
+    range.bottom = std::max(range.bottom, part.bottom() + 1);
+    range.right = std::max(range.right, part.right() + 1);
+  }
+  return range;
+}
+
+void TableView::GoTo(const CellPlace& place, bool middle) {
+  const QModelIndex index = model_->IndexOf(place);
+  setCurrentIndex(index);
+  if (middle) scrollTo(index, PositionAtCenter);
+}
+
+void TableView::Select(const CellRange& range) {
+  const QModelIndex first = model_->IndexOf({model_->Page(), range.top, range.left});
+  const QModelIndex last = model_->IndexOf({model_->Page(), range.bottom, range.right});
+  selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+  selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
+}
+
+void TableView::SelectUsedRows() {
+  const int last = std::max(editor_.Cells().LastRow(model_->Page()), 1);
+  Select({1, 1, last, model_->columnCount()});
+}
+
+CellBox* TableView::OpenBox(bool typing) {
+  CloseBox();
+  const CellPlace place = Current();
+  open_ = typing ? typingBox_ : editBox_;
+  open_->setFont(font());
+  open_->SetMask(editor_.ColumnAt(place.column).mask);
+  open_->SetTyping(typing);
+  open_->setText(typing ? QString() : ToQt(editor_.Text(place)));
+  open_->setAlignment(editor_.ColumnAt(place.column).right ? Qt::AlignRight : Qt::AlignLeft);
+  scrollTo(currentIndex());
+  PlaceBox();
+  open_->show();
+  open_->setFocus();
+  open_->end(false);
+  return open_;
+}
+
+void TableView::PlaceBox() {
+  if (open_ == nullptr) return;
+  QRect cell = visualRect(currentIndex());
+  if (!open_->hasFocus()) cell.setWidth(std::max(cell.width(), 40));
+  open_->setGeometry(cell);
+}
+
+void TableView::CloseBox() {
+  if (open_ == nullptr) return;
+  CellBox* const box = std::exchange(open_, nullptr);
+  if (box->hasFocus()) setFocus();  // a focused box that hides would pass the focus on
+  box->hide();
+  emit stored(box->text());
+}
+
+void TableView::CancelBox() {
+  if (open_ == nullptr) return;
+  CellBox* const box = std::exchange(open_, nullptr);
+  setFocus();
+  box->hide();
+}
+
+void TableView::MoveOn(QKeyEvent* event) {
+  CloseBox();
+  keyPressEvent(event);
+}
+
+void TableView::Step(int rows, int columns) {
+  CellPlace place = Current();
+  place.row += rows;
+  place.column += columns;
+  const int last = model_->columnCount();
+  // Tab runs on in the next row.
+  if (place.column > last && place.row < kGridRows) place = {place.page, place.row + 1, 1};
+  if (place.column < 1 && place.row > 1) place = {place.page, place.row - 1, last};
+  place.row = std::clamp(place.row, 1, kGridRows);
+  place.column = std::clamp(place.column, 1, last);
+  GoTo(place);
+}
+
+CellPlace TableView::EdgeOfData(CellPlace from, int rows, int columns) const {
+  const int lastRow = std::max({editor_.Cells().LastRow(from.page), from.row, 1});
+  const int lastColumn = model_->columnCount();
+  const auto next = [&](const CellPlace& at) {
+    return CellPlace{at.page, at.row + rows, at.column + columns};
+  };
+  const auto inside = [&](const CellPlace& at) {
+    return at.row >= 1 && at.row <= lastRow && at.column >= 1 && at.column <= lastColumn;
+  };
+  const auto filled = [&](const CellPlace& at) { return inside(at) && !editor_.Text(at).empty(); };
+  const bool inBlock = filled(from) && filled(next(from));
+  CellPlace at = from;
+  while (inside(next(at))) {
+    at = next(at);
+    if (inBlock ? !filled(next(at)) : filled(at)) break;
+  }
+  return at;
+}
+
+std::optional<CellPlace> TableView::TargetOf(const QKeyEvent& event) const {
+  const CellPlace at = Current();
+  const int lastColumn = model_->columnCount();
+  const int page = std::max(1, rowAt(viewport()->height() - 1) - rowAt(0));
+  const bool jump = event.modifiers().testFlag(Qt::ControlModifier);
+  const auto moved = [&](int rows, int columns) {
+    if (jump) return EdgeOfData(at, rows, columns);
+    return CellPlace{at.page, std::clamp(at.row + rows, 1, kGridRows),
+                     std::clamp(at.column + columns, 1, lastColumn)};
+  };
+  switch (event.key()) {
+    case Qt::Key_Up:
+      return moved(-1, 0);
+    case Qt::Key_Down:
+      return moved(1, 0);
+    case Qt::Key_Left:
+      return moved(0, -1);
+    case Qt::Key_Right:
+      return moved(0, 1);
+    case Qt::Key_Home:
+      return CellPlace{at.page, jump ? 1 : at.row, 1};
+    case Qt::Key_End:
+      return CellPlace{at.page, jump ? std::max(editor_.Cells().LastRow(at.page), 1) : at.row, lastColumn};
+    case Qt::Key_PageUp:
+      return CellPlace{at.page, std::max(at.row - page, 1), at.column};
+    case Qt::Key_PageDown:
+      return CellPlace{at.page, std::min(at.row + page, kGridRows), at.column};
+    default:
+      return std::nullopt;
+  }
+}
+
+void TableView::Extend(const CellPlace& place) {
+  const CellRange range = Selected();
+  const CellPlace current = Current();
+  // The selection began at the corner across from the cursor.
+  const CellPlace start{place.page, current.row == range.top ? range.bottom : range.top,
+                        current.column == range.left ? range.right : range.left};
+  const CellRange grown = RangeBetween(start, place);
+  selectionModel()->setCurrentIndex(model_->IndexOf(place), QItemSelectionModel::NoUpdate);
+  selectionModel()->select(QItemSelection(model_->IndexOf({place.page, grown.top, grown.left}),
+                                          model_->IndexOf({place.page, grown.bottom, grown.right})),
+                           QItemSelectionModel::ClearAndSelect);
+  scrollTo(currentIndex());
+}
+
+void TableView::keyPressEvent(QKeyEvent* event) {
+  const bool back = event->modifiers().testFlag(Qt::ShiftModifier);
+  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return Step(back ? -1 : 1, 0);
+    case Qt::Key_Tab:
+      return Step(0, back ? -1 : 1);
+    case Qt::Key_Backtab:
+      return Step(0, -1);
+    case Qt::Key_F2:
+      OpenBox(/*typing=*/false);
+      return;
+    case Qt::Key_Backspace:
+      QCoreApplication::sendEvent(OpenBox(/*typing=*/false), event);
+      return;
+    case Qt::Key_Delete:
+      emit emptied();
+      return;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      if (!control) break;
+      emit pageAsked(event->key() == Qt::Key_PageUp ? -1 : 1);
+      return;
+    default:
+      break;
+  }
+  if (const std::optional<CellPlace> target = TargetOf(*event)) {
+    if (back)
+      Extend(*target);
+    else
+      GoTo(*target);
+  } else if (event->matches(QKeySequence::SelectAll)) {
+    SelectUsedRows();
+  } else if (!control && !event->modifiers().testFlag(Qt::AltModifier) && !event->text().isEmpty() &&
+             event->text().front().isPrint()) {
+    if (Takes(event->text()))
+      QCoreApplication::sendEvent(OpenBox(/*typing=*/true), event);
+    else
+      emit refused();
+  } else if (event->key() == Qt::Key_Escape) {
+    event->ignore();  // the form's
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+}
+
+bool TableView::Takes(const QString& text) const {
+  return !FilterTyped(editor_.ColumnAt(Current().column).mask, FromQt(text)).text.empty();
+}
+
+void TableView::inputMethodEvent(QInputMethodEvent* event) {
+  if (!event->preeditString().isEmpty() || Takes(event->commitString()))
+    QCoreApplication::sendEvent(OpenBox(/*typing=*/true), event);
+  else if (!event->commitString().isEmpty())
+    emit refused();
+}
+
+void TableView::mouseDoubleClickEvent(QMouseEvent* event) {
+  QTableView::mouseDoubleClickEvent(event);
+  if (currentIndex().isValid()) OpenBox(/*typing=*/false);
+}
+
+void TableView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  viewport()->update();  // the tint goes from row to row
+  if (current.isValid()) emit movedTo(Current());
+}
+
+void TableView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  emit movedTo(Current());
+}
+
+void TableView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  corner_->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(), horizontalHeader()->height());
+  PlaceBox();
+}
+
+bool TableView::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    auto* const key = static_cast<QKeyEvent*>(event);
+    const bool tab = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
+    if (tab && !key->modifiers().testFlag(Qt::ControlModifier)) {
+      keyPressEvent(key);
+      return true;
+    }
+  }
+  return QTableView::event(event);
+}
+
+}  // namespace zorlan

@@ -1,0 +1,379 @@
+#include "desktop/table_window.h"
+
+#include <algorithm>
+#include <QBoxLayout>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTabBar>
+
+#include "base/fault.h"
+#include "base/host.h"
+#include "base/number.h"
+#include "desktop/cell_box.h"
+#include "desktop/main_window.h"
+#include "forms/typing.h"
+#include "render/qt_text.h"
+#include "shell/projects.h"
+#include "shell/windows.h"
+
+namespace zorlan {
+namespace {
+
+constexpr int kHintTime = 5000;  // ms
+constexpr int kMaxGroups = 1000;
+
+QPushButton* Button(const char* caption, const char* name, const char* tip) {
+  auto* const button = new QPushButton(QString::fromUtf8(caption));
+  button->setObjectName(QString::fromLatin1(name));
+  button->setToolTip(QString::fromUtf8(tip));
+  button->setAutoDefault(true);
+  return button;
+}
+
+TableWindow* OpenWindowOf(MainWindow& window, std::string_view name) {
+  return qobject_cast<TableWindow*>(window.Forms().Find(std::string(name)));
+}
+
+}  // namespace
+
+TableWindow::TableWindow(const TableForm& form, MainWindow& window)
+    : Form(std::string(form.name).c_str()), window_(window), editor_(form, CurrentFormSetting()) {
+  editor_.Load();
+  setWindowTitle(ToQt(form.caption));
+  Build();
+  Connect();
+  ShowTabs();
+}
+
+TableWindow::~TableWindow() {
+  window_.statusBar()->clearMessage();  // it explains a cell of this form
+}
+
+void TableWindow::Build() {
+  model_ = new TableModel(editor_, this);
+  view_ = new TableView(editor_, model_);
+  auto* const row = new QHBoxLayout;
+  auto* const redraw = Button("再描画", "redraw", "入力中のデータをモデル図に表示します (Ctrl+R)");
+  row->addWidget(redraw);
+  connect(redraw, &QPushButton::clicked, this, &TableWindow::Redraw);
+  if (editor_.Form().name == "InpSECT") {
+    auto* const section = Button("断面性能入力", "sectionEntry", "カーソル行の断面を表から選びます (F4)");
+    row->addWidget(section);
+    connect(section, &QPushButton::clicked, this, &TableWindow::EnterSection);
+    connect(new QShortcut(Qt::Key_F4, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, this, &TableWindow::EnterSection);
+  }
+  if (editor_.Form().pages == Pages::Groups) {
+    row->addSpacing(12);
+    row->addWidget(new QLabel(QStringLiteral("グループ数")));
+    groups_ = new QSpinBox;
+    groups_->setObjectName(QStringLiteral("groups"));
+    groups_->setRange(1, kMaxGroups);
+    groups_->setKeyboardTracking(false);
+    groups_->setToolTip(QStringLiteral("同一変形グループの数を入力します (Ctrl+G)"));
+    row->addWidget(groups_);
+  }
+  row->addStretch();
+  notice_ = new QLabel(ToQt(editor_.UnshownText()));
+  notice_->setObjectName(QStringLiteral("notice"));
+  notice_->setWordWrap(true);
+  notice_->setVisible(!notice_->text().isEmpty());
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(6, 6, 6, 6);
+  column->setSpacing(4);
+  column->addLayout(row);
+  column->addWidget(notice_);
+  if (editor_.Form().pages != Pages::None) {
+    tabs_ = new QTabBar;
+    tabs_->setObjectName(QStringLiteral("tabs"));
+    tabs_->setExpanding(false);
+    tabs_->setDrawBase(false);
+    tabs_->setFocusPolicy(Qt::NoFocus);
+    tabs_->setToolTip(QStringLiteral("Ctrl+PageUp / Ctrl+PageDown"));
+    column->addWidget(tabs_);
+  }
+  column->addWidget(view_, 1);
+  SetFirst(view_);
+}
+
+void TableWindow::Connect() {
+  connect(view_, &TableView::stored, this, &TableWindow::Store);
+  connect(view_, &TableView::typed, this, [this] { editor_.MarkChanged(); });
+  connect(view_, &TableView::refused, this,
+          [this] { Hint(ToQt(MaskHint(editor_.ColumnAt(view_->Current().column).mask))); });
+  connect(view_, &TableView::movedTo, this, &TableWindow::Explain);
+  connect(view_, &TableView::emptied, this, [this] {
+    editor_.Clear(model_->Page(), view_->Selected());
+    ShowAll();
+  });
+  connect(view_, &TableView::pageAsked, this, [this](int steps) {
+    const int page = model_->Page() + steps;
+    if (page >= 1 && page <= editor_.Cells().PageCount()) ShowPage(page);
+  });
+  if (tabs_ != nullptr)
+    connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) { ShowPage(tab + 1); });
+  if (groups_ != nullptr) {
+    connect(groups_, &QSpinBox::valueChanged, this, &TableWindow::SetGroups);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_G, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, this, [this] {
+              groups_->setFocus();
+              groups_->selectAll();
+            });
+  }
+  connect(new QShortcut(Qt::CTRL | Qt::Key_R, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+          &QShortcut::activated, this, &TableWindow::Redraw);
+}
+
+void TableWindow::ShowTabs() {
+  const int pages = editor_.Cells().PageCount();
+  places_.resize(static_cast<std::size_t>(pages));
+  if (tabs_ == nullptr) return;
+  const QSignalBlocker quiet(tabs_);
+  while (tabs_->count() > pages) tabs_->removeTab(tabs_->count() - 1);
+  while (tabs_->count() < pages) tabs_->addTab(ToQt(PageTitle(editor_.Form().pages, tabs_->count() + 1)));
+  tabs_->setCurrentIndex(std::min(model_->Page(), pages) - 1);
+  if (groups_ == nullptr) return;
+  const QSignalBlocker still(groups_);
+  groups_->setValue(pages);
+}
+
+void TableWindow::ShowPage(int page) {
+  view_->CloseBox();
+  const auto old = static_cast<std::size_t>(model_->Page() - 1);
+  if (old < places_.size()) places_[old] = view_->Current();
+  model_->ShowPage(page);
+  if (tabs_ != nullptr) {
+    const QSignalBlocker quiet(tabs_);
+    tabs_->setCurrentIndex(page - 1);
+  }
+  const CellPlace place = places_[static_cast<std::size_t>(page - 1)];
+  view_->GoTo({page, place.row, place.column});
+}
+
+void TableWindow::ShowAll() {
+  if (editor_.Cells().PageCount() != static_cast<int>(places_.size())) {
+    ShowTabs();
+    if (model_->Page() > editor_.Cells().PageCount()) ShowPage(editor_.Cells().PageCount());
+  }
+  model_->ShowChange();
+}
+
+void TableWindow::GoTo(const CellPlace& place, bool middle) {
+  if (place.page != model_->Page()) ShowPage(place.page);
+  view_->GoTo(place, middle);
+}
+
+void TableWindow::Walk(std::optional<CellPlace> place) {
+  ShowAll();
+  if (!place) return;
+  place->page = std::min(place->page, editor_.Cells().PageCount());
+  place->column = std::min(place->column, model_->columnCount());
+  GoTo(*place, /*middle=*/false);
+}
+
+void TableWindow::Store(const QString& text) {
+  editor_.SetText(view_->Current(), FromQt(text));
+  model_->ShowChange();
+}
+
+void TableWindow::Explain(const CellPlace& place) {
+  const std::string tip =
+      TipLine(CellTip(editor_.Form(), editor_.Setting(), place.column, editor_.View(place.page, place.row)));
+  window_.statusBar()->showMessage(ToQt(tip));
+}
+
+void TableWindow::Hint(const QString& text) {
+  window_.statusBar()->showMessage(text, kHintTime);
+}
+
+void TableWindow::Edit(Command command) {
+  if (CellBox* const box = view_->OpenedBox(); box != nullptr && command == Command::Paste)
+    return box->PasteText();
+  const bool text = qobject_cast<QLineEdit*>(focusWidget()) != nullptr;
+  if (text && (command == Command::Cut || command == Command::Copy || command == Command::Paste ||
+               command == Command::Undo || command == Command::Redo))
+    return Form::Edit(command);
+  view_->CloseBox();
+  const int page = model_->Page();
+  const CellRange range = view_->Selected();
+  switch (command) {
+    case Command::Undo:
+      return Walk(editor_.Undo());
+    case Command::Redo:
+      return Walk(editor_.Redo());
+    case Command::Copy:
+      return CopyCells();
+    case Command::Cut:
+      CopyCells();
+      editor_.Clear(page, range);
+      return ShowAll();
+    case Command::Paste:
+      return PasteCells();
+    case Command::InsertRow:
+      editor_.InsertRow(page, view_->Current().row);
+      return ShowAll();
+    case Command::DeleteRow:
+      editor_.DeleteRows(page, range.top, range.bottom);
+      view_->GoTo({page, range.top, view_->Current().column});
+      return ShowAll();
+    case Command::Add:
+      return AskNumber(/*add=*/true);
+    case Command::Assign:
+      return AskNumber(/*add=*/false);
+    case Command::FindFault:
+      return FindFault();
+    default:
+      return;
+  }
+}
+
+void TableWindow::CopyCells() {
+  QGuiApplication::clipboard()->setText(ToQt(editor_.CopyText(model_->Page(), view_->Selected())));
+}
+
+void TableWindow::PasteCells() {
+  const CellRange range = view_->Selected();
+  const std::string text = FromQt(QGuiApplication::clipboard()->text());
+  if (text.empty()) return;
+  const Pasted pasted = editor_.Paste({model_->Page(), range.top, range.left}, text);
+  ShowAll();
+  view_->Select(pasted.range);
+  if (pasted.lost > 0)
+    Hint(QStringLiteral("表の外になる %1 個のデータは貼り付けられませんでした").arg(pasted.lost));
+}
+
+void TableWindow::AskNumber(bool add) {
+  const std::string answer = TheWindows().addNum(add ? "Add" : "");
+  if (answer == "Abote") return;
+  if (add)
+    editor_.Add(model_->Page(), view_->Selected(), ReadReal(answer));
+  else
+    editor_.Assign(model_->Page(), view_->Selected(), answer);
+  ShowAll();
+}
+
+void TableWindow::EnterSection() {
+  view_->CloseBox();
+  const int row = view_->Current().row;
+  GridRow cells = editor_.Cells().Row(model_->Page(), row);
+  cells.resize(editor_.Columns().size());
+  if (!TheWindows().sectionEntry(cells)) return;
+  editor_.SetRow(model_->Page(), row, cells);
+  ShowAll();
+}
+
+void TableWindow::SetGroups(int count) {
+  view_->CloseBox();
+  editor_.SetPageCount(count);
+  ShowAll();
+}
+
+void TableWindow::FindFault() {
+  const std::optional<RowFault> fault = editor_.NearestFault(view_->Current());
+  if (!fault) return Hint(QStringLiteral("誤りのある行はありません"));
+  GoTo(fault->place, /*middle=*/true);
+  Hint(ToQt(fault->message));
+}
+
+void TableWindow::Redraw() {
+  view_->CloseBox();
+  try {
+    editor_.RunRedrawStep();
+  } catch (const Fault& fault) {
+    Tell(fault.what());
+  }
+  LookAtResults();
+  std::vector<TypedTable> tables = {{TableKey(editor_.Form()), editor_.Rows()}};
+  if (editor_.Form().name == "InpELEM")
+    if (TableWindow* const nodes = OpenWindowOf(window_, "InpNODE"))
+      tables.push_back({"NODE", nodes->editor_.Rows()});
+  TheWindows().drawTyped(tables);
+  TheWindows().refresh();
+}
+
+bool TableWindow::Commit() {
+  view_->CloseBox();
+  std::optional<CellPlace> place;
+  try {
+    const CommitEnd end = editor_.Commit(place);
+    if (end == CommitEnd::Written) Redraw();
+    if (end != CommitEnd::Refused) return true;
+  } catch (const Fault& fault) {
+    Tell(fault.what());
+    return false;
+  }
+  model_->ShowChange();
+  if (place) GoTo(*place, /*middle=*/true);
+  view_->setFocus();
+  return false;
+}
+
+void TableWindow::Follow() {
+  view_->CloseBox();
+  editor_.Follow(CurrentFormSetting());
+  const CellPlace place = view_->Current();
+  model_->ShowHeader();
+  view_->FitColumns();
+  ShowAll();
+  notice_->setText(ToQt(editor_.UnshownText()));
+  notice_->setVisible(!notice_->text().isEmpty());
+  Walk(place);
+}
+
+bool TableWindow::GoToNumber(int page, int number) {
+  if (page < 1 || page > editor_.Cells().PageCount()) return false;
+  for (int row = 1; row <= editor_.LastKeyRow(page); ++row)
+    if (editor_.View(page, row).Real(1) == number) {
+      GoTo({page, row, 1}, /*middle=*/true);
+      return true;
+    }
+  return false;
+}
+
+bool TableWindow::TakeNodes(const std::vector<int>& nodes) {
+  view_->CloseBox();
+  if (editor_.Form().name == "InpELEM") {
+    const CellPlace place = editor_.TakeNodes(view_->Current(), nodes);
+    ShowAll();
+    GoTo(place, /*middle=*/false);
+    return true;
+  }
+  return editor_.Form().name == "InpNODE" && !nodes.empty() && GoToNumber(1, nodes.back());
+}
+
+QSize TableWindow::sizeHint() const {
+  return Form::sizeHint().expandedTo({420, 320});
+}
+
+TableWindow* OpenTableWindow(MainWindow& window, std::string_view name) {
+  TableWindow* form = OpenWindowOf(window, name);
+  if (form == nullptr) form = std::make_unique<TableWindow>(*FindTableForm(name), window).release();
+  window.Forms().Show(form);
+  return form;
+}
+
+void FollowControl(MainWindow& window) {
+  for (const std::string& name : window.Forms().Names())
+    if (TableWindow* const form = OpenWindowOf(window, name)) form->Follow();
+}
+
+bool TakePickedNodes(MainWindow& window, const std::vector<int>& nodes) {
+  const QList<QMdiSubWindow*> frames = window.Forms().subWindowList(QMdiArea::StackingOrder);
+  for (auto frame = frames.rbegin(); frame != frames.rend(); ++frame)
+    if (auto* const form = qobject_cast<TableWindow*>((*frame)->widget())) return form->TakeNodes(nodes);
+  return false;
+}
+
+bool ShowTableRow(MainWindow& window, std::string_view key, int page, int number) {
+  const TableForm* const form = FindTableForm("Inp" + std::string(key));
+  return form != nullptr && OpenTableWindow(window, form->name)->GoToNumber(page, number);
+}
+
+}  // namespace zorlan

@@ -1,0 +1,78 @@
+// The one window of the twelve table forms: the grid, its tabs, and the buttons that a form has.
+#pragma once
+
+#include <memory>
+
+#include "desktop/form.h"
+#include "desktop/table_view.h"
+#include "forms/table_editor.h"
+
+class QLabel;
+class QSpinBox;
+class QTabBar;
+
+namespace zorlan {
+
+class MainWindow;
+
+class TableWindow : public Form {
+  Q_OBJECT
+ public:
+  /// Reads the form's table. Throws FileFault.
+  TableWindow(const TableForm& form, MainWindow& window);
+  ~TableWindow() override;
+
+  TableEditor& Editor() { return editor_; }
+  TableView& View() { return *view_; }
+
+  void Edit(Command command) override;
+  /// The header of the model in hand has changed.
+  void Follow();
+  /// Goes to the row of a number in the key column. False: there is none.
+  bool GoToNumber(int page, int number);
+  /// Nodes were picked in the figure.
+  bool TakeNodes(const std::vector<int>& nodes);
+  /// The redraw button: the figure shows the rows as they are typed.
+  void Redraw();
+
+  QSize sizeHint() const override;
+
+ protected:
+  bool Commit() override;
+
+ private:
+  void Build();
+  void Connect();
+  void ShowTabs();
+  void ShowPage(int page);
+  void ShowAll();
+  void Walk(std::optional<CellPlace> place);
+  void GoTo(const CellPlace& place, bool middle);
+  void Store(const QString& text);
+  void Explain(const CellPlace& place);
+  void Hint(const QString& text);
+  void CopyCells();
+  void PasteCells();
+  void AskNumber(bool add);
+  void EnterSection();
+  void SetGroups(int count);
+  void FindFault();
+
+  MainWindow& window_;
+  TableEditor editor_;
+  TableModel* model_ = nullptr;
+  TableView* view_ = nullptr;
+  QTabBar* tabs_ = nullptr;
+  QSpinBox* groups_ = nullptr;
+  QLabel* notice_ = nullptr;
+  std::vector<CellPlace> places_;  // the current cell of each page
+};
+
+/// Opens a table form by its name, or brings it to the front.
+TableWindow* OpenTableWindow(MainWindow& window, std::string_view name);
+/// What the shell and the figures ask of the table forms; for shell_windows.cpp.
+void FollowControl(MainWindow& window);
+bool TakePickedNodes(MainWindow& window, const std::vector<int>& nodes);
+bool ShowTableRow(MainWindow& window, std::string_view key, int page, int number);
+
+}  // namespace zorlan
