@@ -127,17 +127,36 @@ void DrawHinges(Plot& plot, const Figure& figure) {
   }
 }
 
+/// Which side each node's support stands on: the left, unless members reach there and none to the right.
+std::vector<SupportSide> SupportSides(const Figure& figure) {
+  constexpr unsigned kLeft = 1, kRight = 2;
+  std::vector<unsigned> reach(figure.place.size());
+  for (std::size_t e = 0; e < figure.shown.size(); ++e) {
+    if (figure.shown[e] == 0) continue;
+    const auto i = static_cast<std::size_t>(figure.model.elements[e].rowI);
+    const auto j = static_cast<std::size_t>(figure.model.elements[e].rowJ);
+    const double dx = figure.place[j].x - figure.place[i].x, dy = figure.place[j].y - figure.place[i].y;
+    if (std::abs(dx) < std::abs(dy)) continue;
+    reach[i] |= dx > 0 ? kRight : kLeft;
+    reach[j] |= dx > 0 ? kLeft : kRight;
+  }
+  std::vector<SupportSide> sides;
+  for (const unsigned r : reach) sides.push_back(r == kLeft ? SupportSide::Right : SupportSide::Left);
+  return sides;
+}
+
 void DrawNodes(Plot& plot, const Figure& figure, LabelField& labels) {
   const LineOption& option = figure.options.node;
   const double radius = NodeRadius(figure.options), size = SupportSize(figure.options);
+  const std::vector<SupportSide> sides = SupportSides(figure);
   PlotSetPen(plot, LineStyle::Solid, 1);
   for (std::size_t n = 0; n < figure.place.size(); ++n) {
     const FigureNode& node = figure.model.nodes[n];
     if (!IsNodeShown(figure, node.number)) continue;
     const Point p = figure.view.ToFigure(figure.place[n]);
     if (const std::string_view code = SupportSymbol(node.code); code != "000") {
-      DrawSupport(plot, p, code, size, node.rollerAngle, option.colour);
-      labels.Take({p.x - size / 2, p.y, p.x + size / 2, p.y + size});
+      DrawSupport(plot, p, code, size, node.rollerAngle, option.colour, sides[n]);
+      labels.Take(SupportBox(p, code, size, sides[n]));
     }
     if (!option.visible) continue;
     PlotCircle(plot, p.x, p.y, radius, option.colour, /*filled=*/true);
@@ -246,7 +265,7 @@ bool IsNodeShown(const Figure& figure, int number) {
 void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kind, int layout, int cell) {
   plot.OffsetX = plot.OffsetY = 0;
   plot.surface = plot.target->TheSurface();
-  plot.clip = {0, 0, plot.surface.width, plot.surface.height};
+  plot.clip = AreaOf(0, 0, plot.surface.width, plot.surface.height);
   figure.cellWidth = plot.surface.width;
   figure.cellHeight = plot.surface.height;
   figure.oblique = figure.model.IsGrid() && kind >= kDisplacementFigure;
@@ -260,8 +279,7 @@ void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kin
   } else if (plot.surface.page) {
     // Part of a figure, as it was on the screen: its middle stays, and it doesn't run into the cells around.
     KeepCentre(figure.view, figure.cellWidth, figure.cellHeight);
-    plot.clip = {plot.OffsetX, plot.OffsetY, plot.OffsetX + figure.cellWidth,
-                 plot.OffsetY + figure.cellHeight};
+    plot.clip = AreaOf(plot.OffsetX, plot.OffsetY, figure.cellWidth, figure.cellHeight);
   }
 }
 

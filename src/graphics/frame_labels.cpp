@@ -15,8 +15,8 @@ Rectangle Around(Point centre, double halfWidth, double halfHeight) {
 }
 
 /// Where a node's number may stand, best first: the four corners, then above, below, right, left.
-std::array<Rectangle, 8> PlacesAtNode(Point p, double w, double h, double clear) {
-  const double near = clear * 0.7, dx = w / 2, dy = h / 2;
+std::array<Rectangle, 8> PlacesAtNode(Point p, double w, double h, double radius) {
+  const double clear = radius + kGap, near = radius + 0.75 * kGap, dx = w / 2, dy = h / 2;
   const auto box = [&](double right, double down) {
     const double away = right != 0 && down != 0 ? near : clear;
     return Around({p.x + right * (away + dx), p.y + down * (away + dy)}, dx, dy);
@@ -26,15 +26,15 @@ std::array<Rectangle, 8> PlacesAtNode(Point p, double w, double h, double clear)
 
 /// Where a member's number may stand: at its centre on the side `side` (1: above, or to the left of a
 /// vertical one), on the other side, then the same a little off the centre.
-std::array<Rectangle, 6> PlacesAtMember(Point a, Point b, double w, double h, double side) {
+std::array<Rectangle, 10> PlacesAtMember(Point a, Point b, double w, double h, double side) {
   const double dx = b.x - a.x, dy = b.y - a.y, length = std::hypot(dx, dy);
   Point normal = length > 0 ? Point{dy / length, -dx / length} : Point{0, -1};
   const bool vertical = std::abs(normal.y) < 1e-9;
   if (vertical ? normal.x > 0 : normal.y > 0) normal = {-normal.x, -normal.y};
   const double away = std::abs(normal.x) * w / 2 + std::abs(normal.y) * h / 2 + kGap;
-  std::array<Rectangle, 6> boxes;
+  std::array<Rectangle, 10> boxes;
   std::size_t at = 0;
-  for (const double t : {0.5, 0.35, 0.65})
+  for (const double t : {0.5, 0.4, 0.6, 0.28, 0.72})
     for (const double way : {side, -side})
       boxes[at++] =
           Around({a.x + t * dx + way * away * normal.x, a.y + t * dy + way * away * normal.y}, w / 2, h / 2);
@@ -69,14 +69,14 @@ void NumberPainter::Nodes() {
   const TextOption& option = figure_.options.nodeNumber;
   if (!option.visible) return;
   PlotSetFont(plot_, option.Height());
-  const double clear = NodeRadius(figure_.options) + kGap;
+  const double radius = NodeRadius(figure_.options);
   for (std::size_t n = 0; n < figure_.place.size(); ++n) {
     const int number = figure_.model.nodes[n].number;
     if (!IsNodeShown(figure_, number)) continue;
     const Point p = figure_.view.ToFigure(figure_.place[n]);
     if (!Visible(p)) continue;
     const NumberText text(number);
-    const auto boxes = PlacesAtNode(p, TextWidth(text, option.Height()), TextHeight(option.Height()), clear);
+    const auto boxes = PlacesAtNode(p, TextWidth(text, option.Height()), TextHeight(option.Height()), radius);
     const Rectangle& box = boxes[labels_.Place(boxes)];
     PlotText(plot_, box.left, box.top, text, option.colour);
   }

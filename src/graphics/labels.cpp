@@ -6,8 +6,9 @@
 namespace zorlan {
 namespace {
 
-constexpr double kCell = 40;         // twips: a quarter of a small letter's height
-constexpr double kMostCells = 2048;  // of a side; a larger area has larger cells
+constexpr double kCell =
+    20;  // twips: an eighth of a small letter's height, finer than the gaps around labels
+constexpr double kMostCells = 4096;  // of a side; a larger area has larger cells
 constexpr int kBits = 64;
 
 int CellAt(double place, double size, int cells) {

@@ -1,9 +1,9 @@
 #include "graphics/load_arrows.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
+#include <vector>
 
 #include "base/number_format.h"
 
@@ -57,25 +57,36 @@ void DrawTurn(const LoadPen& pen, Point centre, double radius, bool counterClock
   pen.labels.Take({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
 }
 
-void WriteAtStroke(const LoadPen& pen, Point root, Point end, std::string_view text) {
+void WriteAtStrokes(const LoadPen& pen, std::span<const LoadStroke> strokes, std::string_view text) {
   const TextOption& option = pen.figure.options.loadValue;
   if (!option.visible) return;
   const double height = option.Height(), w = TextWidth(text, height), h = TextHeight(height);
-  const double dx = end.x - root.x, dy = end.y - root.y, length = std::hypot(dx, dy);
-  const Point out = length > 0 ? Point{dx / length, dy / length} : Point{0, -1};
   const auto box = [&](Point from, Point way, double gap) {
     const double away = std::abs(way.x) * w / 2 + std::abs(way.y) * h / 2 + gap;
     const Point centre = {from.x + away * way.x, from.y + away * way.y};
     return Rectangle{centre.x - w / 2, centre.y - h / 2, centre.x + w / 2, centre.y + h / 2};
   };
-  const Point left = {out.y, -out.x}, right = {-out.y, out.x};
-  const double side = kSideShare * pen.arrow / 2;
-  const std::array<Rectangle, 6> boxes = {box(end, out, kGap),         box(end, left, side),
-                                          box(end, right, side),       box(end, out, kGap + h),
-                                          box(end, out, kGap + 2 * h), box(end, out, kGap + 3 * h)};
-  const Rectangle& place = boxes[pen.labels.Place(boxes)];
+  std::vector<Rectangle> beyond, aside, further;
+  for (const LoadStroke& stroke : strokes) {
+    const double dx = stroke.end.x - stroke.root.x, dy = stroke.end.y - stroke.root.y,
+                 length = std::hypot(dx, dy);
+    const Point out = length > 0 ? Point{dx / length, dy / length} : Point{0, -1};
+    const Point middle = {stroke.end.x - dx / 2, stroke.end.y - dy / 2};
+    beyond.push_back(box(stroke.end, out, kGap));
+    for (const Point side : {Point{out.y, -out.x}, Point{-out.y, out.x}})
+      aside.push_back(box(middle, side, kSideShare * pen.arrow / 2));
+    for (int lines = 1; lines <= 3; ++lines) further.push_back(box(stroke.end, out, kGap + lines * h));
+  }
+  beyond.insert(beyond.end(), aside.begin(), aside.end());
+  beyond.insert(beyond.end(), further.begin(), further.end());
+  const Rectangle& place = beyond[pen.labels.Place(beyond)];
   PlotSetFont(pen.plot, height);
   PlotText(pen.plot, place.left, place.top, text, option.colour);
+}
+
+void WriteAtStroke(const LoadPen& pen, Point root, Point end, std::string_view text) {
+  const LoadStroke stroke = {root, end};
+  WriteAtStrokes(pen, {&stroke, 1}, text);
 }
 
 std::string LoadText(double value) {

@@ -1,6 +1,8 @@
 // Arrows and values of loads.
 #pragma once
 
+#include <span>
+#include <string>
 #include <string_view>
 
 #include "graphics/frame_figure.h"
@@ -25,8 +27,11 @@ void DrawArrow(const LoadPen& pen, Point tip, Point along, double length, int he
 /// seen.
 void DrawTurn(const LoadPen& pen, Point centre, double radius, bool counterClockwise);
 
-/// The text beside a stroke from `root` to `end`: beyond its end, on its sides, or further out, where there
-/// is room.
+struct LoadStroke {
+  Point root, end;
+};
+/// The text at the first of these strokes that has room beyond its end, or on a side of it; else further out.
+void WriteAtStrokes(const LoadPen& pen, std::span<const LoadStroke> strokes, std::string_view text);
 void WriteAtStroke(const LoadPen& pen, Point root, Point end, std::string_view text);
 
 /// A load's number: "######0.0#####".

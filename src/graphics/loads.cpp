@@ -147,7 +147,7 @@ class ElementLoadPainter {
     return pen_.figure.model.elements[static_cast<std::size_t>(index)];
   }
   void DrawPart(const Lying& lying, const std::vector<LoadOrdinate>& part);
-  void DrawPartArrows(const Lying& lying, LoadOrdinate from, LoadOrdinate to, int stride);
+  void DrawPartArrows(const Lying& lying, const std::vector<LoadOrdinate>& part);
   void DrawEndForce(int element, double t, double value, int MG);
   void DrawEndMoment(int element, double t, double value, std::string_view label);
 
@@ -168,33 +168,47 @@ ElementLoadPainter::Lying ElementLoadPainter::Lay(int element, int MG, double va
   return lying;
 }
 
-void ElementLoadPainter::DrawPartArrows(const Lying& lying, LoadOrdinate from, LoadOrdinate to, int stride) {
-  if (!(to.at > from.at)) return;
-  for (int k = 0; k <= kDivisions; k += stride) {
-    const double t = static_cast<double>(k) / kDivisions;
-    if (t < from.at || t >= to.at) continue;  // the next stretch has the arrow at its beginning
-    const double height = from.height + (to.height - from.height) * (t - from.at) / (to.at - from.at);
-    if (height > 0.1) DrawArrow(pen_, lying.Tip(t), lying.along, height * pen_.arrow);
+/// The ordinate of a part at `at`, 0 outside of it.
+double HeightAt(const std::vector<LoadOrdinate>& part, double at) {
+  for (std::size_t k = 0; k + 1 < part.size(); ++k) {
+    const LoadOrdinate& from = part[k];
+    const LoadOrdinate& to = part[k + 1];
+    if (at >= from.at && at <= to.at && to.at > from.at)
+      return from.height + (to.height - from.height) * (at - from.at) / (to.at - from.at);
   }
+  return 0;
 }
 
-/// The arrows at the divisions, and the line that joins their tails, closed at the ends.
-void ElementLoadPainter::DrawPart(const Lying& lying, const std::vector<LoadOrdinate>& part) {
-  const auto tail = [&](const LoadOrdinate& o) {
-    return lying.Away(o.at, lying.base + o.height * pen_.arrow);
-  };
+/// Arrows at the divisions of the member that lie within a part, and at its ends.
+void ElementLoadPainter::DrawPartArrows(const Lying& lying, const std::vector<LoadOrdinate>& part) {
+  constexpr double kLowest = 0.12;  // an arrow lower than that is all head
+  constexpr double kSame = 1e-9;
   // Where the divisions are narrower than the arrows' heads need, only each second, fourth ... has one.
   int stride = 1;
   for (const int wider : {2, 4, 5, 10, 20})
     if (stride * lying.span.length / kDivisions < 0.2 * pen_.arrow) stride = wider;
+  const auto draw = [&](double at, double height) {
+    if (height > kLowest) DrawArrow(pen_, lying.Tip(at), lying.along, height * pen_.arrow);
+  };
+  draw(part.front().at, part.front().height);
+  for (int k = 0; k <= kDivisions; k += stride) {
+    const double at = static_cast<double>(k) / kDivisions;
+    if (at > part.front().at + kSame && at < part.back().at - kSame) draw(at, HeightAt(part, at));
+  }
+  draw(part.back().at, part.back().height);
+}
+
+/// The arrows, and the line that joins their tails.
+void ElementLoadPainter::DrawPart(const Lying& lying, const std::vector<LoadOrdinate>& part) {
+  DrawPartArrows(lying, part);
+  const auto tail = [&](const LoadOrdinate& o) {
+    return lying.Away(o.at, lying.base + o.height * pen_.arrow);
+  };
   for (std::size_t k = 0; k + 1 < part.size(); ++k) {
-    DrawPartArrows(lying, part[k], part[k + 1], stride);
     const Point from = tail(part[k]), to = tail(part[k + 1]);
     PlotLine(pen_.plot, from.x, from.y, to.x, to.y, pen_.line.colour);
     pen_.labels.TakeLine(from, to);
   }
-  for (const LoadOrdinate& end : {part.front(), part.back()})
-    if (end.height > 0) DrawArrow(pen_, lying.Tip(end.at), lying.along, end.height * pen_.arrow);
 }
 
 void ElementLoadPainter::DrawElementLoad(int element, const ElodRec& load) {
@@ -207,10 +221,19 @@ void ElementLoadPainter::DrawElementLoad(int element, const ElodRec& load) {
   for (const std::vector<LoadOrdinate>& part : shape.parts) DrawPart(lying, part);
   for (const double t : shape.points) DrawArrow(pen_, lying.Tip(t), lying.along, pen_.arrow);
 
-  double middle = 0.5;
-  if (!shape.points.empty()) middle = shape.points[shape.points.size() / 2];
-  if (!shape.parts.empty()) middle = (shape.parts[0].front().at + shape.parts[0].back().at) / 2;
-  WriteAtStroke(pen_, lying.Tip(middle), lying.Away(middle, lying.base + pen_.arrow), LoadText(value));
+  // The number stands at the middle of what is drawn, or off it.
+  std::vector<LoadStroke> strokes;
+  const auto offer = [&](double t) {
+    strokes.push_back({lying.Tip(t), lying.Away(t, lying.base + pen_.arrow)});
+  };
+  if (shape.parts.empty()) {
+    for (std::size_t k = 0, n = shape.points.size(); k < std::min<std::size_t>(n, 3); ++k)
+      offer(shape.points[(n / 2 + k) % n]);
+  } else {
+    const double from = shape.parts[0].front().at, to = shape.parts[0].back().at;
+    for (const double share : {0.5, 0.3, 0.7, 0.15, 0.85}) offer(from + share * (to - from));
+  }
+  WriteAtStrokes(pen_, strokes, LoadText(value));
 }
 
 void ElementLoadPainter::DrawEndForce(int element, double t, double value, int MG) {

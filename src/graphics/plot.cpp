@@ -71,7 +71,11 @@ void DrawText(Plot& plot, Point origin, std::string_view text, double width, dou
 }  // namespace
 
 Plot::Plot(PlotTarget& theTarget) : target(&theTarget), surface(theTarget.TheSurface()) {
-  clip = {0, 0, surface.width, surface.height};
+  clip = AreaOf(0, 0, surface.width, surface.height);
+}
+
+Rectangle AreaOf(double x, double y, double width, double height) {
+  return {x, y, x + (width > 0 ? width : 0), y + (height > 0 ? height : 0)};
 }
 
 void PlotSetPen(Plot& plot, LineStyle style, double width) {
@@ -150,28 +154,34 @@ bool Clipping(const Rectangle& area, Point& from, Point& to) {
   const double dx = to.x - from.x, dy = to.y - from.y;
   if (!std::isfinite(dx) || !std::isfinite(dy) || !std::isfinite(from.x) || !std::isfinite(from.y))
     return false;
-  // Each side leaves of the parameter's range 0 to 1 what lies on its inner side.
+  // Each side leaves of the parameter's range 0 to 1 what lies on its inner side. Ends far away lose their
+  // last digits in the product, so a cut end takes the side's own coordinate.
   double enter = 0, leave = 1;
-  const auto cut = [&](double along, double room) {
+  Point cutFrom = from, cutTo = to;
+  const auto at = [&](double t) { return Point{from.x + t * dx, from.y + t * dy}; };
+  const auto cut = [&](double along, double room, double Point::*coordinate, double side) {
     if (along == 0) return room >= 0;
     const double t = room / along;
-    if (along > 0)
-      leave = std::min(leave, t);
-    else
-      enter = std::max(enter, t);
+    if (along > 0 ? t < leave : t > enter) {
+      (along > 0 ? leave : enter) = t;
+      Point& end = along > 0 ? cutTo : cutFrom;
+      end = at(t);
+      end.*coordinate = side;
+    }
     return enter <= leave;
   };
-  if (!cut(-dx, from.x - area.left) || !cut(dx, area.right - from.x) || !cut(-dy, from.y - area.top) ||
-      !cut(dy, area.bottom - from.y))
+  if (!cut(-dx, from.x - area.left, &Point::x, area.left) ||
+      !cut(dx, area.right - from.x, &Point::x, area.right) ||
+      !cut(-dy, from.y - area.top, &Point::y, area.top) ||
+      !cut(dy, area.bottom - from.y, &Point::y, area.bottom))
     return false;
-  // Ends far away lose their last digits in the product: the cut end is held at the side.
-  const auto at = [&](double t) {
-    return Point{std::clamp(from.x + t * dx, area.left, area.right),
-                 std::clamp(from.y + t * dy, area.top, area.bottom)};
+  // The other coordinate of a cut end may lie outside by its lost digits, an end that lies outside by less
+  // than the parameter can tell was not cut.
+  const auto held = [&](Point p) {
+    return Point{std::clamp(p.x, area.left, area.right), std::clamp(p.y, area.top, area.bottom)};
   };
-  const Point cutFrom = enter > 0 ? at(enter) : from, cutTo = leave < 1 ? at(leave) : to;
-  from = cutFrom;
-  to = cutTo;
+  from = held(cutFrom);
+  to = held(cutTo);
   return true;
 }
 

@@ -22,6 +22,9 @@ struct Rectangle {
   }
 };
 
+/// The rectangle of this size at a corner; without breadth where a side is below 0 or no number.
+Rectangle AreaOf(double x, double y, double width, double height);
+
 /// Names of the layers that `DrawLayer` takes.
 namespace layer {
 inline constexpr std::string_view kTitle = "TITLE", kModel = "MODEL", kLoad = "KAJYU", kDisplacement = "DISP",

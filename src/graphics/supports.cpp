@@ -103,21 +103,30 @@ void DrawInclinedFixed(Plot& plot, const Place& place, Rgb colour) {
   DrawGround(plot, place, kGap, true, colour);
 }
 
-constexpr double kToTheLeft = -90;  // turns what lies below a node to its left
+/// How a symbol is turned: the ground below the node, at its side, or along the support's own angle.
+enum class Ground : std::uint8_t { Below, Aside, Inclined };
+
+double AngleOf(Ground ground, double inclination, SupportSide side) {
+  if (ground == Ground::Aside) return side == SupportSide::Left ? -90 : 90;
+  return ground == Ground::Inclined ? inclination : 0;
+}
 
 /// What a code draws behind its springs. A spring's digit counts as 0 here.
 struct Symbol {
   std::string_view code;
   void (*draw)(Plot&, const Place&, Rgb);
-  double angle;
-  bool inclined;  // turned by the support's own angle
+  Ground ground;
 };
 constexpr Symbol kSymbols[] = {
-    {"001", DrawSquare, 0, false},         {"010", DrawRoller, 0, false},
-    {"011", DrawSlide, 0, false},          {"100", DrawRoller, kToTheLeft, false},
-    {"101", DrawSlide, kToTheLeft, false}, {"110", DrawPin, 0, false},
-    {"111", DrawFixed, 0, false},          {"440", DrawInclined, 0, true},
-    {"441", DrawInclinedFixed, 0, true},
+    {"001", DrawSquare, Ground::Below},
+    {"010", DrawRoller, Ground::Below},
+    {"011", DrawSlide, Ground::Below},
+    {"100", DrawRoller, Ground::Aside},
+    {"101", DrawSlide, Ground::Aside},
+    {"110", DrawPin, Ground::Below},
+    {"111", DrawFixed, Ground::Below},
+    {"440", DrawInclined, Ground::Inclined},
+    {"441", DrawInclinedFixed, Ground::Inclined},
 };
 
 constexpr std::string_view kCodes[] = {
@@ -142,8 +151,8 @@ std::span<const std::string_view> SupportSymbols() {
   return kCodes;
 }
 
-void DrawSpringX(Plot& plot, Point at, double size, Rgb colour) {
-  DrawStrokes(plot, Place(at, size, kToTheLeft), kSpring, colour);
+void DrawSpringX(Plot& plot, Point at, double size, Rgb colour, SupportSide side) {
+  DrawStrokes(plot, Place(at, size, AngleOf(Ground::Aside, 0, side)), kSpring, colour);
 }
 
 void DrawSpringY(Plot& plot, Point at, double size, Rgb colour) {
@@ -166,16 +175,28 @@ void DrawSpringRotation(Plot& plot, Point at, double size, Rgb colour) {
   }
 }
 
-void DrawSupport(Plot& plot, Point at, std::string_view code, double size, double angle, Rgb colour) {
+void DrawSupport(Plot& plot, Point at, std::string_view code, double size, double angle, Rgb colour,
+                 SupportSide side) {
   if (code.size() != 3) return;
   std::array<char, 3> held = {code[0], code[1], code[2]};
   std::ranges::replace(held, '2', '0');
   for (const Symbol& symbol : kSymbols)
     if (symbol.code == std::string_view(held.data(), held.size()))
-      symbol.draw(plot, Place(at, size, symbol.inclined ? angle : symbol.angle), colour);
-  if (code[0] == '2') DrawSpringX(plot, at, size, colour);
+      symbol.draw(plot, Place(at, size, AngleOf(symbol.ground, angle, side)), colour);
+  if (code[0] == '2') DrawSpringX(plot, at, size, colour, side);
   if (code[1] == '2') DrawSpringY(plot, at, size, colour);
   if (code[2] == '2') DrawSpringRotation(plot, at, size, colour);
+}
+
+Rectangle SupportBox(Point at, std::string_view code, double size, SupportSide side) {
+  constexpr double kReach = 1.4, kBreadth = 0.65;
+  const bool below = code[1] != '0' || code == "001",
+             aside = code[0] == '2' || (code[0] == '1' && code[1] != '1');
+  const double left = aside && side == SupportSide::Left ? kReach : kBreadth;
+  const double right = aside && side == SupportSide::Right ? kReach : kBreadth;
+  const double up = aside || code[2] == '2' ? kBreadth : 0;
+  return {at.x - left * size, at.y - up * size, at.x + right * size,
+          at.y + (below ? kReach : kBreadth) * size};
 }
 
 }  // namespace zorlan

@@ -17,12 +17,19 @@ std::string_view SupportSymbol(const std::array<std::int16_t, 3>& code);
 /// All codes that have a symbol, "000" first.
 std::span<const std::string_view> SupportSymbols();
 
+/// Where the ground of a support stands that holds its node in x.
+enum class SupportSide : std::uint8_t { Left, Right };
+
 /// Draws the symbol of `code` at a point of the figure (twips). `size` is the height of a pin's triangle
 /// (twips), `angle` the inclination of codes "440" and "441" in degrees counter-clockwise.
-void DrawSupport(Plot& plot, Point at, std::string_view code, double size, double angle, Rgb colour);
+void DrawSupport(Plot& plot, Point at, std::string_view code, double size, double angle, Rgb colour,
+                 SupportSide side = SupportSide::Left);
+
+/// The room that it takes.
+Rectangle SupportBox(Point at, std::string_view code, double size, SupportSide side);
 
 /// The spring symbols of the three directions, on their own.
-void DrawSpringX(Plot& plot, Point at, double size, Rgb colour);
+void DrawSpringX(Plot& plot, Point at, double size, Rgb colour, SupportSide side = SupportSide::Left);
 void DrawSpringY(Plot& plot, Point at, double size, Rgb colour);
 void DrawSpringRotation(Plot& plot, Point at, double size, Rgb colour);
 

@@ -48,7 +48,8 @@ struct View {
   Point ToWorld(Point p) const { return {Vxmin + p.x * Vvkei, Vymax - p.y * Vvkei}; }
 };
 
-/// Extent of points: those that are no numbers don't count. A side without breadth becomes -0.1 to 0.1.
+/// Extent of points: those that are no numbers don't count. A side without breadth becomes 0.1 to either side
+/// of its coordinate, and -0.1 to 0.1 without points: a beam off the axis lies in its own window.
 void SetExtent(View& view, std::span<const Point> shown);
 
 /// A cell of a page: its size and where it lies, from the margins' inner corner.

@@ -1,0 +1,82 @@
+// A figure of 5000 elements with all numbers into operations: the model, the same zoomed in, and its loads.
+#include <benchmark/benchmark.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <string>
+
+#include "base/text_file.h"
+#include "frames.h"
+#include "graphics/frame_figure.h"
+#include "model/deck.h"
+#include "model/model_state.h"
+
+namespace zorlan {
+namespace {
+
+/// A surface that counts what it receives.
+class NullTarget : public PlotTarget {
+ public:
+  Surface TheSurface() const override { return {.width = 15 * 1000, .height = 15 * 700}; }
+  void Line(Point, Point, const Pen&) override { ++operations; }
+  void Circle(Point, double, const Pen&, bool) override { ++operations; }
+  void Text(Point, std::string_view, double, double, Rgb) override { ++operations; }
+  void Shade(std::span<const Point>, Rgb) override { ++operations; }
+  double operations = 0;
+};
+
+FigureModel LargeModel(const bench::Frame& frame) {
+  std::string folder = PathText(std::filesystem::temp_directory_path() / "zorlan-bench-XXXXXX");
+  if (::mkdtemp(folder.data()) == nullptr) std::abort();
+  const std::string deck = FolderText(folder) + "f5000.inp";
+  ReplaceTextFile(deck, bench::DeckText(frame), Flush::No);
+  ReadDeck(deck, /*checkMode=*/false);
+  std::filesystem::remove_all(folder);
+  return FigureModelOf(InpModel);
+}
+
+/// A divided frame as it is analysed, or many bays and storeys as they are drawn.
+Figure LargeFigure() {
+  Figure figure;
+  figure.model = LargeModel(bench::RegularFrame(5, 20, 1, 8, 40));
+  figure.FigureFlags = kRedrawAll;
+  figure.options.elementNumber.mark = figure.options.sectionNumber.mark = true;
+  return figure;
+}
+
+void Draw(benchmark::State& state, Figure& figure, int kind) {
+  NullTarget target;
+  for (auto _ : state) {
+    Plot plot(target);
+    DrawFrameFigure(plot, "", figure, kind);
+  }
+  state.counters["operations"] = target.operations / static_cast<double>(state.iterations());
+}
+
+void ModelFigureWithAllNumbers(benchmark::State& state) {
+  Figure figure = LargeFigure();
+  Draw(state, figure, kModelFigure);
+}
+BENCHMARK(ModelFigureWithAllNumbers)->Unit(benchmark::kMillisecond);
+
+void ModelFigureZoomedIn(benchmark::State& state) {
+  Figure figure = LargeFigure();
+  NullTarget target;
+  Plot plot(target);
+  DrawFrameFigure(plot, "", figure, kModelFigure);
+  ZoomAbout(figure.view, {7500, 5250}, 8);
+  figure.FigureFlags = kDataUnchanged;
+  Draw(state, figure, kModelFigure);
+}
+BENCHMARK(ModelFigureZoomedIn)->Unit(benchmark::kMillisecond);
+
+void LoadCheckWithAllNumbers(benchmark::State& state) {
+  Figure figure = LargeFigure();
+  Draw(state, figure, kLoadCheck);
+}
+BENCHMARK(LoadCheckWithAllNumbers)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace zorlan
+
+BENCHMARK_MAIN();

@@ -1,0 +1,400 @@
+#include "graphics/loads.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "figures.h"
+
+namespace zorlan {
+namespace {
+
+using test::FigureOf;
+using test::LayerLines;
+using test::ModelBuilder;
+using test::Recorder;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+// The beam from (0, 0) to (10, 0): on 13000 x 10000 twips its window is 13 m wide, 1 mm a twip, so that it
+// runs from (1500, 5000) to (11500, 5000). An arrow is 5% of 10000 twips, its head 75 long and 2 x 30 wide;
+// the gap to the member is 200.
+ModelBuilder Beam(bool backward = false) {
+  ModelBuilder b;
+  b.Node(backward ? 10 : 0, 0);
+  b.Node(backward ? 0 : 10, 0);
+  b.Element(1, 2);
+  return b;
+}
+
+std::vector<std::string> LoadLines(const ModelRec& model) {
+  return LayerLines(FigureOf(model), kLoadCheck, layer::kLoad);
+}
+
+/// An arrow as it was drawn: a shaft, and two barbs that start at its tip.
+struct Arrow {
+  Point tail, tip;
+};
+std::vector<Arrow> ArrowsOf(Figure figure) {
+  Recorder surface;
+  Plot plot(surface);
+  plot.RecordDrawing = true;
+  DrawFrameFigure(plot, "", figure, kLoadCheck);
+  std::vector<Arrow> arrows;
+  const auto& list = plot.drawingList;
+  for (std::size_t k = 0; k + 2 < list.size(); ++k) {
+    const auto barb = [&](const DrawOperation& o) {
+      return o.kind == DrawOperation::Kind::Line && o.x == list[k].x2 && o.y == list[k].y2;
+    };
+    if (list[k].layer == layer::kLoad && barb(list[k + 1]) && barb(list[k + 2]))
+      arrows.push_back({{list[k].x, list[k].y}, {list[k].x2, list[k].y2}});
+  }
+  return arrows;
+}
+
+/// Where an arrow meets its member, in metres, and the way it points: R, L, U or D.
+struct Met {
+  double x, y;
+  char way;
+};
+std::vector<Met> MetByArrows(const ModelRec& model) {
+  Figure figure = FigureOf(model);
+  Recorder surface;
+  Plot plot(surface);
+  PrepareFigure(plot, "", figure, kLoadCheck, 0, 0);
+  const FigureNode& i = figure.model.nodes[0];
+  const FigureNode& j = figure.model.nodes[1];
+  const double gap = 0.02 * std::hypot(j.x - i.x, j.y - i.y) / figure.view.Vvkei;
+  std::vector<Met> met;
+  for (const auto& [tail, tip] : ArrowsOf(figure)) {
+    const double length = std::hypot(tip.x - tail.x, tip.y - tail.y);
+    const Point along = {(tip.x - tail.x) / length, (tip.y - tail.y) / length};
+    const Point place = figure.view.ToWorld({tip.x + gap * along.x, tip.y + gap * along.y});
+    const char way = std::abs(along.x) > 0.99   ? (along.x > 0 ? 'R' : 'L')
+                     : std::abs(along.y) > 0.99 ? (along.y > 0 ? 'D' : 'U')
+                                                : '?';
+    met.push_back({place.x, place.y, way});
+  }
+  std::ranges::sort(met, [](const Met& a, const Met& b) { return a.x != b.x ? a.x < b.x : a.y < b.y; });
+  return met;
+}
+
+TEST(Loads, APointLoadIsAnArrowWithItsNumber) {
+  ModelBuilder b = Beam();
+  b.ElementLoad(1, -2, 1, 4);
+  EXPECT_THAT(LoadLines(b.model), ElementsAre("LINE, KAJYU, 5500, 4300, 5500, 4800, 255",
+                                              "LINE, KAJYU, 5500, 4800, 5470, 4725, 255",
+                                              "LINE, KAJYU, 5500, 4800, 5530, 4725, 255",
+                                              "TEXT, KAJYU_TXT, 5340, 4110, -2.0, 320, 160, 0"));
+}
+
+TEST(Loads, ATriangleIsArrowsUnderTheLineThatJoinsThem) {
+  ModelBuilder b = Beam();
+  b.ElementLoad(1, 1.25, 16, 1);  // upward, from nothing at I to its peak at J: below the member
+  const std::vector<std::string> lines = LoadLines(b.model);
+  ASSERT_THAT(lines, SizeIs(18 * 3 + 2));
+  EXPECT_EQ(lines[0], "LINE, KAJYU, 3000, 5275, 3000, 5200, 255");  // at 0.15 the arrow is 75 long
+  EXPECT_EQ(lines[17 * 3], "LINE, KAJYU, 11500, 5700, 11500, 5200, 255");
+  EXPECT_EQ(lines[18 * 3], "LINE, KAJYU, 1500, 5200, 11500, 5700, 255");
+  EXPECT_EQ(lines[18 * 3 + 1], "TEXT, KAJYU_TXT, 6340, 5730, 1.25, 320, 160, 0");
+}
+
+std::vector<double> Steps(std::initializer_list<double> extra, double from, double to, double step) {
+  std::vector<double> all = extra;
+  for (int k = 0; from + k * step < to + step / 2; ++k) all.push_back(from + k * step);
+  std::ranges::sort(all);
+  return all;
+}
+
+// Ly = 2 on 10 m, a division every 0.5 m. An ordinate of no more than 0.12 of the greatest one has no arrow.
+TEST(Loads, EveryTypeHasItsArrowsAtTheLoadedPoints) {
+  struct TypeCase {
+    int type;
+    std::vector<double> x;
+  };
+  const auto but = [](std::vector<double> all, std::initializer_list<double> without) {
+    for (const double x : without) std::erase_if(all, [&](double v) { return std::abs(v - x) < 1e-9; });
+    return all;
+  };
+  const TypeCase kCases[] = {
+      {0, Steps({}, 0, 10, 0.5)},
+      {1, {2}},
+      {2, {2, 8}},
+      {3, Steps({}, 2.5, 7.5, 2.5)},
+      {4, Steps({}, 2, 8, 2)},
+      {5, Steps({}, 10.0 / 6, 50.0 / 6, 10.0 / 6)},
+      {6, Steps({}, 10.0 / 7, 60.0 / 7, 10.0 / 7)},
+      {7, Steps({}, 1.25, 8.75, 1.25)},
+      {8, Steps({}, 10.0 / 9, 80.0 / 9, 10.0 / 9)},
+      {9, Steps({}, 1, 9, 1)},
+      {10, Steps({}, 0.5, 9.5, 0.5)},
+      {11, Steps({}, 0.5, 9.5, 0.5)},                                     // nothing at 5 but the joist
+      {12, but(Steps({10.0 / 3, 20.0 / 3}, 0.5, 9.5, 0.5), {3.5, 6.5})},  // 0.1 of the peak beside the joists
+      {13, Steps({}, 0.5, 9.5, 0.5)},                                     // 2.5, 5, 7.5 the joists
+      {14, Steps({}, 4, 6, 0.5)},
+      {15, Steps({8, 8.5, 9, 9.5, 10}, 0, 2, 0.5)},
+      {16, Steps({}, 1.5, 10, 0.5)},
+      {17, Steps({}, 0, 8.5, 0.5)},
+      {18, Steps({}, 1, 9, 0.5)},
+  };
+  for (const TypeCase& c : kCases) {
+    ModelBuilder b = Beam();
+    b.ElementLoad(1, -1, c.type, 2);
+    const std::vector<Met> met = MetByArrows(b.model);
+    ASSERT_EQ(met.size(), c.x.size()) << "TYPE " << c.type;
+    for (std::size_t k = 0; k < met.size(); ++k) {
+      EXPECT_NEAR(met[k].x, c.x[k], 1e-9) << "TYPE " << c.type;
+      EXPECT_NEAR(met[k].y, 0, 1e-9) << "TYPE " << c.type;
+      EXPECT_EQ(met[k].way, 'D') << "TYPE " << c.type;
+    }
+  }
+}
+
+// One point at Ly: where it acts, and which way a positive one pushes, by MG and the way of the member.
+TEST(Loads, ArrowsPointAsTheAxesOfMgSay) {
+  struct WayCase {
+    const char* name;
+    Point i, j;
+    int MG;
+    double P, Ly;
+    Met expected;
+  };
+  constexpr WayCase kCases[] = {
+      {"own axes, rightward: up", {0, 0}, {10, 0}, 0, 1, 2, {2, 0, 'U'}},
+      {"own axes, negative: down", {0, 0}, {10, 0}, 0, -1, 2, {2, 0, 'D'}},
+      {"own axes, leftward: from I, down", {10, 0}, {0, 0}, 0, 1, 2, {8, 0, 'D'}},
+      {"own axes, upward: left", {0, 0}, {0, 10}, 0, 1, 2, {0, 2, 'L'}},
+      {"own axes, downward: right", {0, 10}, {0, 0}, 0, 1, 2, {0, 8, 'R'}},
+      {"vertical, rightward", {0, 0}, {10, 0}, 1, 1, 2, {2, 0, 'U'}},
+      {"vertical, leftward: from the left end", {10, 0}, {0, 0}, 1, 1, 2, {2, 0, 'U'}},
+      {"vertical, sloping: over the horizontal projection", {0, 0}, {6, 8}, 1, -1, 3, {3, 4, 'D'}},
+      {"horizontal, upward", {0, 0}, {0, 10}, 2, 1, 2, {0, 2, 'R'}},
+      {"horizontal, downward: from the lower end", {0, 10}, {0, 0}, 2, 1, 2, {0, 2, 'R'}},
+      {"horizontal, sloping: over the vertical projection", {0, 0}, {6, 8}, 2, -1, 6, {4.5, 6, 'L'}},
+      {"unknown: vertical over the length, from J", {0, 0}, {6, 8}, 3, 1, 2.5, {4.5, 6, 'U'}},
+  };
+  for (const WayCase& c : kCases) {
+    ModelBuilder b;
+    b.Node(c.i.x, c.i.y);
+    b.Node(c.j.x, c.j.y);
+    b.Element(1, 2);
+    b.ElementLoad(1, c.P, 1, c.Ly, c.MG);
+    const std::vector<Met> met = MetByArrows(b.model);
+    ASSERT_EQ(met.size(), 1) << c.name;
+    EXPECT_NEAR(met[0].x, c.expected.x, 1e-9) << c.name;
+    EXPECT_NEAR(met[0].y, c.expected.y, 1e-9) << c.name;
+    EXPECT_EQ(met[0].way, c.expected.way) << c.name;
+  }
+}
+
+TEST(Loads, TheFactorKMultipliesTheLoad) {
+  ModelBuilder b = Beam();
+  b.ElementLoad(1, -2, 1, 4);
+  b.model.Elod[1].K = -1.5;
+  const std::vector<std::string> lines = LoadLines(b.model);
+  ASSERT_THAT(lines, SizeIs(4));
+  EXPECT_EQ(lines[0], "LINE, KAJYU, 5500, 5700, 5500, 5200, 255");  // upward
+  EXPECT_THAT(lines[3], testing::HasSubstr(", 3.0, "));
+}
+
+TEST(Loads, ALoadOnAMemberWithoutProjectionHasNoArrows) {
+  ModelBuilder b;
+  b.Node(0, 0);
+  b.Node(0, 10);
+  b.Element(1, 2);
+  b.ElementLoad(1, -2, 0, 0, 1);  // per metre of a horizontal projection of 0
+  EXPECT_THAT(LoadLines(b.model), IsEmpty());
+}
+
+TEST(Loads, ALoadAlongItsMemberStandsBesideIt) {
+  ModelBuilder b;
+  b.Node(0, 0);
+  b.Node(0, 10);
+  b.Element(1, 2);
+  b.ElementLoad(1, -2, 1, 0, 1);  // a point at the middle, downward along the column
+  const std::vector<Arrow> arrows = ArrowsOf(FigureOf(b.model));
+  ASSERT_THAT(arrows, SizeIs(1));
+  EXPECT_EQ(arrows[0].tail.x, arrows[0].tip.x);
+  EXPECT_DOUBLE_EQ(std::abs(arrows[0].tip.x - 6500), 200);  // 0.4 of the arrow off the member
+}
+
+TEST(Loads, LoadsOfAMemberLieOnEachOther) {
+  ModelBuilder b = Beam();
+  b.ElementLoad(1, -2, 1, 4);
+  b.ElementLoad(1, -3, 1, 4);
+  b.ElementLoad(1, 4, 1, 4);
+  const std::vector<Arrow> arrows = ArrowsOf(FigureOf(b.model));
+  ASSERT_THAT(arrows, SizeIs(3));
+  EXPECT_EQ(arrows[0].tip.y, 4800);
+  EXPECT_EQ(arrows[1].tip.y, 4100);  // another gap above the first one's tail
+  EXPECT_EQ(arrows[2].tip.y, 5200);  // the other way: the other side
+}
+
+TEST(Loads, OnlyTheCaseInHandIsDrawn) {
+  ModelBuilder b = Beam();
+  b.ElementLoad(1, -2, 1, 4, 0, 2);
+  b.NodalLoad(1, 1, 1, 1, 2);
+  b.CmqLoad(1, 1, 1, 1, 1, 1, 0, 2);
+  b.TemperatureLoad(1, 10, 30, 10, 0.000012, 20, 0, 2);
+  EXPECT_THAT(LoadLines(b.model), IsEmpty());
+  Figure figure = FigureOf(b.model);
+  figure.loadCase = 2;
+  EXPECT_FALSE(LayerLines(figure, kLoadCheck, layer::kLoad).empty());
+  EXPECT_THAT(LayerLines(figure, kModelFigure, layer::kLoad), IsEmpty());
+}
+
+TEST(Loads, LoadsOfUnknownOrHiddenItemsAreNotDrawn) {
+  ModelBuilder b = Beam();
+  b.Node(100, 0);
+  b.Node(110, 0);
+  b.Element(3, 4);
+  b.ElementLoad(9, -2, 1, 4);
+  b.NodalLoad(9, 1, 1, 1);
+  b.ElementLoad(2, -2, 1, 4);
+  b.NodalLoad(3, 1, 1, 1);
+  Figure figure = FigureOf(b.model);
+  figure.range.xUpper = 50;
+  EXPECT_THAT(LayerLines(figure, kLoadCheck, layer::kLoad), IsEmpty());
+}
+
+TEST(Loads, NodalForcesArePushesOntoTheNode) {
+  ModelBuilder b = Beam();
+  b.NodalLoad(1, 2, 0, 0);
+  b.NodalLoad(2, 0, -3, 0);
+  EXPECT_THAT(
+      LoadLines(b.model),
+      ElementsAre("LINE, KAJYU, 975, 5000, 1475, 5000, 255", "LINE, KAJYU, 1475, 5000, 1400, 5030, 255",
+                  "LINE, KAJYU, 1475, 5000, 1400, 4970, 255", "TEXT, KAJYU_TXT, 705, 4920, 2.0, 240, 160, 0",
+                  "LINE, KAJYU, 11500, 4475, 11500, 4975, 255", "LINE, KAJYU, 11500, 4975, 11470, 4900, 255",
+                  "LINE, KAJYU, 11500, 4975, 11530, 4900, 255",
+                  "TEXT, KAJYU_TXT, 11340, 4285, -3.0, 320, 160, 0"));
+}
+
+// A turn of 200 twips about the node: from the lower right over the top to the lower left, or back.
+TEST(Loads, NodalMomentsTurnAsTheirSign) {
+  const double reach = 200 * std::sqrt(0.5);
+  for (const double M : {1.5, -1.5}) {
+    ModelBuilder b = Beam();
+    b.NodalLoad(1, 0, 0, M);
+    Figure figure = FigureOf(b.model);
+    Recorder surface;
+    Plot plot(surface);
+    plot.RecordDrawing = true;
+    DrawFrameFigure(plot, "", figure, kLoadCheck);
+    std::vector<DrawOperation> turn;
+    for (const DrawOperation& o : plot.drawingList)
+      if (o.layer == layer::kLoad) turn.push_back(o);
+    ASSERT_THAT(turn, SizeIs(20));  // 18 chords and a head
+    const double side = M > 0 ? reach : -reach;
+    EXPECT_NEAR(turn[0].x, 1500 + side, 1e-9);
+    EXPECT_NEAR(turn[0].y, 5000 + reach, 1e-9);
+    EXPECT_NEAR(turn[17].x2, 1500 - side, 1e-9);
+    EXPECT_NEAR(turn[17].y2, 5000 + reach, 1e-9);
+    EXPECT_NEAR(turn[9].x, 1500, 1e-9);
+    EXPECT_NEAR(turn[9].y, 4800, 1e-9);  // over the top
+    for (const std::size_t barb : {18u, 19u}) {
+      EXPECT_NEAR(turn[barb].x, 1500 - side, 1e-9);
+      EXPECT_LT(turn[barb].y2, turn[barb].y);  // the head points down at the end
+    }
+  }
+}
+
+TEST(Loads, NodalLoadsOfAGridNameTheirDirections) {
+  ModelBuilder b(kPlaneGrid);
+  b.Node(0, 0);
+  b.Node(10, 0);
+  b.Element(1, 2);
+  b.NodalLoad(1, -40, 0, 0);
+  b.NodalLoad(2, 0, 1.5, -2.25);
+  std::vector<std::string> texts;
+  for (const std::string& line : LoadLines(b.model))
+    if (line.starts_with("TEXT")) texts.push_back(line);
+  ASSERT_THAT(texts, SizeIs(3));
+  EXPECT_THAT(texts[0], testing::HasSubstr(", Fz=-40.0, 640, 160, 0"));
+  EXPECT_THAT(texts[1], testing::HasSubstr(", Mx=1.5, "));
+  EXPECT_THAT(texts[2], testing::HasSubstr(", My=-2.25, "));
+}
+
+TEST(Loads, GridMomentsAreArrowsWithTwoHeads) {
+  ModelBuilder b(kPlaneGrid);
+  b.Node(0, 0);
+  b.Node(10, 0);
+  b.Element(1, 2);
+  b.NodalLoad(2, 0, -1.5, 0);  // about -x: points to the left, from the right
+  const std::vector<std::string> lines = LoadLines(b.model);
+  ASSERT_THAT(lines, SizeIs(6));
+  EXPECT_EQ(lines[0], "LINE, KAJYU, 12025, 5000, 11525, 5000, 255");
+  EXPECT_EQ(lines[1], "LINE, KAJYU, 11525, 5000, 11600, 4970, 255");
+  EXPECT_EQ(lines[3], "LINE, KAJYU, 11600, 5000, 11675, 4970, 255");
+}
+
+TEST(Loads, GridMemberLoadsLieAcrossTheMemberInThePlan) {
+  ModelBuilder b(kPlaneGrid);
+  b.Node(0, 0);
+  b.Node(0, 10);
+  b.Element(1, 2);
+  b.ElementLoad(1, 1, 1, 2, 1);  // MG means nothing in a grid
+  const std::vector<Met> met = MetByArrows(b.model);
+  ASSERT_THAT(met, SizeIs(1));
+  EXPECT_NEAR(met[0].y, 2, 1e-9);
+  EXPECT_EQ(met[0].way, 'L');
+}
+
+TEST(Loads, CmqLoadsAreTurnsAndForcesAtTheEnds) {
+  ModelBuilder b = Beam();
+  b.CmqLoad(1, 3, 4.5, -3, 2, 1, 0);
+  std::vector<std::string> texts;
+  for (const std::string& line : LoadLines(b.model))
+    if (line.starts_with("TEXT")) texts.push_back(line.substr(line.find("TXT") + 3));
+  ASSERT_THAT(texts, SizeIs(5));
+  EXPECT_THAT(texts[0], testing::HasSubstr(", C=3.0, "));
+  EXPECT_THAT(texts[1], testing::HasSubstr(", C=-3.0, "));
+  EXPECT_THAT(texts[2], testing::HasSubstr(", 2.0, "));
+  EXPECT_THAT(texts[3], testing::HasSubstr(", 1.0, "));
+  EXPECT_THAT(texts[4], testing::HasSubstr(", Mo=4.5, "));
+  const std::vector<Arrow> arrows = ArrowsOf(FigureOf(b.model));
+  ASSERT_GE(arrows.size(), 2);
+  for (const Arrow& arrow : {arrows[arrows.size() - 2], arrows.back()}) {
+    EXPECT_DOUBLE_EQ(arrow.tip.y, 5200);  // upward from below
+    EXPECT_DOUBLE_EQ(arrow.tail.y, 5700);
+  }
+}
+
+TEST(Loads, TemperatureLoadsStandAsNumbers) {
+  ModelBuilder b = Beam();
+  b.TemperatureLoad(1, 10, 30, -5.5, 0.000012, 20);
+  const std::vector<std::string> lines = LoadLines(b.model);
+  ASSERT_THAT(lines, SizeIs(1));
+  EXPECT_THAT(lines[0], testing::HasSubstr(", T1=30.0 T2=-5.5, "));
+}
+
+TEST(Loads, OptionsHideLoadsAndTheirNumbers) {
+  ModelBuilder b = Beam();
+  b.ElementLoad(1, -2, 1, 4);
+  b.NodalLoad(1, 2, 0, 0);
+  Figure figure = FigureOf(b.model);
+  figure.options.loadValue.visible = false;
+  EXPECT_THAT(LayerLines(figure, kLoadCheck, layer::kLoad), SizeIs(6));
+  figure.options.elementLoad.visible = false;
+  EXPECT_THAT(LayerLines(figure, kLoadCheck, layer::kLoad), SizeIs(3));
+  figure.options.nodalLoad.visible = false;
+  EXPECT_THAT(LayerLines(figure, kLoadCheck, layer::kLoad), IsEmpty());
+}
+
+TEST(Loads, NumbersShowWhatWasTyped) {
+  struct NumberCase {
+    double P;
+    const char* text;
+  };
+  for (const NumberCase& c :
+       {NumberCase{-2, "-2.0"}, {0.05, "0.05"}, {1234567.125, "1234567.125"}, {0.0000004, "0.0"}}) {
+    ModelBuilder b = Beam();
+    b.ElementLoad(1, c.P, 1, 4);
+    EXPECT_THAT(LoadLines(b.model).back(), testing::HasSubstr(std::string(", ") + c.text + ", "));
+  }
+}
+
+}  // namespace
+}  // namespace zorlan
