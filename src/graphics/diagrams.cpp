@@ -1,11 +1,322 @@
 #include "graphics/diagrams.h"
 
-namespace zorlan {
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <vector>
 
-void DrawDisplacementData(Plot&, const Figure&, LabelField&) {}
-void DrawNormalData(Plot&, const Figure&, LabelField&) {}
-void DrawNormalShearData(Plot&, const Figure&, LabelField&) {}
-void DrawMomentData(Plot&, const Figure&, LabelField&) {}
-void DrawRatioData(Plot&, const Figure&, LabelField&) {}
+#include "graphics/diagram_curves.h"
+#include "graphics/diagram_labels.h"
+
+namespace zorlan {
+namespace {
+
+/// From t to the unit of the labels.
+double DisplayFactor(const FigureModel& model) {
+  return model.outUnit == 1 ? model.gravityFactor : 1;
+}
+
+/// The first and the last case that have a part in a scale.
+struct CaseRange {
+  int first = 1, last = 0;
+};
+CaseRange ScaledCases(const Figure& figure) {
+  if (figure.options.ScaleOverAllCases) return {1, figure.model.maxLoadCase};
+  return {figure.loadCase, figure.loadCase};
+}
+
+/// The record of a row in a result table; nothing where the table doesn't reach.
+template <class Record>
+const Record* RecordOf(const std::vector<Record>& table, std::size_t rows, int loadCase, std::size_t row) {
+  if (loadCase < 1 || row >= rows) return nullptr;
+  const std::size_t at = static_cast<std::size_t>(loadCase - 1) * rows + row;
+  return at < table.size() ? &table[at] : nullptr;
+}
+
+const StressRecord* StressOf(const Figure& figure, int loadCase, std::size_t element) {
+  return RecordOf(figure.model.StressTable, figure.model.elements.size(), loadCase, element);
+}
+
+std::optional<DiagramMember> MemberOf(const Figure& figure, const FigureElement& element) {
+  if (element.rowI < 0 || element.rowJ < 0) return std::nullopt;
+  const FigureNode& i = figure.model.nodes[static_cast<std::size_t>(element.rowI)];
+  const FigureNode& j = figure.model.nodes[static_cast<std::size_t>(element.rowJ)];
+  return MemberFromStart({i.x, i.y}, {j.x, j.y});
+}
+
+/// The greatest absolute value that `greatest` finds in the records of all members with a length.
+template <class Greatest>
+double GreatestStress(const Figure& figure, Greatest greatest) {
+  double G = 0;
+  const CaseRange cases = ScaledCases(figure);
+  const std::vector<FigureElement>& elements = figure.model.elements;
+  for (std::size_t e = 0; e < elements.size(); ++e) {
+    if (!MemberOf(figure, elements[e])) continue;
+    for (int c = cases.first; c <= cases.last; ++c)
+      if (const StressRecord* const record = StressOf(figure, c, e)) G = std::max(G, greatest(*record));
+  }
+  return G;
+}
+
+/// How ordinates lie in the figure: in a frame beside their member; in the oblique view of a grid upright.
+class Ordinates {
+ public:
+  Ordinates(const Figure& figure, float heightCm, double G) : figure_(figure) {
+    double height = heightCm * kTwipsPerCm;
+    if (figure.oblique) {  // the view shortens what stands upright
+      const Point foot = figure.PlaneOf(0, 0, 0), top = figure.PlaneOf(0, 0, 1);
+      const double shown = std::hypot(top.x - foot.x, top.y - foot.y);
+      constexpr double kFlat = 1e-3;
+      height /= std::max(shown, kFlat);
+    }
+    scale_ = DiagramScale(height, figure.view.Vvkei, G);
+  }
+
+  double Scale() const { return scale_; }
+
+  /// The point in the figure (twips) of the ordinate m (model units) at x from the member's start.
+  Point At(const DiagramMember& member, double x, double m) const {
+    if (figure_.oblique)
+      return figure_.FigureOf(x * member.cosine + member.xi, x * member.sine + member.yi, m);
+    const Point p = OrdinatePoint(member, x, m);
+    return figure_.FigureOf(p.x, p.y);
+  }
+  /// The unit vector in the figure along which positive ordinates grow.
+  Point Away(const DiagramMember& member) const {
+    return figure_.oblique ? Point{0, -1} : Point{-member.sine, -member.cosine};
+  }
+  double Angle(const DiagramMember& member) const { return figure_.oblique ? 0 : LabelAngle(member); }
+
+ private:
+  const Figure& figure_;
+  double scale_ = 1;
+};
+
+/// A curve of ordinates over a member: its points from start to end, and the feet at both ends.
+struct Curve {
+  Point footStart, footEnd;
+  std::vector<Point> points;
+};
+
+void ShadeCurve(Plot& plot, const Curve& curve, Rgb colour) {
+  std::vector<Point> polygon = curve.points;
+  polygon.push_back(curve.footEnd);
+  polygon.push_back(curve.footStart);
+  PlotShade(plot, polygon, colour);
+}
+
+void DrawPolyline(Plot& plot, std::span<const Point> points, Rgb colour) {
+  for (std::size_t k = 1; k < points.size(); ++k)
+    PlotDashedLine(plot, points[k - 1].x, points[k - 1].y, points[k].x, points[k].y, colour);
+}
+
+/// The closing line from the member to an ordinate; none to an ordinate of 0.
+void DrawClosing(Plot& plot, Point foot, Point ordinate, double m, Rgb colour) {
+  if (m != 0) PlotDashedLine(plot, foot.x, foot.y, ordinate.x, ordinate.y, colour);
+}
+
+Point Reversed(Point p, double sign) {
+  return sign < 0 ? Point{-p.x, -p.y} : p;
+}
+
+// The shown members of a diagram, each with its values of the case in hand; those without an ordinate are
+// left out.
+
+template <class Values>
+struct MemberValues {
+  DiagramMember member;
+  Values values;
+};
+
+template <class Values, class Read, class Any>
+std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Read read, Any any) {
+  std::vector<MemberValues<Values>> shown;
+  const std::vector<FigureElement>& elements = figure.model.elements;
+  for (std::size_t e = 0; e < elements.size() && e < figure.shown.size(); ++e) {
+    if (figure.shown[e] == 0) continue;
+    const StressRecord* const record = StressOf(figure, figure.loadCase, e);
+    if (record == nullptr) continue;
+    const std::optional<DiagramMember> member = MemberOf(figure, elements[e]);
+    if (!member) continue;
+    const Values values = read(*record, member->exchanged);
+    if (any(values)) shown.push_back({*member, values});
+  }
+  return shown;
+}
+
+bool AnyMoment(const MomentValues& v) {
+  return v.start != 0 || v.centre != 0 || v.end != 0;
+}
+bool AnyForce(const EndValues& v) {
+  return v.start != 0 || v.end != 0;
+}
+
+double GreatestMoment(const StressRecord& r) {
+  return std::max({std::abs(r.momentI), std::abs(r.momentC), std::abs(r.momentJ)});
+}
+double GreatestAxial(const StressRecord& r) {
+  return std::max(std::abs(r.axialI), std::abs(r.axialJ));
+}
+double GreatestShear(const StressRecord& r) {
+  return std::max(std::abs(r.shearI), std::abs(r.shearJ));
+}
+
+Curve MomentCurve(const DiagramMember& member, const Parabola& m, const Ordinates& ordinates) {
+  Curve curve{ordinates.At(member, 0, 0), ordinates.At(member, member.L, 0), {}};
+  curve.points.reserve(kChords + 3);  // the shade adds the feet
+  for (int k = 0; k <= kChords; ++k) {
+    const double x = member.L / kChords * k;
+    curve.points.push_back(ordinates.At(member, x, m.At(x)));
+  }
+  return curve;
+}
+
+/// A band of a force: a quadrangle between the member and the line that joins both ordinates; of one colour
+/// for each sign.
+struct Band {
+  double x0, m0, x1, m1;  // from x0 to x1, ordinates
+  Rgb colour;
+};
+
+/// The parts of a straight line of ordinates on either side of the member; one where they look alike.
+std::vector<Band> BandsOf(double L, double m0, double m1, Rgb positive, Rgb negative) {
+  const auto colour = [&](double m) { return m < 0 ? negative : positive; };
+  if (positive == negative || (m0 < 0) == (m1 < 0) || m0 == 0 || m1 == 0)
+    return {{0, m0, L, m1, colour(m0 + m1)}};
+  const double x = L * m0 / (m0 - m1);
+  return {{0, m0, x, 0, colour(m0)}, {x, 0, L, m1, colour(m1)}};
+}
+
+struct ForceDiagram {
+  EndValues (*read)(const StressRecord&, bool);
+  double (*greatest)(const StressRecord&);
+  float heightCm;
+  const LineOption& line;
+  Rgb positive, negative;
+  const TextOption& value;
+  int decimals;
+};
+
+void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, const ForceDiagram& diagram) {
+  const Ordinates ordinates(figure, diagram.heightCm, GreatestStress(figure, diagram.greatest));
+  const auto shown = ShownValues<EndValues>(figure, diagram.read, AnyForce);
+  const double s = ordinates.Scale();
+  const auto forEachBand = [&](auto use) {
+    if (!diagram.line.visible) return;
+    for (const auto& [member, v] : shown)
+      for (const Band& band : BandsOf(member.L, v.start * s, v.end * s, diagram.positive, diagram.negative))
+        use(band, Curve{ordinates.At(member, band.x0, 0),
+                        ordinates.At(member, band.x1, 0),
+                        {ordinates.At(member, band.x0, band.m0), ordinates.At(member, band.x1, band.m1)}});
+  };
+  forEachBand([&](const Band& band, const Curve& curve) { ShadeCurve(plot, curve, band.colour); });
+
+  PlotSetPen(plot, diagram.line.style, diagram.line.width);
+  forEachBand([&](const Band& band, const Curve& curve) {
+    DrawClosing(plot, curve.footStart, curve.points[0], band.m0, band.colour);
+    DrawPolyline(plot, curve.points, band.colour);
+    DrawClosing(plot, curve.points[1], curve.footEnd, band.m1, band.colour);
+  });
+
+  ValueLabels values(plot, labels, diagram.value, diagram.decimals, DisplayFactor(figure.model));
+  for (const auto& [member, v] : shown) {
+    const Point away = ordinates.Away(member);
+    const double angle = ordinates.Angle(member);
+    values.Write(ordinates.At(member, 0, v.start * s), Reversed(away, v.start), angle, kLeftCentre, v.start);
+    values.Write(ordinates.At(member, member.L, v.end * s), Reversed(away, v.end), angle, kRightCentre,
+                 v.end);
+  }
+}
+
+/// Displacements of a member's end nodes in a case.
+const DisplacementRecord* DisplacementOf(const Figure& figure, int loadCase, int row) {
+  if (row < 0) return nullptr;
+  return RecordOf(figure.model.DisplacementTable, figure.model.nodes.size(), loadCase,
+                  static_cast<std::size_t>(row));
+}
+
+/// The greatest displacement of the members' end nodes: in x and y, of a grid's oblique view the vertical
+/// one.
+double GreatestDisplacement(const Figure& figure) {
+  double G = 0;
+  const CaseRange cases = ScaledCases(figure);
+  for (const FigureElement& element : figure.model.elements) {
+    if (!MemberOf(figure, element)) continue;
+    for (const int row : {element.rowI, element.rowJ})
+      for (int c = cases.first; c <= cases.last; ++c)
+        if (const DisplacementRecord* const d = DisplacementOf(figure, c, row))
+          G = std::max({G, std::abs(d->x), figure.oblique ? 0 : std::abs(d->y)});
+  }
+  return G;
+}
+
+}  // namespace
+
+void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
+  const FigureOptions& options = figure.options;
+  const Ordinates ordinates(figure, options.HeightMoment, GreatestStress(figure, GreatestMoment));
+  const auto shown = ShownValues<MomentValues>(figure, MomentsFromStart, AnyMoment);
+  const double s = ordinates.Scale();
+  const auto forEachCurve = [&](auto use) {
+    if (!options.moment.visible) return;
+    for (const auto& [member, v] : shown) {
+      const Parabola m = MomentParabola(v.start * s, v.centre * s, v.end * s, member.L);
+      use(v, MomentCurve(member, m, ordinates));
+    }
+  };
+  forEachCurve(
+      [&](const MomentValues&, const Curve& curve) { ShadeCurve(plot, curve, options.moment.colour); });
+
+  PlotSetPen(plot, options.moment.style, options.moment.width);
+  forEachCurve([&](const MomentValues& v, const Curve& curve) {
+    DrawClosing(plot, curve.footStart, curve.points.front(), v.start, options.moment.colour);
+    DrawPolyline(plot, curve.points, options.moment.colour);
+    DrawClosing(plot, curve.points.back(), curve.footEnd, v.end, options.moment.colour);
+  });
+
+  ValueLabels values(plot, labels, options.momentValue, options.DecimalsMoment, DisplayFactor(figure.model));
+  for (const auto& [member, v] : shown) {
+    const Point away = ordinates.Away(member);
+    const double angle = ordinates.Angle(member), L = member.L;
+    values.Write(ordinates.At(member, 0, v.start * s), Reversed(away, v.start), angle, kLeftCentre, v.start);
+    values.Write(ordinates.At(member, L, -v.end * s), Reversed(away, -v.end), angle, kRightCentre, v.end);
+    values.Write(ordinates.At(member, L / 2, -v.centre * s), Reversed(away, -v.centre), angle, kCentre,
+                 v.centre);
+  }
+}
+
+void DrawNormalData(Plot& plot, const Figure& figure, LabelField& labels) {
+  const FigureOptions& o = figure.options;
+  DrawForceDiagram(plot, figure, labels,
+                   {AxialFromStart, GreatestAxial, o.HeightNormal, o.axial, o.axialTension,
+                    o.axialCompression, o.axialValue, o.DecimalsNormal});
+}
+
+void DrawNormalShearData(Plot& plot, const Figure& figure, LabelField& labels) {
+  const FigureOptions& o = figure.options;
+  DrawForceDiagram(plot, figure, labels,
+                   {ShearFromStart, GreatestShear, o.HeightShear, o.shear, o.shear.colour, o.shear.colour,
+                    o.shearValue, o.DecimalsShear});
+}
+
+void DrawDisplacementData(Plot& plot, const Figure& figure, LabelField& /*labels*/) {
+  const LineOption& line = figure.options.displacement;
+  if (!line.visible) return;
+  const double s = Ordinates(figure, figure.options.HeightDisplacement, GreatestDisplacement(figure)).Scale();
+  const auto moved = [&](int row) -> std::optional<Point> {
+    const DisplacementRecord* const d = DisplacementOf(figure, figure.loadCase, row);
+    if (d == nullptr) return std::nullopt;
+    const FigureNode& node = figure.model.nodes[static_cast<std::size_t>(row)];
+    return figure.oblique ? figure.FigureOf(node.x, node.y, s * d->x)
+                          : figure.FigureOf(node.x + s * d->x, node.y + s * d->y);
+  };
+  PlotSetPen(plot, line.style, line.width);
+  for (std::size_t e = 0; e < figure.shown.size(); ++e) {
+    const FigureElement& element = figure.model.elements[e];
+    if (figure.shown[e] == 0 || !MemberOf(figure, element)) continue;
+    const std::optional<Point> i = moved(element.rowI), j = moved(element.rowJ);
+    if (i && j) PlotDashedLine(plot, i->x, i->y, j->x, j->y, line.colour);
+  }
+}
 
 }  // namespace zorlan

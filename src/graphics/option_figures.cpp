@@ -103,9 +103,8 @@ FigureOptions FigureOptionsOf(const AnalysisOptions& options) {
   figure.HeightNormal = options.HeightNormal;
   figure.HeightShear = options.HeightShear;
   figure.HeightMoment = options.HeightMoment;
-  figure.DecimalsDisplacement = DecimalsOf(options.DecimalsDisplacement);
   figure.DecimalsNormal = DecimalsOf(options.DecimalsNormal);
-  figure.DecimalsShear = figure.DecimalsNormal;
+  figure.DecimalsShear = DecimalsOf(options.DecimalsShear);
   figure.DecimalsMoment = DecimalsOf(options.DecimalsMoment);
   figure.ScaleOverAllCases = options.ScaleOverAllCases;
   return figure;

@@ -151,7 +151,7 @@ float TakeCommonPart(Values& values, AnalysisOptions& options, bool& anyRow) {
   for (float* const height : {&options.HeightDisplacement, &options.HeightNormal, &options.HeightMoment})
     if (TakeHeight(values, *height)) last = *height;
   for (std::string* const decimals :
-       {&options.DecimalsDisplacement, &options.DecimalsNormal, &options.DecimalsMoment})
+       {&options.DecimalsNormal, &options.DecimalsShear, &options.DecimalsMoment})
     TakeDecimals(values, *decimals);
   return last;
 }
@@ -300,8 +300,7 @@ std::string AnalysisOptionsText(const AnalysisOptions& options) {
   AppendRows(text, options.rows);
   for (const float height : {options.HeightDisplacement, options.HeightNormal, options.HeightMoment})
     AppendLine(text, HeightText(height));
-  for (const std::string& decimals :
-       {options.DecimalsDisplacement, options.DecimalsNormal, options.DecimalsMoment})
+  for (const std::string& decimals : {options.DecimalsNormal, options.DecimalsShear, options.DecimalsMoment})
     AppendLine(text, Quoted(decimals));
   AppendLine(text, HeightText(options.HeightShear));
   AppendLine(text, std::to_string(options.tension));

@@ -5,7 +5,7 @@
 // MODELEST.PRM   the rows of the model set, then the two rows of the viewing range
 // DESGNEST.PRM   the mark of the version, then the rows of the design set
 // LOADEST1.PRM   the rows of the analysis set, heights of displacement, axial force and moment, decimals of
-//                the same three, height of shear, the two colours, the flag
+//                axial force, shear and moment, height of shear, the two colours, the flag
 // LOADEST.PRM    the older form of it: without height of shear and colours
 //
 // A value is a line, texts in double quotes. What a file lacks, or what can't be meant, is the default.
@@ -39,8 +39,7 @@ struct DesignOptions {
 struct AnalysisOptions {
   OptionRows<kAnalysisRows.size()> rows;
   float HeightDisplacement = 1, HeightNormal = 1, HeightMoment = 1;  // cm
-  std::string DecimalsDisplacement = "2", DecimalsNormal = "2",
-              DecimalsMoment = "2";           // shear: as axial force
+  std::string DecimalsNormal = "2", DecimalsShear = "2", DecimalsMoment = "2";
   float HeightShear = 1;                      // cm
   Rgb tension = 16711680, compression = 255;  // of the axial force diagram
   bool ScaleOverAllCases = true;

@@ -85,5 +85,36 @@ TEST(DrawingListReader, RefusesAnOperationThatCannotBeMeant) {
     EXPECT_THROW(ReadOperation(line), Fault) << line;
 }
 
+TEST(DrawingListReader, ReadsBackWhatTheListWriterWrites) {
+  const DrawOperation operations[] = {
+      {.kind = Kind::Line,
+       .layer = "MODEL",
+       .x = 0.5,
+       .y = -1,
+       .x2 = 1e-7,
+       .y2 = 12345.678,
+       .text = {},
+       .colour = 0xFFFFFF},
+      {.kind = Kind::Circle, .layer = "KAJYU", .x = 1, .y = 2, .radius = 3, .text = {}, .colour = 1},
+      {.kind = Kind::Text,
+       .layer = "TITLE_TXT",
+       .x = 1,
+       .y = 2,
+       .text = "荷重ﾁｪｯｸ図",
+       .width = 9,
+       .height = 2},
+      {.kind = Kind::TextRotated,
+       .layer = "DISP_TXT",
+       .x = 1,
+       .y = 2,
+       .text = "1 2",
+       .width = 9,
+       .height = 2,
+       .angle = -33.5},
+  };
+  for (const DrawOperation& operation : operations)
+    EXPECT_EQ(ReadOperation(OperationLine(operation)), operation) << OperationLine(operation);
+}
+
 }  // namespace
 }  // namespace zorlan

@@ -165,8 +165,8 @@ AnalysisOptions ChangedAnalysisOptions() {
   options.HeightDisplacement = 1.1F;
   options.HeightNormal = 0.35F;
   options.HeightMoment = 3;
-  options.DecimalsDisplacement = "0";
-  options.DecimalsNormal = "1";
+  options.DecimalsNormal = "0";
+  options.DecimalsShear = "1";
   options.DecimalsMoment = "3";
   options.HeightShear = 2.5F;
   options.tension = 1;
@@ -384,8 +384,7 @@ TEST(FigureOptions, DesignSetHasTheClasses) {
 TEST(FigureOptions, AnalysisSetHasHeightsAndDecimals) {
   const FigureOptions figure = FigureOptionsOf(ChangedAnalysisOptions());
   EXPECT_EQ(figure.HeightShear, 2.5F);
-  EXPECT_EQ(figure.DecimalsDisplacement, 0);
-  EXPECT_EQ(figure.DecimalsNormal, 1);
+  EXPECT_EQ(figure.DecimalsNormal, 0);
   EXPECT_EQ(figure.DecimalsShear, 1);
   EXPECT_EQ(figure.DecimalsMoment, 3);
   EXPECT_EQ(figure.axialTension, 1);

@@ -1,0 +1,55 @@
+#include <cmath>
+
+#include "graphics/diagram_curves.h"
+#include "graphics/diagram_labels.h"
+#include "graphics/diagrams.h"
+
+namespace zorlan {
+namespace {
+
+constexpr int kRatioDecimals = 2;
+
+struct RatioMember {
+  Point i, j;  // twips
+  double ratio;
+  const LineOption* line;
+};
+
+/// The shown members whose class is visible.
+std::vector<RatioMember> RatioMembers(const Figure& figure) {
+  const FigureModel& model = figure.model;
+  const auto& classes = figure.options.ratioClass;
+  std::vector<RatioMember> members;
+  for (std::size_t e = 0; e < figure.shown.size(); ++e) {
+    if (figure.shown[e] == 0) continue;
+    const double ratio = e < model.ratios.size() ? model.ratios[e] : std::nan("");
+    const LineOption& line = classes[RatioClassOf(ratio, classes)].line;
+    if (!line.visible) continue;
+    const auto place = [&](int row) {
+      return figure.view.ToFigure(figure.place[static_cast<std::size_t>(row)]);
+    };
+    members.push_back({place(model.elements[e].rowI), place(model.elements[e].rowJ), ratio, &line});
+  }
+  return members;
+}
+
+}  // namespace
+
+void DrawRatioData(Plot& plot, const Figure& figure, LabelField& labels) {
+  const std::vector<RatioMember> members = RatioMembers(figure);
+  for (const RatioMember& member : members) {
+    PlotSetPen(plot, member.line->style, member.line->width);
+    PlotDashedLine(plot, member.i.x, member.i.y, member.j.x, member.j.y, member.line->colour);
+  }
+  // Colours alone don't reach every eye and printer: the ratio stands beside its member.
+  ValueLabels values(plot, labels, TextOption{}, kRatioDecimals);
+  for (const RatioMember& member : members) {
+    const std::optional<DiagramMember> line =
+        MemberFromStart({member.i.x, -member.i.y}, {member.j.x, -member.j.y});
+    if (!line || !(member.ratio >= 0)) continue;
+    values.Write({(member.i.x + member.j.x) / 2, (member.i.y + member.j.y) / 2}, {-line->sine, -line->cosine},
+                 LabelAngle(*line), kCentre, member.ratio);
+  }
+}
+
+}  // namespace zorlan

@@ -1,0 +1,59 @@
+#include "graphics/ratio_files.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "base/text_file.h"
+#include "graphics/frame_figure.h"
+#include "temporary_folder.h"
+
+namespace zorlan {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsNan;
+
+TEST(SteelRatios, LargestOfAMembersThreePositionsCounts) {
+  EXPECT_THAT(ParseSteelRatios("0.2\r\n0.9\r\n0.3\r\n-1\r\n0.4\r\n-1\r\n-1\r\n-1\r\n-1\r\n", 3),
+              ElementsAre(0.9, 0.4, IsNan()));
+}
+
+TEST(SteelRatios, TextThatEndsEarlyCountsUpToThere) {
+  EXPECT_THAT(ParseSteelRatios(" .5 \r\n", 2), ElementsAre(0.5, IsNan()));
+  EXPECT_THAT(ParseSteelRatios("0.5\r\nx\r\n0.9\r\n", 1), ElementsAre(0.5));
+  EXPECT_THAT(ParseSteelRatios("", 1), ElementsAre(IsNan()));
+  EXPECT_THAT(ParseSteelRatios("1e999\r\n", 1), ElementsAre(IsNan()));
+  EXPECT_TRUE(ParseSteelRatios("0.5\r\n", 0).empty());
+}
+
+TEST(RcRatios, HaveALineAMemberAndZeroBehindTheEnd) {
+  EXPECT_THAT(ParseRcRatios("0.21\r\n0.6\r\n", 3), ElementsAre(0.21, 0.6, 0));
+  EXPECT_THAT(ParseRcRatios("0.21\r\n\r\n0.6\r\n", 3), ElementsAre(0.21, 0, 0));
+}
+
+TEST(FigureRatios, AreReadByTheKindOfTheFigure) {
+  const TemporaryFolder folder;
+  ReplaceTextFile(folder.Path() + "SIG_S", "0.1\r\n0.2\r\n0.3\r\n");
+  ReplaceTextFile(folder.Path() + "SIG_RC", "0.7\r\n");
+  FigureModel model;
+  model.elements.resize(1);
+  EXPECT_TRUE(LoadFigureRatios(model, kSteelRatioFigure, folder.Path()));
+  EXPECT_THAT(model.ratios, ElementsAre(0.3));
+  EXPECT_TRUE(LoadFigureRatios(model, kRcRatioFigure, folder.Path()));
+  EXPECT_THAT(model.ratios, ElementsAre(0.7));
+  EXPECT_FALSE(LoadFigureRatios(model, kMomentFigure, folder.Path()));
+  EXPECT_TRUE(model.ratios.empty());
+}
+
+TEST(FigureRatios, MissingFileLeavesNone) {
+  const TemporaryFolder folder;
+  FigureModel model;
+  model.ratios = {1};
+  EXPECT_FALSE(LoadFigureRatios(model, kSteelRatioFigure, folder.Path()));
+  EXPECT_TRUE(model.ratios.empty());
+}
+
+}  // namespace
+}  // namespace zorlan

@@ -1,0 +1,181 @@
+#include "output/batch_print.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "base/fault.h"
+#include "base/text_file.h"
+#include "graphics/frame_figure.h"
+#include "model/model_state.h"
+#include "temporary_folder.h"
+
+namespace zorlan {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+FigureSelection Batch(int layout, std::vector<int> loadCheck, std::vector<int> moment) {
+  FigureSelection selection;
+  selection.layout = layout;
+  selection.types[0] = {!loadCheck.empty(), std::move(loadCheck)};
+  selection.types[4] = {!moment.empty(), std::move(moment)};
+  return selection;
+}
+
+FigureSelection Single(int kind, std::vector<int> cases) {
+  FigureSelection selection;
+  selection.batch = false;
+  selection.figureKind = kind;
+  selection.cases = std::move(cases);
+  return selection;
+}
+
+TEST(FigureSelection, BatchIsWrittenTypeByType) {
+  FigureSelection selection = Batch(5, {1, 3}, {2});
+  selection.orientation = 2;
+  selection.types[1].cases = {4};  // chosen, but the type is off
+  EXPECT_EQ(SelectionText(selection),
+            "\"-1\"\r\n\"5\"\r\n\"2\"\r\n"
+            "\"1\",\"-1\",\"2\",\"1\",\"3\"\r\n"
+            "\"2\",\"0\",\"1\",\"4\"\r\n"
+            "\"3\",\"0\",\"0\"\r\n"
+            "\"4\",\"0\",\"0\"\r\n"
+            "\"5\",\"-1\",\"1\",\"2\"\r\n");
+  EXPECT_EQ(ParseSelection(SelectionText(selection)), selection);
+}
+
+TEST(FigureSelection, SingleFigureIsWrittenWithItsCases) {
+  const FigureSelection selection = Single(kShearFigure, {1, 2, 20});
+  EXPECT_EQ(SelectionText(selection), "\"4\"\r\n\"0\"\r\n\"1\"\r\n\"1\",\"2\",\"20\"\r\n");
+  EXPECT_EQ(ParseSelection(SelectionText(selection)), selection);
+  EXPECT_EQ(ParseSelection(SelectionText(Single(kModelFigure, {}))), Single(kModelFigure, {}));
+}
+
+TEST(FigureSelection, ValuesMayStandOnLinesOfTheirOwnAndPlain) {
+  EXPECT_EQ(ParseSelection("-1\n5\n1\n1\n-1\n2\n1\n3\n"), Batch(5, {1, 3}, {}));
+}
+
+TEST(FigureSelection, WhatCannotBeMeantIsLeftOut) {
+  EXPECT_EQ(ParseSelection(""), FigureSelection());
+  EXPECT_EQ(ParseSelection("\"x\",\"9\",\"3\""), FigureSelection());
+  EXPECT_EQ(ParseSelection("-1,99999999,-1,1,-1,4,0,21,2,2").types[0].cases, std::vector<int>{2});
+  EXPECT_EQ(ParseSelection("-1,0,1,9,-1,1,1"), FigureSelection());
+  EXPECT_EQ(ParseSelection("-1,0,1,1,-1,32000,1").types[0].cases, std::vector<int>{1});
+  EXPECT_EQ(ParseSelection("5,0,1,x,-1,30,3,\"").cases, std::vector<int>{3});
+}
+
+TEST(FigureSelection, CutOffAnywhereItStillReads) {
+  const std::string text = SelectionText(Batch(4, {1, 2, 3}, {4, 5}));
+  for (std::size_t length = 0; length <= text.size(); ++length) {
+    const FigureSelection read = ParseSelection(text.substr(0, length));
+    EXPECT_TRUE(read.batch) << length;
+    EXPECT_LE(read.types[0].cases.size(), 3U) << length;
+  }
+}
+
+TEST(FigureSelection, CasesThatTheModelLacksAreLeftOut) {
+  EXPECT_EQ(WithinCases(Batch(0, {1, 2, 3}, {3}), 2).types[0].cases, (std::vector<int>{1, 2}));
+  EXPECT_THAT(WithinCases(Batch(0, {1}, {3}), 2).types[4].cases, IsEmpty());
+  EXPECT_EQ(WithinCases(Single(kShearFigure, {1, 9}), 8).cases, std::vector<int>{1});
+}
+
+TEST(FigureSelection, NeedsACaseOfACheckedType) {
+  EXPECT_EQ(SelectionFault(FigureSelection()),
+            "プレビューする図面タイプの荷重ケースを選択してください！！！");
+  FigureSelection checkedAlone;
+  checkedAlone.types[0].checked = true;
+  EXPECT_EQ(SelectionFault(checkedAlone), "プレビューする図面タイプの荷重ケースを選択してください！！！");
+  FigureSelection casesAlone;
+  casesAlone.types[0].cases = {1};
+  EXPECT_EQ(SelectionFault(casesAlone), "プレビューする図面タイプの荷重ケースを選択してください！！！");
+  EXPECT_EQ(SelectionFault(Batch(0, {1}, {})), std::nullopt);
+}
+
+TEST(FigureSelection, SingleFigureNeedsACaseWhereItHasCases) {
+  EXPECT_EQ(SelectionFault(Single(kMomentFigure, {})), "プレビューする荷重ケースを選択してください！！！");
+  EXPECT_EQ(SelectionFault(Single(kMomentFigure, {1})), std::nullopt);
+  EXPECT_EQ(SelectionFault(Single(kModelFigure, {})), std::nullopt);
+  EXPECT_EQ(SelectionFault(Single(kSteelRatioFigure, {})), std::nullopt);
+}
+
+TEST(FigurePages, FourCellsAndFiveFiguresAreTwoPages) {
+  const std::vector<FigurePage> pages = FigurePages(Batch(5, {1, 2, 3}, {1, 4}));
+  ASSERT_THAT(pages, SizeIs(2));
+  EXPECT_THAT(pages[0], ElementsAre(FigureCell{kLoadCheck, 1, 5, 0}, FigureCell{kLoadCheck, 2, 5, 1},
+                                    FigureCell{kLoadCheck, 3, 5, 2}, FigureCell{kMomentFigure, 1, 5, 3}));
+  EXPECT_THAT(pages[1], ElementsAre(FigureCell{kMomentFigure, 4, 5, 0}));
+}
+
+struct LayoutCase {
+  int layout;
+  std::size_t pages;  // of seven figures
+};
+const LayoutCase kLayoutCases[] = {{0, 7}, {1, 4}, {2, 4}, {3, 3}, {4, 3}, {5, 2}};
+TEST(FigurePages, EveryLayoutFillsItsCells) {
+  for (const LayoutCase& c : kLayoutCases)
+    EXPECT_THAT(FigurePages(Batch(c.layout, {1, 2, 3, 4, 5, 6, 7}, {})), SizeIs(c.pages)) << c.layout;
+}
+
+TEST(FigurePages, TypesThatAreOffHaveNoPage) {
+  FigureSelection selection = Batch(0, {1}, {2});
+  selection.types[0].checked = false;
+  EXPECT_THAT(FigurePages(selection), ElementsAre(ElementsAre(FigureCell{kMomentFigure, 2, 0, 0})));
+  EXPECT_THAT(FigurePages(FigureSelection()), IsEmpty());
+}
+
+TEST(FigurePages, SingleFigureHasItsCasesOrOnePage) {
+  EXPECT_THAT(FigurePages(Single(kAxialFigure, {3, 1})),
+              ElementsAre(ElementsAre(FigureCell{kAxialFigure, 3, 0, 0}),
+                          ElementsAre(FigureCell{kAxialFigure, 1, 0, 0})));
+  EXPECT_THAT(FigurePages(Single(kModelFigure, {})),
+              ElementsAre(ElementsAre(FigureCell{kModelFigure, 1, 0, 0})));
+}
+
+class SelectionFiles : public testing::Test {
+ protected:
+  void SetUp() override { AppPath = folder_.Path(); }
+  std::string Handed() const { return folder_.Path() + "SelctLC.Txt"; }
+  std::string Kept() const { return folder_.Path() + "AllPrnSet.txt"; }
+  TemporaryFolder folder_;
+};
+
+TEST_F(SelectionFiles, BatchIsHandedOverAndKept) {
+  const FigureSelection selection = Batch(2, {1}, {1, 2});
+  HandOverSelection(selection);
+  EXPECT_EQ(HandedSelection(), selection);
+  EXPECT_EQ(KeptBatch(), selection);
+  EXPECT_EQ(ReadBytes(Handed()), ReadBytes(Kept()));
+  RemoveSelection();
+  EXPECT_FALSE(FileExists(Handed()));
+  EXPECT_EQ(HandedSelection(), std::nullopt);
+  EXPECT_EQ(KeptBatch(), selection);
+}
+
+TEST_F(SelectionFiles, SingleFigureLeavesTheKeptBatch) {
+  HandOverSelection(Batch(2, {1}, {}));
+  HandOverSelection(Single(kMomentFigure, {1}));
+  EXPECT_EQ(HandedSelection(), Single(kMomentFigure, {1}));
+  EXPECT_EQ(KeptBatch(), Batch(2, {1}, {}));
+}
+
+TEST_F(SelectionFiles, WithoutTheKeptFileAllTypesAreOff) {
+  EXPECT_EQ(KeptBatch(), FigureSelection());
+  ReplaceTextFile(Kept(), SelectionText(Single(kMomentFigure, {1})));
+  EXPECT_EQ(KeptBatch(), FigureSelection());
+}
+
+TEST_F(SelectionFiles, FoldersInTheirPlacesAreToldOrPassedOver) {
+  MakeFolder(Handed());
+  MakeFolder(Kept());
+  EXPECT_EQ(HandedSelection(), std::nullopt);
+  EXPECT_EQ(KeptBatch(), FigureSelection());
+  EXPECT_THROW(HandOverSelection(Batch(0, {1}, {})), FileFault);
+  RemoveSelection();
+}
+
+}  // namespace
+}  // namespace zorlan
