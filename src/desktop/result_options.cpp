@@ -15,8 +15,8 @@ namespace {
 constexpr double kLargestHeight = 100;  // cm
 constexpr int kMostDecimals = 9;
 
-/// The diagrams in the order of the rows here, and where a row's digits are kept: shear has those of axial
-/// force.
+/// The diagrams in the order of the rows here, and where height and digits are kept. Displacements have no
+/// labels.
 struct DiagramRow {
   const char* caption;
   const char* name;
@@ -24,10 +24,9 @@ struct DiagramRow {
   std::string AnalysisOptions::*decimals;  // null: none of its own
 };
 constexpr std::array kDiagrams = {
-    DiagramRow{"変位", "Displacement", &AnalysisOptions::HeightDisplacement,
-               &AnalysisOptions::DecimalsDisplacement},
+    DiagramRow{"変位", "Displacement", &AnalysisOptions::HeightDisplacement, nullptr},
     DiagramRow{"軸力", "Normal", &AnalysisOptions::HeightNormal, &AnalysisOptions::DecimalsNormal},
-    DiagramRow{"せん断力", "Shear", &AnalysisOptions::HeightShear, nullptr},
+    DiagramRow{"せん断力", "Shear", &AnalysisOptions::HeightShear, &AnalysisOptions::DecimalsShear},
     DiagramRow{"ﾓｰﾒﾝﾄ", "Moment", &AnalysisOptions::HeightMoment, &AnalysisOptions::DecimalsMoment},
 };
 
@@ -50,10 +49,7 @@ ResultOptions::ResultOptions() {
     height->setSingleStep(0.1);
     height->setDecimals(2);
     grid->addWidget(height, line, 1);
-    if (kDiagrams[r].decimals == nullptr) {
-      grid->addWidget(new QLabel(QStringLiteral("軸力と同じ")), line, 2);
-      continue;
-    }
+    if (kDiagrams[r].decimals == nullptr) continue;
     auto* const decimals = decimals_[digits++] = new QComboBox;
     decimals->setObjectName(QStringLiteral("decimals") + QLatin1String(kDiagrams[r].name));
     for (int d = 0; d <= kMostDecimals; ++d) decimals->addItem(QString::number(d));

@@ -22,7 +22,7 @@ class ResultOptions : public QWidget {
 
  private:
   std::array<QDoubleSpinBox*, 4> heights_{};  // displacement, axial force, shear, moment
-  std::array<QComboBox*, 3> decimals_{};      // displacement, forces, moment
+  std::array<QComboBox*, 3> decimals_{};      // axial force, shear, moment
   QWidget *tension_, *compression_;
   QCheckBox* allCases_;
 };
