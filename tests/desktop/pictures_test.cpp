@@ -62,6 +62,27 @@ TEST_F(PicturesTest, MainWindowReaderAndPreview) {
   Look(Window(), "tiled");
 }
 
+TEST_F(PicturesTest, Figures) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  OpenForm("frmInputMenu")->CloseForm();
+  Choose("mnuAnalysisStatic(0)");
+  OpenForm("frmKakuninText")->CloseForm();
+  auto* const frame = qobject_cast<QMdiSubWindow*>(OpenForm("Model")->parentWidget());
+  frame->showMaximized();
+  Look(Window(), "figure-model");
+  struct Figure {
+    const char *control, *picture;
+  };
+  for (const Figure& figure : {Figure{"mnuViewModel", "figure-loads"},
+                               Figure{"mnuViewDiagramDisplacement", "figure-displacement"},
+                               Figure{"mnuViewDiagramNormal", "figure-axial"},
+                               Figure{"mnuViewDiagramShear", "figure-shear"},
+                               Figure{"mnuViewDiagramMoment", "figure-moment"}}) {
+    Choose(figure.control);
+    Look(Window(), figure.picture);
+  }
+}
+
 TEST_F(PicturesTest, DialogsOfTheFileMenu) {
   Script().Expect(QStringLiteral("frmProject"), [](QWidget& dialog) {
     auto* const tree = Child<QTreeWidget>(&dialog, "tree");
