@@ -11,7 +11,7 @@
 #include <QWheelEvent>
 #include <utility>
 
-#include "base/host.h"
+#include "desktop/hush.h"
 #include "render/figure_painter.h"
 
 namespace zorlan {
@@ -32,22 +32,6 @@ Point ToTwips(const QPointF& pixels) {
 QPointF ToPixels(const Point& twips) {
   return {twips.x / kTwipsPerPixel, twips.y / kTwipsPerPixel};
 }
-
-/// While one lives the user is told nothing: what a drawing has to say was said when its data came.
-class Hush {
- public:
-  Hush() : host_(TheHost()) {
-    Host quiet = host_;
-    quiet.message = [](std::string_view, std::string_view) {};
-    InstallHost(std::move(quiet));
-  }
-  ~Hush() { InstallHost(std::move(host_)); }
-  Hush(const Hush&) = delete;
-  Hush& operator=(const Hush&) = delete;
-
- private:
-  Host host_;
-};
 
 }  // namespace
 

@@ -14,6 +14,7 @@
 #include "base/host.h"
 #include "base/text_file.h"
 #include "desktop/figure_view.h"
+#include "desktop/hush.h"
 #include "desktop/pick_panel.h"
 #include "model/model_state.h"
 #include "render/qt_text.h"
@@ -245,11 +246,16 @@ bool Model::FilesChanged() const {
 }
 
 void Model::Renew() {
-  if (drawn_ && FilesChanged()) DropData();
+  if (!drawn_ || !FilesChanged()) return;
+  // Nobody has asked for the figure now.
+  const Hush hush;
+  DropData();
+  Note(hush.Message());
 }
 
 void Model::DropData() {
   typed_.clear();
+  fault_.clear();
   if (!drawn_) return;
   ReadData();
   ReadResults();
@@ -257,9 +263,16 @@ void Model::DropData() {
 }
 
 void Model::ShowTyped(const TypedRows& typed) {
+  const Hush hush;
   typed_ = typed;
   read_ = false;
   ShowFigure(drawn_ && !IsRatio(Kind()) && !IsResult(Kind()) ? Kind() : kModelFigure);
+  Note(hush.Message());
+}
+
+void Model::Note(const std::string& fault) {
+  fault_ = ToQt(fault).section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QLatin1String("　"));
+  ShowNote();
 }
 
 void Model::FollowOptions() {
@@ -312,6 +325,7 @@ void Model::ShowNote() {
   if (IsRatio(figure.DiagramType) && figure.model.ratios.empty())
     note = QStringLiteral("断面算定の結果がありません");
   if (figure.range != ViewingRange()) note = QStringLiteral("表示範囲を限っています");
+  if (!fault_.isEmpty()) note = fault_;
   note_->setText(note);
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <QString>
 #include <string>
 #include <vector>
 
@@ -49,7 +50,8 @@ class Model : public Form {
   /// Shows a figure of this kind (FigureKind) of the model in hand. The window is open.
   void ShowFigure(int kind);
   int Kind() const;
-  /// The model figure with rows as they are typed.
+  /// The model figure with rows as they are typed. Half a table is no fault yet: what is wrong is noted in the
+  /// bar, without a box.
   void ShowTyped(const TypedRows& typed);
   /// The data are stale: they are read anew, and what was typed is forgotten.
   void DropData();
@@ -83,6 +85,7 @@ class Model : public Form {
   void Redraw(int flags);
   void ShowCaption();
   void ShowNote();
+  void Note(const std::string& fault);
   void TakePick(const std::optional<Pick>& pick);
 
   QToolBar* bar_ = nullptr;
@@ -94,6 +97,7 @@ class Model : public Form {
   PickPanel* panel_ = nullptr;
   TypedRows typed_;
   std::vector<ShownFile> files_;  // that the figure was read from
+  QString fault_;  // what is wrong with the data, where no box has told it
   bool read_ = false, drawn_ = false, oblique_ = false;
 };
 

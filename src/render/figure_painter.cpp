@@ -103,7 +103,11 @@ class PicturePainter {
     QList<QLineF> lines;
     lines.reserve(static_cast<qsizetype>(group.lines.size()));
     for (const QLineF& line : group.lines) {
-      lines.append(QLineF(OnPixel(At(line.p1()), pen.widthF()), OnPixel(At(line.p2()), pen.widthF())));
+      const QPointF from = At(line.p1()), to = At(line.p2());
+      // A sloping line keeps its ends: moved to the dots, the chords of a curve would make it uneven.
+      const bool straight = line.dx() == 0 || line.dy() == 0;
+      lines.append(straight ? QLineF(OnPixel(from, pen.widthF()), OnPixel(to, pen.widthF()))
+                            : QLineF(from, to));
     }
     painter_.setPen(pen);
     painter_.drawLines(lines);
