@@ -1,4 +1,5 @@
-// A figure of 5000 elements with all numbers into operations: the model, the same zoomed in, and its loads.
+// A figure of 5000 elements with all numbers into operations: the model, the same zoomed in, its loads, its
+// diagrams.
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
 
@@ -75,6 +76,40 @@ void LoadCheckWithAllNumbers(benchmark::State& state) {
   Draw(state, figure, kLoadCheck);
 }
 BENCHMARK(LoadCheckWithAllNumbers)->Unit(benchmark::kMillisecond);
+
+/// The large figure with member forces of 20 cases.
+Figure FigureWithForces() {
+  Figure figure = LargeFigure();
+  FigureModel& model = figure.model;
+  model.maxLoadCase = 20;
+  const std::size_t elements = model.elements.size();
+  for (std::size_t k = 0; k < elements * 20; ++k) {
+    const double v = 1 + static_cast<double>(k % 97) / 10;
+    model.StressTable.push_back({-v, v, v / 2, -v, v, v, v});
+  }
+  model.DisplacementTable.assign(model.nodes.size() * 20, {0.01, -0.02, 0});
+  return figure;
+}
+
+void DiagramOfAllMembers(benchmark::State& state) {
+  Figure figure = FigureWithForces();
+  Draw(state, figure, static_cast<int>(state.range(0)));
+}
+BENCHMARK(DiagramOfAllMembers)
+    ->ArgName("kind")
+    ->DenseRange(kDisplacementFigure, kMomentFigure)
+    ->Unit(benchmark::kMillisecond);
+
+void MomentDiagramZoomedIn(benchmark::State& state) {
+  Figure figure = FigureWithForces();
+  NullTarget target;
+  Plot plot(target);
+  DrawFrameFigure(plot, "", figure, kMomentFigure);
+  ZoomAbout(figure.view, {7500, 5250}, 8);
+  figure.FigureFlags = kDataUnchanged;
+  Draw(state, figure, kMomentFigure);
+}
+BENCHMARK(MomentDiagramZoomedIn)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace zorlan

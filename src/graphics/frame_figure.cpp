@@ -173,14 +173,9 @@ struct KindOfFigure {
   bool hasCase;
 };
 
-void DrawLoads(Plot& plot, const Figure& figure, LabelField& labels) {
-  DrawElementForceData(plot, figure, labels);
-  DrawNodalForceData(plot, figure, labels);
-}
-
 constexpr std::array<KindOfFigure, 8> kKinds = {{
     {{}, layer::kModel, {}, {}, {}, nullptr, false},
-    {"荷重ﾁｪｯｸ図", layer::kLoad, "(単位:t)", "(単位:kN)", "DrawElementForceData", DrawLoads, true},
+    {"荷重ﾁｪｯｸ図", layer::kLoad, "(単位:t)", "(単位:kN)", "DrawLoads", DrawLoads, true},
     {"変位図", layer::kDisplacement, {}, {}, "DrawDisplacementData", DrawDisplacementData, true},
     {"軸力図", layer::kForce, "(単位:t)", "(単位:kN)", "DrawNormalData", DrawNormalData, true},
     {"せん断力図", layer::kShear, "(単位:t)", "(単位:kN)", "DrawNormalShearData", DrawNormalShearData, true},
@@ -263,9 +258,7 @@ bool IsNodeShown(const Figure& figure, int number) {
 }
 
 void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kind, int layout, int cell) {
-  plot.OffsetX = plot.OffsetY = 0;
-  plot.surface = plot.target->TheSurface();
-  plot.clip = AreaOf(0, 0, plot.surface.width, plot.surface.height);
+  plot.Begin();
   figure.cellWidth = plot.surface.width;
   figure.cellHeight = plot.surface.height;
   figure.oblique = figure.model.IsGrid() && kind >= kDisplacementFigure;
@@ -273,10 +266,10 @@ void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kin
   MarkShownElements(figure);
   PlaceNodes(figure);
 
-  if (plot.surface.page) PlaceCell(plot, control, figure, layout, cell);
+  if (plot.DrawToPrinter) PlaceCell(plot, control, figure, layout, cell);
   if ((figure.FigureFlags & kFitWindow) != 0) {
     FitWindow(figure.view, figure.cellWidth, figure.cellHeight);
-  } else if (plot.surface.page) {
+  } else if (plot.DrawToPrinter) {
     // Part of a figure, as it was on the screen: its middle stays, and it doesn't run into the cells around.
     KeepCentre(figure.view, figure.cellWidth, figure.cellHeight);
     plot.clip = AreaOf(plot.OffsetX, plot.OffsetY, figure.cellWidth, figure.cellHeight);

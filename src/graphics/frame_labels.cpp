@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <span>
 
 namespace zorlan {
 namespace {
@@ -25,21 +26,27 @@ std::array<Rectangle, 8> PlacesAtNode(Point p, double w, double h, double radius
 }
 
 /// Where a member's number may stand: at its centre on the side `side` (1: above, or to the left of a
-/// vertical one), on the other side, then the same a little off the centre.
-std::array<Rectangle, 10> PlacesAtMember(Point a, Point b, double w, double h, double side) {
-  const double dx = b.x - a.x, dy = b.y - a.y, length = std::hypot(dx, dy);
-  Point normal = length > 0 ? Point{dy / length, -dx / length} : Point{0, -1};
-  const bool vertical = std::abs(normal.y) < 1e-9;
-  if (vertical ? normal.x > 0 : normal.y > 0) normal = {-normal.x, -normal.y};
-  const double away = std::abs(normal.x) * w / 2 + std::abs(normal.y) * h / 2 + kGap;
+/// vertical one), on the other side, then the same a little off the centre. On a member shorter than three
+/// numbers only the first two: the others would be its neighbours'.
+struct PlacesAtMember {
+  PlacesAtMember(Point a, Point b, double w, double h, double side) {
+    const double dx = b.x - a.x, dy = b.y - a.y, length = std::hypot(dx, dy);
+    Point normal = length > 0 ? Point{dy / length, -dx / length} : Point{0, -1};
+    const bool vertical = std::abs(normal.y) < 1e-9;
+    if (vertical ? normal.x > 0 : normal.y > 0) normal = {-normal.x, -normal.y};
+    const double away = std::abs(normal.x) * w / 2 + std::abs(normal.y) * h / 2 + kGap;
+    for (const double t : {0.5, 0.4, 0.6, 0.28, 0.72}) {
+      for (const double way : {side, -side})
+        boxes[count++] = Around({a.x + t * dx + way * away * normal.x, a.y + t * dy + way * away * normal.y},
+                                w / 2, h / 2);
+      if (length < 3 * w) break;
+    }
+  }
+  std::span<const Rectangle> All() const { return std::span(boxes).first(count); }
+
   std::array<Rectangle, 10> boxes;
-  std::size_t at = 0;
-  for (const double t : {0.5, 0.4, 0.6, 0.28, 0.72})
-    for (const double way : {side, -side})
-      boxes[at++] =
-          Around({a.x + t * dx + way * away * normal.x, a.y + t * dy + way * away * normal.y}, w / 2, h / 2);
-  return boxes;
-}
+  std::size_t count = 0;
+};
 
 class NumberPainter {
  public:
@@ -97,8 +104,8 @@ void NumberPainter::Members(const TextOption& option, std::int16_t FigureElement
     double w = width, h = height;
     if (option.mark && circle) w = h = std::hypot(width, height);
     if (option.mark && !circle) w += 2 * kFramePad, h += 2 * kFramePad;
-    const auto boxes = PlacesAtMember(a, b, w, h, side);
-    const Rectangle& box = boxes[labels_.Place(boxes)];
+    const PlacesAtMember places(a, b, w, h, side);
+    const Rectangle& box = places.boxes[labels_.Place(places.All())];
     PlotText(plot_, (box.left + box.right - width) / 2, (box.top + box.bottom - height) / 2, text,
              option.colour);
     if (option.mark) Mark(box, option.colour, circle);

@@ -11,8 +11,8 @@ constexpr double kCell =
 constexpr double kMostCells = 4096;  // of a side; a larger area has larger cells
 constexpr int kBits = 64;
 
-int CellAt(double place, double size, int cells) {
-  const double cell = place / size;
+int CellAt(double place, double perTwip, int cells) {
+  const double cell = place * perTwip;
   return cell >= 0 ? (cell < cells ? static_cast<int>(cell) : cells) : -1;  // what is no number lies outside
 }
 
@@ -27,9 +27,9 @@ std::uint64_t Mask(int word, int left, int right) {
 LabelField::LabelField(const Rectangle& area) : area_(area) {
   const double width = area.right - area.left, height = area.bottom - area.top;
   if (!(width > 0 && height > 0) || !std::isfinite(width) || !std::isfinite(height)) return;
-  cell_ = std::max(kCell, std::max(width, height) / kMostCells);
-  columns_ = static_cast<int>(width / cell_) + 1;
-  rows_ = static_cast<int>(height / cell_) + 1;
+  perTwip_ = 1 / std::max(kCell, std::max(width, height) / kMostCells);
+  columns_ = static_cast<int>(width * perTwip_) + 1;
+  rows_ = static_cast<int>(height * perTwip_) + 1;
   words_ = (columns_ + kBits - 1) / kBits;
   taken_.resize(static_cast<std::size_t>(words_) * static_cast<std::size_t>(rows_));
 }
@@ -39,36 +39,41 @@ void LabelField::Clear() {
 }
 
 LabelField::Cells LabelField::CellsOf(const Rectangle& box) const {
-  return {std::max(CellAt(box.left - area_.left, cell_, columns_), 0),
-          std::max(CellAt(box.top - area_.top, cell_, rows_), 0),
-          std::min(CellAt(box.right - area_.left, cell_, columns_), columns_ - 1),
-          std::min(CellAt(box.bottom - area_.top, cell_, rows_), rows_ - 1)};
+  return {std::max(CellAt(box.left - area_.left, perTwip_, columns_), 0),
+          std::max(CellAt(box.top - area_.top, perTwip_, rows_), 0),
+          std::min(CellAt(box.right - area_.left, perTwip_, columns_), columns_ - 1),
+          std::min(CellAt(box.bottom - area_.top, perTwip_, rows_), rows_ - 1)};
 }
 
 bool LabelField::Free(const Rectangle& box) const {
   const Cells c = CellsOf(box);
-  for (int row = c.top; row <= c.bottom; ++row)
-    for (int word = c.left / kBits; word <= c.right / kBits && c.left <= c.right; ++word)
-      if ((taken_[static_cast<std::size_t>(row * words_ + word)] & Mask(word, c.left, c.right)) != 0)
-        return false;
+  if (c.left > c.right) return true;
+  for (int word = c.left / kBits; word <= c.right / kBits; ++word) {
+    const std::uint64_t mask = Mask(word, c.left, c.right);
+    for (int row = c.top; row <= c.bottom; ++row)
+      if ((taken_[static_cast<std::size_t>(row * words_ + word)] & mask) != 0) return false;
+  }
   return true;
 }
 
 void LabelField::Take(const Rectangle& box) {
   const Cells c = CellsOf(box);
-  for (int row = c.top; row <= c.bottom; ++row)
-    for (int word = c.left / kBits; word <= c.right / kBits && c.left <= c.right; ++word)
-      taken_[static_cast<std::size_t>(row * words_ + word)] |= Mask(word, c.left, c.right);
+  if (c.left > c.right) return;
+  for (int word = c.left / kBits; word <= c.right / kBits; ++word) {
+    const std::uint64_t mask = Mask(word, c.left, c.right);
+    for (int row = c.top; row <= c.bottom; ++row)
+      taken_[static_cast<std::size_t>(row * words_ + word)] |= mask;
+  }
 }
 
 void LabelField::TakeLine(Point from, Point to) {
   if (columns_ == 0 || !Clipping(area_, from, to)) return;
   const double dx = to.x - from.x, dy = to.y - from.y;
-  const int steps = static_cast<int>(std::max(std::abs(dx), std::abs(dy)) / cell_) + 1;
+  const int steps = static_cast<int>(std::max(std::abs(dx), std::abs(dy)) * perTwip_) + 1;
   for (int k = 0; k <= steps; ++k) {
     const double t = static_cast<double>(k) / steps;
-    const int column = std::clamp(CellAt(from.x + t * dx - area_.left, cell_, columns_), 0, columns_ - 1);
-    const int row = std::clamp(CellAt(from.y + t * dy - area_.top, cell_, rows_), 0, rows_ - 1);
+    const int column = std::clamp(CellAt(from.x + t * dx - area_.left, perTwip_, columns_), 0, columns_ - 1);
+    const int row = std::clamp(CellAt(from.y + t * dy - area_.top, perTwip_, rows_), 0, rows_ - 1);
     taken_[static_cast<std::size_t>(row * words_ + column / kBits)] |= std::uint64_t{1} << (column % kBits);
   }
 }

@@ -31,7 +31,7 @@ class LabelField {
   Cells CellsOf(const Rectangle& box) const;
 
   Rectangle area_;
-  double cell_ = 1;  // side of a cell, twips
+  double perTwip_ = 1;  // cells
   int columns_ = 0, rows_ = 0, words_ = 0;
   std::vector<std::uint64_t> taken_;  // a bit a cell, `words_` words a row
 };

@@ -22,10 +22,41 @@ void DrawHead(const LoadPen& pen, Point tip, Point along, double head) {
   PlotLine(pen.plot, tip.x, tip.y, back.x - side.x, back.y - side.y, pen.line.colour);
 }
 
+double ArrowLength(const Figure& figure) {
+  return kArrowShare * std::min(figure.cellWidth, figure.cellHeight);
+}
+
+/// Boxes for a note's text, w by h: beyond its strokes' ends, beside them (`side` off), further out.
+void PlacesOfNote(const LoadNote& note, double w, double h, double side, std::vector<Rectangle>& boxes) {
+  boxes.clear();
+  const auto add = [&](Point from, Point way, double gap) {
+    const double away = std::abs(way.x) * w / 2 + std::abs(way.y) * h / 2 + gap;
+    const Point centre = {from.x + away * way.x, from.y + away * way.y};
+    boxes.push_back({centre.x - w / 2, centre.y - h / 2, centre.x + w / 2, centre.y + h / 2});
+  };
+  const auto outward = [](const LoadStroke& stroke) {
+    const double dx = stroke.end.x - stroke.root.x, dy = stroke.end.y - stroke.root.y,
+                 length = std::hypot(dx, dy);
+    return length > 0 ? Point{dx / length, dy / length} : Point{0, -1};
+  };
+  for (const LoadStroke& stroke : note.strokes) add(stroke.end, outward(stroke), kGap);
+  for (const LoadStroke& stroke : note.strokes) {
+    const Point out = outward(stroke);
+    const Point middle = {(stroke.root.x + stroke.end.x) / 2, (stroke.root.y + stroke.end.y) / 2};
+    add(middle, {out.y, -out.x}, side);
+    add(middle, {-out.y, out.x}, side);
+    add(stroke.end, {out.y, -out.x}, kGap);
+    add(stroke.end, {-out.y, out.x}, kGap);
+  }
+  for (const LoadStroke& stroke : note.strokes)
+    for (int lines = 1; lines <= 3; ++lines) add(stroke.end, outward(stroke), kGap + lines * h);
+}
+
 }  // namespace
 
-LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, const LineOption& line) {
-  return {plot, figure, labels, line, kArrowShare * std::min(figure.cellWidth, figure.cellHeight)};
+LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes,
+                  const LineOption& line) {
+  return {plot, figure, labels, notes, line, ArrowLength(figure)};
 }
 
 void DrawArrow(const LoadPen& pen, Point tip, Point along, double length, int heads) {
@@ -57,36 +88,17 @@ void DrawTurn(const LoadPen& pen, Point centre, double radius, bool counterClock
   pen.labels.Take({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
 }
 
-void WriteAtStrokes(const LoadPen& pen, std::span<const LoadStroke> strokes, std::string_view text) {
-  const TextOption& option = pen.figure.options.loadValue;
+void WriteNotes(Plot& plot, const Figure& figure, LabelField& labels, const std::vector<LoadNote>& notes) {
+  const TextOption& option = figure.options.loadValue;
   if (!option.visible) return;
-  const double height = option.Height(), w = TextWidth(text, height), h = TextHeight(height);
-  const auto box = [&](Point from, Point way, double gap) {
-    const double away = std::abs(way.x) * w / 2 + std::abs(way.y) * h / 2 + gap;
-    const Point centre = {from.x + away * way.x, from.y + away * way.y};
-    return Rectangle{centre.x - w / 2, centre.y - h / 2, centre.x + w / 2, centre.y + h / 2};
-  };
-  std::vector<Rectangle> beyond, aside, further;
-  for (const LoadStroke& stroke : strokes) {
-    const double dx = stroke.end.x - stroke.root.x, dy = stroke.end.y - stroke.root.y,
-                 length = std::hypot(dx, dy);
-    const Point out = length > 0 ? Point{dx / length, dy / length} : Point{0, -1};
-    const Point middle = {stroke.end.x - dx / 2, stroke.end.y - dy / 2};
-    beyond.push_back(box(stroke.end, out, kGap));
-    for (const Point side : {Point{out.y, -out.x}, Point{-out.y, out.x}})
-      aside.push_back(box(middle, side, kSideShare * pen.arrow / 2));
-    for (int lines = 1; lines <= 3; ++lines) further.push_back(box(stroke.end, out, kGap + lines * h));
+  PlotSetFont(plot, option.Height());
+  std::vector<Rectangle> boxes;
+  for (const LoadNote& note : notes) {
+    PlacesOfNote(note, TextWidth(note.text, option.Height()), TextHeight(option.Height()),
+                 kSideShare * ArrowLength(figure) / 2, boxes);
+    const Rectangle& place = boxes[labels.Place(boxes)];
+    PlotText(plot, place.left, place.top, note.text, option.colour);
   }
-  beyond.insert(beyond.end(), aside.begin(), aside.end());
-  beyond.insert(beyond.end(), further.begin(), further.end());
-  const Rectangle& place = beyond[pen.labels.Place(beyond)];
-  PlotSetFont(pen.plot, height);
-  PlotText(pen.plot, place.left, place.top, text, option.colour);
-}
-
-void WriteAtStroke(const LoadPen& pen, Point root, Point end, std::string_view text) {
-  const LoadStroke stroke = {root, end};
-  WriteAtStrokes(pen, {&stroke, 1}, text);
 }
 
 std::string LoadText(double value) {

@@ -54,7 +54,7 @@ void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double
   if (part.shape == NodalPart::Shape::Turn) {
     const double radius = 0.4 * pen.arrow + depth;
     DrawTurn(pen, node, radius, value > 0);
-    WriteAtStroke(pen, node, {node.x + 0.8 * radius, node.y - 0.8 * radius}, text);
+    pen.Note(node, {node.x + 0.8 * radius, node.y - 0.8 * radius}, text);
     depth += 0.2 * pen.arrow;
     return;
   }
@@ -65,7 +65,7 @@ void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double
   const Point tip = {node.x - away * along.x, node.y - away * along.y};
   const Point tail = {tip.x - pen.arrow * along.x, tip.y - pen.arrow * along.y};
   DrawArrow(pen, tip, along, pen.arrow, part.shape == NodalPart::Shape::Vector ? 2 : 1);
-  WriteAtStroke(pen, tip, tail, text);
+  pen.Note(tip, tail, text);
   depth += 1.2 * pen.arrow;
 }
 
@@ -121,9 +121,7 @@ Point BesideMember(const LoadedSpan& span, double arrow) {
 
 class ElementLoadPainter {
  public:
-  ElementLoadPainter(Plot& plot, const Figure& figure, LabelField& labels)
-      : pen_(LoadPenOf(plot, figure, labels, figure.options.elementLoad)),
-        heap_(figure.model.elements.size()) {}
+  explicit ElementLoadPainter(const LoadPen& pen) : pen_(pen), heap_(pen.figure.model.elements.size()) {}
 
   void DrawElementLoad(int element, const ElodRec& load);
   void DrawCmqLoad(int element, const ClodRec& load);
@@ -233,7 +231,7 @@ void ElementLoadPainter::DrawElementLoad(int element, const ElodRec& load) {
     const double from = shape.parts[0].front().at, to = shape.parts[0].back().at;
     for (const double share : {0.5, 0.3, 0.7, 0.15, 0.85}) offer(from + share * (to - from));
   }
-  WriteAtStrokes(pen_, strokes, LoadText(value));
+  pen_.notes.push_back({std::move(strokes), LoadText(value)});
 }
 
 void ElementLoadPainter::DrawEndForce(int element, double t, double value, int MG) {
@@ -245,7 +243,7 @@ void ElementLoadPainter::DrawEndForce(int element, double t, double value, int M
   const Point along = {sign * span.push.x, sign * span.push.y}, p = span.At(t);
   const Point tip = {p.x - gap * along.x, p.y - gap * along.y};
   DrawArrow(pen_, tip, along, pen_.arrow);
-  WriteAtStroke(pen_, tip, {tip.x - pen_.arrow * along.x, tip.y - pen_.arrow * along.y}, LoadText(value));
+  pen_.Note(tip, {tip.x - pen_.arrow * along.x, tip.y - pen_.arrow * along.y}, LoadText(value));
 }
 
 void ElementLoadPainter::DrawEndMoment(int element, double t, double value, std::string_view label) {
@@ -253,7 +251,7 @@ void ElementLoadPainter::DrawEndMoment(int element, double t, double value, std:
   const Point p = SpanOf(pen_.figure, Element(element), 0).At(t);
   const double radius = 0.4 * pen_.arrow;
   DrawTurn(pen_, p, radius, value > 0);
-  WriteAtStroke(pen_, p, {p.x, p.y - radius}, std::string(label) + LoadText(value));
+  pen_.Note(p, {p.x, p.y - radius}, std::string(label) + LoadText(value));
 }
 
 void ElementLoadPainter::DrawCmqLoad(int element, const ClodRec& load) {
@@ -265,15 +263,15 @@ void ElementLoadPainter::DrawCmqLoad(int element, const ClodRec& load) {
   if (load.Mo == 0) return;
   const LoadedSpan span = SpanOf(pen_.figure, Element(element), 0);
   const Point p = span.At(0.5);
-  WriteAtStroke(pen_, p, {p.x + span.push.x, p.y + span.push.y}, "Mo=" + LoadText(load.Mo));
+  pen_.Note(p, {p.x + span.push.x, p.y + span.push.y}, "Mo=" + LoadText(load.Mo));
 }
 
 void ElementLoadPainter::DrawTemperatureLoad(int element, const TlodRec& load) {
   static constexpr NumberPattern kDegrees("##0.0");
   const LoadedSpan span = SpanOf(pen_.figure, Element(element), 0);
   const Point p = span.At(0.5);
-  WriteAtStroke(pen_, p, {p.x + span.push.x, p.y + span.push.y},
-                "T1=" + FormatNumber(load.T1, kDegrees) + " T2=" + FormatNumber(load.T2, kDegrees));
+  pen_.Note(p, {p.x + span.push.x, p.y + span.push.y},
+            "T1=" + FormatNumber(load.T1, kDegrees) + " T2=" + FormatNumber(load.T2, kDegrees));
 }
 
 /// Calls `draw` for the loads of the figure's case on shown items.
@@ -286,11 +284,19 @@ void ForShownLoads(const Figure& figure, const std::vector<Load>& loads, const s
 
 }  // namespace
 
-void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels) {
+void DrawLoads(Plot& plot, const Figure& figure, LabelField& labels) {
+  std::vector<LoadNote> notes;
+  DrawElementForceData(plot, figure, labels, notes);
+  DrawNodalForceData(plot, figure, labels, notes);
+  WriteNotes(plot, figure, labels, notes);
+}
+
+void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels,
+                          std::vector<LoadNote>& notes) {
   const LineOption& option = figure.options.elementLoad;
   if (!option.visible) return;
   PlotSetPen(plot, option.style, option.width);
-  ElementLoadPainter painter(plot, figure, labels);
+  ElementLoadPainter painter(LoadPenOf(plot, figure, labels, notes, option));
   const auto shown = [&](int e) {
     return static_cast<std::size_t>(e) < figure.shown.size() &&
            figure.shown[static_cast<std::size_t>(e)] != 0;
@@ -304,11 +310,11 @@ void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels) 
                 [&](int e, const TlodRec& load) { painter.DrawTemperatureLoad(e, load); });
 }
 
-void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels) {
+void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes) {
   const LineOption& option = figure.options.nodalLoad;
   if (!option.visible) return;
   PlotSetPen(plot, option.style, option.width);
-  const LoadPen pen = LoadPenOf(plot, figure, labels, option);
+  const LoadPen pen = LoadPenOf(plot, figure, labels, notes, option);
   const std::array<NodalPart, 3>& parts = figure.model.IsGrid() ? kGridParts : kFrameParts;
   Heap<6> heap(figure.model.nodes.size());
   const auto shown = [&](int n) {

@@ -1,14 +1,20 @@
 // The loads of one case on the figure: the figure `荷重ﾁｪｯｸ図`.
 #pragma once
 
+#include <vector>
+
 #include "graphics/frame_figure.h"
 #include "graphics/labels.h"
+#include "graphics/load_arrows.h"
 
 namespace zorlan {
 
-/// Arrows and values of the loads of figure.loadCase on the members, of every type.
-void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels);
-/// Arrows and values of its nodal loads.
-void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels);
+/// All loads of figure.loadCase with their values.
+void DrawLoads(Plot& plot, const Figure& figure, LabelField& labels);
+
+/// The arrows of the loads on members, of every type; their values go to `notes`.
+void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes);
+/// The arrows of nodal loads.
+void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes);
 
 }  // namespace zorlan

@@ -70,7 +70,14 @@ void DrawText(Plot& plot, Point origin, std::string_view text, double width, dou
 
 }  // namespace
 
-Plot::Plot(PlotTarget& theTarget) : target(&theTarget), surface(theTarget.TheSurface()) {
+Plot::Plot(PlotTarget& theTarget) : target(&theTarget) {
+  Begin();
+}
+
+void Plot::Begin() {
+  surface = target->TheSurface();
+  DrawToPrinter = surface.page;
+  OffsetX = OffsetY = 0;
   clip = AreaOf(0, 0, surface.width, surface.height);
 }
 
@@ -92,7 +99,7 @@ void PlotLine(Plot& plot, double x1, double y1, double x2, double y2, Rgb colour
 }
 
 void PlotDashedLine(Plot& plot, double x1, double y1, double x2, double y2, Rgb colour) {
-  if (!plot.surface.page || plot.style == LineStyle::Solid) return PlotLine(plot, x1, y1, x2, y2, colour);
+  if (!plot.DrawToPrinter || plot.style == LineStyle::Solid) return PlotLine(plot, x1, y1, x2, y2, colour);
   const auto along = [&](double t) { return Point{x1 + t * (x2 - x1), y1 + t * (y2 - y1)}; };
   for (const auto& [from, to] : kBrokenLines[static_cast<std::size_t>(plot.style) - 1])
     DrawSegment(plot, along(from), along(to), LineStyle::Solid, colour);

@@ -36,8 +36,12 @@ inline constexpr std::string_view kTitle = "TITLE", kModel = "MODEL", kLoad = "K
 struct Plot {
   explicit Plot(PlotTarget& surface);
 
+  /// Takes over what the surface is now: no offsets, nothing cut but at its edges.
+  void Begin();
+
   PlotTarget* target;
-  Surface surface;  // of the target, as it was when the figure began
+  Surface surface;             // of the target, as it was when the figure began
+  bool DrawToPrinter = false;  // the target is a page, not the screen
   double OffsetX = 0, OffsetY = 0;
   std::string_view DrawLayer = layer::kModel;
   bool RecordDrawing = false;

@@ -266,9 +266,9 @@ TEST(Loads, NodalForcesArePushesOntoTheNode) {
   EXPECT_THAT(
       LoadLines(b.model),
       ElementsAre("LINE, KAJYU, 975, 5000, 1475, 5000, 255", "LINE, KAJYU, 1475, 5000, 1400, 5030, 255",
-                  "LINE, KAJYU, 1475, 5000, 1400, 4970, 255", "TEXT, KAJYU_TXT, 705, 4920, 2.0, 240, 160, 0",
-                  "LINE, KAJYU, 11500, 4475, 11500, 4975, 255", "LINE, KAJYU, 11500, 4975, 11470, 4900, 255",
-                  "LINE, KAJYU, 11500, 4975, 11530, 4900, 255",
+                  "LINE, KAJYU, 1475, 5000, 1400, 4970, 255", "LINE, KAJYU, 11500, 4475, 11500, 4975, 255",
+                  "LINE, KAJYU, 11500, 4975, 11470, 4900, 255", "LINE, KAJYU, 11500, 4975, 11530, 4900, 255",
+                  "TEXT, KAJYU_TXT, 705, 4920, 2.0, 240, 160, 0",
                   "TEXT, KAJYU_TXT, 11340, 4285, -3.0, 320, 160, 0"));
 }
 
