@@ -40,13 +40,17 @@ RatioClass ClassOf(const OptionRow& form, std::string_view row) {
 }
 
 /// A set's row `n`, from 1, taken apart.
-template <std::size_t N>
-struct Reader {
-  const std::array<OptionRow, N>& forms;
-  const OptionRows<N>& rows;
-  TextOption Text(std::size_t n) const { return TextOf(forms[n - 1], rows[n - 1]); }
-  LineOption Line(std::size_t n) const { return LineOf(forms[n - 1], rows[n - 1]); }
-  RatioClass Class(std::size_t n) const { return ClassOf(forms[n - 1], rows[n - 1]); }
+class SetReader {
+ public:
+  SetReader(std::span<const OptionRow> forms, std::span<const std::string> rows)
+      : forms_(forms), rows_(rows) {}
+  TextOption Text(std::size_t n) const { return TextOf(forms_[n - 1], rows_[n - 1]); }
+  LineOption Line(std::size_t n) const { return LineOf(forms_[n - 1], rows_[n - 1]); }
+  RatioClass Class(std::size_t n) const { return ClassOf(forms_[n - 1], rows_[n - 1]); }
+
+ private:
+  std::span<const OptionRow> forms_;
+  std::span<const std::string> rows_;
 };
 
 int DecimalsOf(const std::string& text) {
@@ -56,7 +60,7 @@ int DecimalsOf(const std::string& text) {
 }  // namespace
 
 FigureOptions FigureOptionsOf(const ModelOptions& options) {
-  const Reader set{kModelRows, options.rows};
+  const SetReader set(kModelRows, options.rows);
   FigureOptions figure;
   figure.nodeNumber = set.Text(1);
   figure.elementNumber = set.Text(2);
@@ -70,7 +74,7 @@ FigureOptions FigureOptionsOf(const ModelOptions& options) {
 }
 
 FigureOptions FigureOptionsOf(const DesignOptions& options) {
-  const Reader set{kDesignRows, options.rows};
+  const SetReader set(kDesignRows, options.rows);
   FigureOptions figure;
   figure.nodeNumber = set.Text(1);
   figure.elementNumber = set.Text(2);
@@ -83,7 +87,7 @@ FigureOptions FigureOptionsOf(const DesignOptions& options) {
 }
 
 FigureOptions FigureOptionsOf(const AnalysisOptions& options) {
-  const Reader set{kAnalysisRows, options.rows};
+  const SetReader set(kAnalysisRows, options.rows);
   FigureOptions figure;
   figure.nodeNumber = set.Text(1);
   figure.elementNumber = set.Text(2);
