@@ -130,11 +130,9 @@ ExitCode DrawFigure(const Request& request) {
   const SheetFigure choice{*FigureKindOf(request.figureKind), request.loadCase};
   switch (*FigureFormOf(request.output)) {
     case FigureForm::DrawingList:
-      WriteFigureList(choice, request.output);
-      return kDone;
+      return WriteFigureList(choice, request.output) ? kDone : kFailed;
     case FigureForm::Dxf:
-      WriteFigureDxf(choice, request.output);
-      return kDone;
+      return WriteFigureDxf(choice, request.output) ? kDone : kFailed;
     case FigureForm::Painted:
       break;
   }

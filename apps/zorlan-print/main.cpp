@@ -34,12 +34,13 @@ void PrintMessage(std::string_view text, std::string_view title) {
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-void WritePages(std::span<char*> words) {
+bool WritePages(std::span<char*> words) {
   const std::string listing = words[0];
   const std::string text = ReadTextFile(listing);
   const TextPages pages =
       LayOutTextPages(text, StyleOfFlag(FlagOfListing(listing)), PageSetupOf(StoredPrinterInfo()));
   ReplaceBytes(words[1], TextPagesPdf(pages));
+  return true;
 }
 
 /// The deck's folder serves as the project folder.
@@ -56,20 +57,19 @@ std::string FigureFile(const FigurePicture& picture, const std::string& path) {
   return PicturesPdf({&picture, 1});
 }
 
-void WriteFigure(std::span<char*> words) {
+bool WriteFigure(std::span<char*> words) {
   SetModelInHand(words[0]);
   const SheetFigure choice{FigureKindOf(words[1]).value_or(kModelFigure), std::atoi(words[2])};
-  Figure figure = FigureOfDeck(choice);
-  const FigureSheets sheets = SheetOfFigure(choice);
-  FigurePicture picture(sheets.sheet);
-  DrawSheet(picture, sheets, 0, figure);
+  FigurePicture picture(SheetOfFigure(choice).sheet);
+  if (!DrawFigureOfDeck(picture, choice)) return false;
   ReplaceBytes(words[3], FigureFile(picture, words[3]), Flush::No);
+  return true;
 }
 
 struct Job {
   std::string_view name;
-  int words;  // behind the tree
-  void (*run)(std::span<char*> words);
+  int words;                            // behind the tree
+  bool (*run)(std::span<char*> words);  // false: it failed, which was told
 };
 constexpr Job kJobs[] = {{"listing", 2, WritePages}, {"figure", 4, WriteFigure}};
 
@@ -102,8 +102,7 @@ int main(int argc, char** argv) {
   }
   try {
     AppPath = argv[2];
-    job->run(std::span(argv, static_cast<std::size_t>(argc)).subspan(3));
-    return kDone;
+    return job->run(std::span(argv, static_cast<std::size_t>(argc)).subspan(3)) ? kDone : kFailed;
   } catch (const std::exception& fault) {
     Tell(fault.what());
     return kFailed;

@@ -72,7 +72,13 @@ Model* FigureWindow(MainWindow& window, const char* name) {
 void OpenFigure(MainWindow& window, int kind) {
   Model* const figure = FigureWindow(window, WindowOf(kind));
   window.Forms().Show(figure);
-  figure->ShowFigure(kind);
+  figure->ShowFigure(kind, Model::Asked::Yes);
+}
+
+void OpenModelFigure(MainWindow& window) {
+  Model* const figure = FigureWindow(window, kWindows[0]);
+  window.Forms().Show(figure);
+  figure->ShowFigure(kModelFigure, Model::Asked::No);
 }
 
 void DrawTyped(MainWindow& window, const std::vector<TypedTable>& typed) {
@@ -84,7 +90,7 @@ void DrawTyped(MainWindow& window, const std::vector<TypedTable>& typed) {
 }
 
 void DropFigureData(MainWindow& window) {
-  ForEachFigure(window, [](Model& figure) { figure.DropData(); });
+  ForEachFigure(window, [](Model& figure) { figure.DropData(Model::Asked::No); });
 }
 
 void OpenOptions(MainWindow& window, OptionSet set) {

@@ -14,6 +14,9 @@ enum class OptionSet;
 /// Shows a figure of this kind (FigureKind) of the model in hand, in the window for its kind.
 void OpenFigure(MainWindow& window, int kind);
 
+/// Shows the model figure of its own accord: no box tells what is wrong with the data.
+void OpenModelFigure(MainWindow& window);
+
 /// Shows the model figure with tables as they are typed.
 void DrawTyped(MainWindow& window, const std::vector<TypedTable>& typed);
 

@@ -165,7 +165,7 @@ int Model::Kind() const {
 void Model::Use(Tool tool) {
   switch (tool) {
     case Tool::Redraw:
-      return DropData();
+      return DropData(Asked::Yes);
     case Tool::ZoomIn:
       return view_->ZoomBy(kZoomStep);
     case Tool::ZoomOut:
@@ -185,22 +185,38 @@ void Model::Use(Tool tool) {
       emit rangeAsked();
       return;
     case Tool::InputModel:
-      return ShowFigure(kModelFigure);
+      return ShowFigure(kModelFigure, Asked::Yes);
     case Tool::Loads:
-      return ShowFigure(kLoadCheck);
+      return ShowFigure(kLoadCheck, Asked::Yes);
     case Tool::Displacement:
-      return ShowFigure(kDisplacementFigure);
+      return ShowFigure(kDisplacementFigure, Asked::Yes);
     case Tool::AxialShear:
-      return ShowFigure(Kind() == kAxialFigure ? kShearFigure : kAxialFigure);
+      return ShowFigure(Kind() == kAxialFigure ? kShearFigure : kAxialFigure, Asked::Yes);
     case Tool::Moment:
-      return ShowFigure(kMomentFigure);
+      return ShowFigure(kMomentFigure, Asked::Yes);
     case Tool::Print:
       emit pagesAsked(Kind(), view_->TheFigure().loadCase);
       return;
   }
 }
 
-void Model::ShowFigure(int kind) {
+/// Draws, with boxes for what is wrong if the user has asked.
+template <class Act>
+void Model::Noting(Asked asked, Act act) {
+  fault_.clear();
+  if (asked == Asked::Yes) return act();
+  const Hush hush;
+  act();
+  fault_ =
+      ToQt(hush.Message()).section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QLatin1String("　"));
+  ShowNote();
+}
+
+void Model::ShowFigure(int kind, Asked asked) {
+  Noting(asked, [&] { Show(kind); });
+}
+
+void Model::Show(int kind) {
   Figure& figure = view_->TheFigure();
   ChooseFigure(figure, {kind, figure.loadCase});
   if (!read_ || FilesChanged()) ReadData();
@@ -246,33 +262,24 @@ bool Model::FilesChanged() const {
 }
 
 void Model::Renew() {
-  if (!drawn_ || !FilesChanged()) return;
-  // Nobody has asked for the figure now.
-  const Hush hush;
-  DropData();
-  Note(hush.Message());
+  if (drawn_ && FilesChanged()) DropData(Asked::No);
 }
 
-void Model::DropData() {
+void Model::DropData(Asked asked) {
   typed_.clear();
-  fault_.clear();
   if (!drawn_) return;
-  ReadData();
-  ReadResults();
-  FollowOptions();
+  Noting(asked, [this] {
+    ReadData();
+    ReadResults();
+    FollowOptions();
+  });
 }
 
 void Model::ShowTyped(const TypedRows& typed) {
-  const Hush hush;
   typed_ = typed;
   read_ = false;
-  ShowFigure(drawn_ && !IsRatio(Kind()) && !IsResult(Kind()) ? Kind() : kModelFigure);
-  Note(hush.Message());
-}
-
-void Model::Note(const std::string& fault) {
-  fault_ = ToQt(fault).section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QLatin1String("　"));
-  ShowNote();
+  // Half a table is no fault yet.
+  ShowFigure(drawn_ && !IsRatio(Kind()) && !IsResult(Kind()) ? Kind() : kModelFigure, Asked::No);
 }
 
 void Model::FollowOptions() {

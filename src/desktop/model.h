@@ -50,8 +50,8 @@ class Model : public Form {
   /// Shows a figure of this kind (FigureKind) of the model in hand. The window is open.
   void ShowFigure(int kind);
   int Kind() const;
-  /// The model figure with rows as they are typed. Half a table is no fault yet: what is wrong is noted in the
-  /// bar, without a box.
+  /// The model figure with rows as they are typed. Half a table is no fault yet: what is wrong is noted in
+  /// the bar, without a box.
   void ShowTyped(const TypedRows& typed);
   /// The data are stale: they are read anew, and what was typed is forgotten.
   void DropData();
@@ -76,6 +76,9 @@ class Model : public Form {
  private:
   void Build();
   void AddTools();
+  template <class Act>
+  void Noting(Asked asked, Act act);
+  void Show(int kind);
   void ReadData();
   void ReadResults();
   void FillCases();
@@ -85,7 +88,6 @@ class Model : public Form {
   void Redraw(int flags);
   void ShowCaption();
   void ShowNote();
-  void Note(const std::string& fault);
   void TakePick(const std::optional<Pick>& pick);
 
   QToolBar* bar_ = nullptr;
@@ -97,7 +99,7 @@ class Model : public Form {
   PickPanel* panel_ = nullptr;
   TypedRows typed_;
   std::vector<ShownFile> files_;  // that the figure was read from
-  QString fault_;  // what is wrong with the data, where no box has told it
+  QString fault_;                 // what is wrong with the data, where no box has told it
   bool read_ = false, drawn_ = false, oblique_ = false;
 };
 

@@ -76,7 +76,7 @@ void InstallMainWindow(MainWindow& window) {
   table.openInputMenu = [&window, &forms] {
     forms.Show(FormOf<frmInputMenu>(forms, "frmInputMenu", window));
   };
-  table.openModelFigure = [&window] { OpenFigure(window, kModelFigure); };
+  table.openModelFigure = [&window] { OpenModelFigure(window); };
   table.dropFigureData = [&window] { DropFigureData(window); };
   table.drawTyped = [&window](const std::vector<TypedTable>& typed) { DrawTyped(window, typed); };
   table.resetCascade = [&forms] { forms.ResetCascade(); };

@@ -1,8 +1,11 @@
 #include "shell/figure_deck.h"
 
 #include <array>
+#include <utility>
+#include <vector>
 
 #include "base/fault.h"
+#include "base/host.h"
 #include "base/text_file.h"
 #include "graphics/drawing_list.h"
 #include "graphics/dxf.h"
@@ -49,6 +52,35 @@ void LoadResults(FigureModel& model, const SheetFigure& choice) {
   model.ratios = ReadRatios(ResultFolder(), choice.kind, static_cast<int>(model.elements.size()));
 }
 
+/// Notes whether the user is told something while it lives.
+class MessageWatch {
+ public:
+  MessageWatch() : host_(TheHost()) {
+    Host watched = host_;
+    watched.message = [this](std::string_view text, std::string_view title) {
+      told_ = true;
+      host_.message(text, title);
+    };
+    InstallHost(std::move(watched));
+  }
+  ~MessageWatch() { InstallHost(std::move(host_)); }
+  MessageWatch(const MessageWatch&) = delete;
+  MessageWatch& operator=(const MessageWatch&) = delete;
+  bool Told() const { return told_; }
+
+ private:
+  Host host_;
+  bool told_ = false;
+};
+
+std::optional<std::vector<DrawOperation>> RecordFigureOfDeck(const SheetFigure& choice) {
+  Figure figure = FigureOfDeck(choice);
+  const MessageWatch watch;
+  std::vector<DrawOperation> list = RecordSheet(SheetOfFigure(choice), 0, figure);
+  if (watch.Told()) return std::nullopt;
+  return list;
+}
+
 }  // namespace
 
 std::optional<int> FigureKindOf(std::string_view word) {
@@ -85,15 +117,23 @@ FigureSheets SheetOfFigure(const SheetFigure& choice) {
   return SheetsOf(printer, {choice}, /*layout=*/0);
 }
 
-void WriteFigureList(const SheetFigure& choice, const std::string& path) {
+bool DrawFigureOfDeck(PlotTarget& surface, const SheetFigure& choice) {
   Figure figure = FigureOfDeck(choice);
-  WriteDrawingList(path, RecordSheet(SheetOfFigure(choice), 0, figure));
+  const MessageWatch watch;
+  DrawSheet(surface, SheetOfFigure(choice), 0, figure);
+  return !watch.Told();
 }
 
-void WriteFigureDxf(const SheetFigure& choice, const std::string& path) {
-  Figure figure = FigureOfDeck(choice);
-  const std::string list = DrawingListText(RecordSheet(SheetOfFigure(choice), 0, figure));
-  ReplaceTextFile(path, DxfOfList(list), Flush::No);
+bool WriteFigureList(const SheetFigure& choice, const std::string& path) {
+  const std::optional<std::vector<DrawOperation>> list = RecordFigureOfDeck(choice);
+  if (list) WriteDrawingList(path, *list);
+  return list.has_value();
+}
+
+bool WriteFigureDxf(const SheetFigure& choice, const std::string& path) {
+  const std::optional<std::vector<DrawOperation>> list = RecordFigureOfDeck(choice);
+  if (list) ReplaceTextFile(path, DxfOfList(DrawingListText(*list)), Flush::No);
+  return list.has_value();
 }
 
 }  // namespace zorlan

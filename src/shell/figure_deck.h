@@ -24,12 +24,11 @@ Figure FigureOfDeck(const SheetFigure& choice);
 /// One figure on a sheet of the stored printer settings, without a page number.
 FigureSheets SheetOfFigure(const SheetFigure& choice);
 
-/// Draws the figure on a surface that is such a sheet. Throws Fault when the drawing had to stop and the user
-/// was told why; what is on the surface then is no figure.
-void DrawFigureOfDeck(PlotTarget& surface, const SheetFigure& choice);
-
-/// Writes the figure as a drawing list, or as a DXF file. Throws Fault.
-void WriteFigureList(const SheetFigure& choice, const std::string& path);
-void WriteFigureDxf(const SheetFigure& choice, const std::string& path);
+/// Draw the figure on a surface that is such a sheet; write it as a drawing list or as a DXF file. False when
+/// the drawing had to stop, which the user was told: what is on the surface then is no figure, and no file is
+/// written. Throw Fault.
+bool DrawFigureOfDeck(PlotTarget& surface, const SheetFigure& choice);
+bool WriteFigureList(const SheetFigure& choice, const std::string& path);
+bool WriteFigureDxf(const SheetFigure& choice, const std::string& path);
 
 }  // namespace zorlan

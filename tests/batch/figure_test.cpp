@@ -32,7 +32,7 @@ class BatchFigure : public testing::Test {
     EXPECT_EQ(result.exitCode, 2);
     return result.err;
   }
-  std::string Lines(const std::string& file) { return program_.Shell("iconv -f CP932 " + file).out; }
+  std::string Lines(const std::string& file) { return program_.Shell("iconv -f CP932 -t UTF-8 " + file).out; }
 
   BatchProgram program_;
 };
@@ -43,9 +43,8 @@ TEST_F(BatchFigure, MakesEveryKindInEveryForm) {
   struct Form {
     const char *ending, *beginning;
   };
-  for (const char* const kind :
-       {"model", "load", "displacement", "axial", "shear", "moment", "steel", "rc"})
-    for (const Form& form : {Form{".dxf", "  0\r\nSECTION"}, Form{".pdf", "%PDF"}, Form{".svg", "<?xml"},
+  for (const char* const kind : {"model", "load", "displacement", "axial", "shear", "moment", "steel", "rc"})
+    for (const Form& form : {Form{".dxf", "0\r\nSECTION"}, Form{".pdf", "%PDF"}, Form{".svg", "<?xml"},
                              Form{".png", "\x89PNG"}, Form{".tmp", "TEXT, TITLE_TXT, "}}) {
       const std::string file = kind + std::string(form.ending);
       const BatchResult result = Draw(kind, file);
@@ -60,8 +59,9 @@ TEST_F(BatchFigure, MakesEveryKindInEveryForm) {
 TEST_F(BatchFigure, TheDrawingListHasTitleFrameAndDiagram) {
   ASSERT_EQ(Draw("moment", "m.tmp").exitCode, 0);
   const std::string list = Lines("m.tmp");
-  EXPECT_THAT(list, AllOf(HasSubstr("TEXT, TITLE_TXT, "), HasSubstr("ﾓｰﾒﾝﾄ図"), HasSubstr("荷重ｹｰｽ=1"),
-                          HasSubstr("LINE, MODEL, "), HasSubstr("LINE, MOMENT, "), HasSubstr("MOMENT_TXT, ")));
+  EXPECT_THAT(list,
+              AllOf(HasSubstr("TEXT, TITLE_TXT, "), HasSubstr("ﾓｰﾒﾝﾄ図"), HasSubstr("荷重ｹｰｽ=1"),
+                    HasSubstr("LINE, MODEL, "), HasSubstr("LINE, MOMENT, "), HasSubstr("MOMENT_TXT, ")));
 }
 
 TEST_F(BatchFigure, TheModelAndLoadFiguresNeedNoResults) {
@@ -108,8 +108,7 @@ TEST_F(BatchFigure, AMemberWithoutLengthIsToldAndNothingIsWritten) {
   program_.Shell(
       "iconv -f CP932 -t UTF-8 梁.inp | sed 's/^2,1,0,/2,0,0,/' | iconv -f UTF-8 -t CP932 > 短.inp");
   for (const char* const file : {"a.pdf", "a.dxf", "a.tmp"}) {
-    const BatchResult result =
-        program_.Run({"figure", "短.inp", "--kind", "model", "--output", file});
+    const BatchResult result = program_.Run({"figure", "短.inp", "--kind", "model", "--output", file});
     EXPECT_EQ(result.exitCode, 1) << file;
     EXPECT_THAT(result.err, AllOf(HasSubstr("要素データエラー"), HasSubstr("要素の長さ＝０です")));
     EXPECT_FALSE(program_.Exists(file));

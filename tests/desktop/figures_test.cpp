@@ -4,8 +4,8 @@
 #include <QListWidget>
 #include <QMdiSubWindow>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTableWidget>
+#include <QTabWidget>
 #include <QToolBar>
 #include <QWheelEvent>
 
