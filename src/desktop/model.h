@@ -47,14 +47,17 @@ class Model : public Form {
   /// `name` tells the windows apart that can be open together.
   explicit Model(const char* name);
 
+  /// Whether the user has asked for a figure. What is wrong with its data is told in a box then; else it is
+  /// noted in the bar.
+  enum class Asked { No, Yes };
+
   /// Shows a figure of this kind (FigureKind) of the model in hand. The window is open.
-  void ShowFigure(int kind);
+  void ShowFigure(int kind, Asked asked);
   int Kind() const;
-  /// The model figure with rows as they are typed. Half a table is no fault yet: what is wrong is noted in
-  /// the bar, without a box.
+  /// The model figure with rows as they are typed.
   void ShowTyped(const TypedRows& typed);
   /// The data are stale: they are read anew, and what was typed is forgotten.
-  void DropData();
+  void DropData(Asked asked);
   /// The display options or the viewing range have changed.
   void FollowOptions();
   void Renew() override;
