@@ -156,7 +156,7 @@ void DrawNodes(Plot& plot, const Figure& figure, LabelField& labels) {
     const Point p = figure.view.ToFigure(figure.place[n]);
     if (const std::string_view code = SupportSymbol(node.code); code != "000") {
       DrawSupport(plot, p, code, size, node.rollerAngle, option.colour, sides[n]);
-      labels.Take(SupportBox(p, code, size, sides[n]));
+      for (const Rectangle& box : SupportBoxes(p, code, size, node.rollerAngle, sides[n])) labels.Take(box);
     }
     if (!option.visible) continue;
     PlotCircle(plot, p.x, p.y, radius, option.colour, /*filled=*/true);
@@ -188,9 +188,11 @@ const KindOfFigure& KindOf(int kind) {
   return kKinds[kind >= 0 && kind < static_cast<int>(kKinds.size()) ? static_cast<std::size_t>(kind) : 0];
 }
 
-/// Title lines in the left upper corner of the cell, as large as its width takes them.
+/// Title lines in the left upper corner of the cell, as large as its width takes them, and no larger than the
+/// margin above the model.
 void DrawTitle(Plot& plot, const Figure& figure, int kind, LabelField& labels) {
-  constexpr double kHeight = 9 * kTwipsPerPoint, kSmallest = 5 * kTwipsPerPoint, kPad = 100, kLine = 1.3;
+  constexpr double kHeight = 9 * kTwipsPerPoint, kSmallest = 5 * kTwipsPerPoint, kShare = 0.04, kPad = 100,
+                   kLine = 1.3;
   const KindOfFigure& shown = KindOf(kind);
   const bool loads = kind == kLoadCheck;
   const std::string title = "タイトル：" + figure.model.title + "   (" + figure.model.name + ")";
@@ -202,7 +204,7 @@ void DrawTitle(Plot& plot, const Figure& figure, int kind, LabelField& labels) {
 
   const double room = figure.cellWidth - 2 * kPad;
   const double wide = std::max(TextWidth(title, 1), TextWidth(name, 1) + TextWidth(unit, 1) + 1);
-  const double height = std::clamp(room / wide, kSmallest, kHeight);
+  const double height = std::clamp(std::min(room / wide, kShare * figure.cellHeight), kSmallest, kHeight);
   PlotSetFont(plot, height);
   const auto write = [&](double x, double y, std::string_view text) {
     if (text.empty()) return;
@@ -270,8 +272,8 @@ void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kin
   if ((figure.FigureFlags & kFitWindow) != 0) {
     FitWindow(figure.view, figure.cellWidth, figure.cellHeight);
   } else if (plot.DrawToPrinter) {
-    // Part of a figure, as it was on the screen: its middle stays, and it doesn't run into the cells around.
-    KeepCentre(figure.view, figure.cellWidth, figure.cellHeight);
+    // Part of a figure: all that the screen showed, and nothing of it runs into the cells around.
+    KeepWindow(figure.view, figure.cellWidth, figure.cellHeight);
     plot.clip = AreaOf(plot.OffsetX, plot.OffsetY, figure.cellWidth, figure.cellHeight);
   }
 }

@@ -13,6 +13,7 @@ namespace zorlan {
 namespace {
 
 constexpr int kDivisions = 20;       // of a member: where the arrows of a distributed load may stand
+constexpr double kSideOffset = 0.4;  // of an arrow: to the side, and the radius of a turn
 constexpr double kGapFactor = 0.02;  // of the member's length: between a load and the member
 
 /// How high loads lie on each other at a node or member, for each of so many ways.
@@ -47,12 +48,38 @@ constexpr std::array<NodalPart, 3> kGridParts = {{
     {&PlodRec::F3, NodalPart::Shape::Vector, {0, -1}, "My="},
 }};
 
-/// One part at a node; `depth` is how far out the loads drawn before it reach.
-void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double value, double& depth) {
+/// Bits for the sides of a node on which a member runs along an axis of the figure.
+enum : unsigned { kMemberRight = 1, kMemberLeft = 2, kMemberAbove = 4, kMemberBelow = 8 };
+
+unsigned SideOf(Point way) {
+  if (std::abs(way.x) > std::abs(way.y)) return way.x > 0 ? kMemberRight : kMemberLeft;
+  return way.y > 0 ? kMemberBelow : kMemberAbove;
+}
+
+/// By node index: where members lie that would hide an arrow.
+std::vector<unsigned> MemberSides(const Figure& figure) {
+  constexpr double kAlong = 0.2;  // of the slope to an axis
+  std::vector<unsigned> sides(figure.place.size());
+  for (std::size_t e = 0; e < figure.shown.size(); ++e) {
+    if (figure.shown[e] == 0) continue;
+    const auto i = static_cast<std::size_t>(figure.model.elements[e].rowI);
+    const auto j = static_cast<std::size_t>(figure.model.elements[e].rowJ);
+    const Point way = {figure.place[j].x - figure.place[i].x, figure.place[i].y - figure.place[j].y};
+    if (std::min(std::abs(way.x), std::abs(way.y)) > kAlong * std::max(std::abs(way.x), std::abs(way.y)))
+      continue;
+    sides[i] |= SideOf(way);
+    sides[j] |= SideOf({-way.x, -way.y});
+  }
+  return sides;
+}
+
+/// One part at a node; `depth` is how far out the loads drawn before it reach, `members` where members lie.
+void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double value, double& depth,
+                   unsigned members) {
   const std::string text = std::string(part.label) + LoadText(value);
   const double clear = NodeRadius(pen.figure.options);
   if (part.shape == NodalPart::Shape::Turn) {
-    const double radius = 0.4 * pen.arrow + depth;
+    const double radius = kSideOffset * pen.arrow + depth;
     DrawTurn(pen, node, radius, value > 0);
     pen.Note(node, {node.x + 0.8 * radius, node.y - 0.8 * radius}, text);
     depth += 0.2 * pen.arrow;
@@ -62,7 +89,10 @@ void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double
   const double sign = value > 0 ? 1 : -1;
   const Point along = {sign * part.along.x, sign * part.along.y};
   const double away = clear + depth;
-  const Point tip = {node.x - away * along.x, node.y - away * along.y};
+  // An arrow that a member would hide stands to its side.
+  const double aside = (members & SideOf({-along.x, -along.y})) != 0 ? kSideOffset * pen.arrow : 0;
+  const Point tip = {node.x - away * along.x - aside * std::abs(along.y),
+                     node.y - away * along.y - aside * std::abs(along.x)};
   const Point tail = {tip.x - pen.arrow * along.x, tip.y - pen.arrow * along.y};
   DrawArrow(pen, tip, along, pen.arrow, part.shape == NodalPart::Shape::Vector ? 2 : 1);
   pen.Note(tip, tail, text);
@@ -116,7 +146,7 @@ Point BesideMember(const LoadedSpan& span, double arrow) {
   const double ux = (span.second.x - span.first.x) / span.length,
                uy = (span.second.y - span.first.y) / span.length;
   const double across = std::abs(ux * span.push.y - uy * span.push.x);
-  return across > 0.1 ? Point{0, 0} : Point{uy * 0.4 * arrow, -ux * 0.4 * arrow};
+  return across > 0.1 ? Point{0, 0} : Point{uy * kSideOffset * arrow, -ux * kSideOffset * arrow};
 }
 
 class ElementLoadPainter {
@@ -221,15 +251,18 @@ void ElementLoadPainter::DrawElementLoad(int element, const ElodRec& load) {
 
   // The number stands at the middle of what is drawn, or off it.
   std::vector<LoadStroke> strokes;
-  const auto offer = [&](double t) {
-    strokes.push_back({lying.Tip(t), lying.Away(t, lying.base + pen_.arrow)});
+  const auto offer = [&](double t, double height) {
+    strokes.push_back({lying.Tip(t), lying.Away(t, lying.base + height * pen_.arrow)});
   };
   if (shape.parts.empty()) {
     for (std::size_t k = 0, n = shape.points.size(); k < std::min<std::size_t>(n, 3); ++k)
-      offer(shape.points[(n / 2 + k) % n]);
+      offer(shape.points[(n / 2 + k) % n], 1);
   } else {
-    const double from = shape.parts[0].front().at, to = shape.parts[0].back().at;
-    for (const double share : {0.5, 0.3, 0.7, 0.15, 0.85}) offer(from + share * (to - from));
+    const std::vector<LoadOrdinate>& part = shape.parts[0];
+    for (const double share : {0.5, 0.3, 0.7, 0.15, 0.85}) {
+      const double t = part.front().at + share * (part.back().at - part.front().at);
+      offer(t, HeightAt(part, t));
+    }
   }
   pen_.notes.push_back({std::move(strokes), LoadText(value)});
 }
@@ -249,7 +282,7 @@ void ElementLoadPainter::DrawEndForce(int element, double t, double value, int M
 void ElementLoadPainter::DrawEndMoment(int element, double t, double value, std::string_view label) {
   if (value == 0) return;
   const Point p = SpanOf(pen_.figure, Element(element), 0).At(t);
-  const double radius = 0.4 * pen_.arrow;
+  const double radius = kSideOffset * pen_.arrow;
   DrawTurn(pen_, p, radius, value > 0);
   pen_.Note(p, {p.x, p.y - radius}, std::string(label) + LoadText(value));
 }
@@ -316,6 +349,7 @@ void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels, st
   PlotSetPen(plot, option.style, option.width);
   const LoadPen pen = LoadPenOf(plot, figure, labels, notes, option);
   const std::array<NodalPart, 3>& parts = figure.model.IsGrid() ? kGridParts : kFrameParts;
+  const std::vector<unsigned> members = MemberSides(figure);
   Heap<6> heap(figure.model.nodes.size());
   const auto shown = [&](int n) {
     return IsNodeShown(figure, figure.model.nodes[static_cast<std::size_t>(n)].number);
@@ -326,7 +360,8 @@ void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels, st
                   for (std::size_t d = 0; d < parts.size(); ++d) {
                     const double value = load.*parts[d].value;
                     if (value != 0)
-                      DrawNodalPart(pen, node, parts[d], value, heap.At(n, 2 * d + (value > 0 ? 1 : 0)));
+                      DrawNodalPart(pen, node, parts[d], value, heap.At(n, 2 * d + (value > 0 ? 1 : 0)),
+                                    members[static_cast<std::size_t>(n)]);
                   }
                 });
 }

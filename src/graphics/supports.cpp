@@ -188,15 +188,26 @@ void DrawSupport(Plot& plot, Point at, std::string_view code, double size, doubl
   if (code[2] == '2') DrawSpringRotation(plot, at, size, colour);
 }
 
-Rectangle SupportBox(Point at, std::string_view code, double size, SupportSide side) {
-  constexpr double kReach = 1.4, kBreadth = 0.65;
-  const bool below = code[1] != '0' || code == "001",
-             aside = code[0] == '2' || (code[0] == '1' && code[1] != '1');
-  const double left = aside && side == SupportSide::Left ? kReach : kBreadth;
-  const double right = aside && side == SupportSide::Right ? kReach : kBreadth;
-  const double up = aside || code[2] == '2' ? kBreadth : 0;
-  return {at.x - left * size, at.y - up * size, at.x + right * size,
-          at.y + (below ? kReach : kBreadth) * size};
+std::array<Rectangle, 3> SupportBoxes(Point at, std::string_view code, double size, double angle,
+                                      SupportSide side) {
+  constexpr double kReach = 1.5, kHalf = 0.9, kTurn = 0.65, kInclined = 1.15;
+  const auto box = [&](double left, double top, double right, double bottom) {
+    return Rectangle{at.x + left * size, at.y + top * size, at.x + right * size, at.y + bottom * size};
+  };
+  std::array<Rectangle, 3> boxes = {box(0, 0, 0, 0), box(0, 0, 0, 0), box(0, 0, 0, 0)};
+  if (code.size() != 3) return boxes;
+  if (code[0] == '4') {
+    const Point middle = Place(at, size, angle).Of(0, kReach / 2);
+    boxes[0] = {middle.x - kInclined * size, middle.y - kInclined * size, middle.x + kInclined * size,
+                middle.y + kInclined * size};
+    return boxes;
+  }
+  if (code[1] != '0') boxes[0] = box(-kHalf, 0, kHalf, kReach);
+  if (code[0] == '2' || (code[0] == '1' && code[1] != '1'))
+    boxes[1] = side == SupportSide::Left ? box(-kReach, -kHalf, 0, kHalf) : box(0, -kHalf, kReach, kHalf);
+  if (code[2] == '2' || (code[2] == '1' && code[0] != '1' && code[1] != '1'))
+    boxes[2] = box(-kTurn, -kTurn, kTurn, kTurn);
+  return boxes;
 }
 
 }  // namespace zorlan

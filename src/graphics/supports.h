@@ -25,8 +25,10 @@ enum class SupportSide : std::uint8_t { Left, Right };
 void DrawSupport(Plot& plot, Point at, std::string_view code, double size, double angle, Rgb colour,
                  SupportSide side = SupportSide::Left);
 
-/// The room that it takes.
-Rectangle SupportBox(Point at, std::string_view code, double size, SupportSide side);
+/// The room that it takes: below the node, at its side, and about it; a box without size where there is
+/// nothing.
+std::array<Rectangle, 3> SupportBoxes(Point at, std::string_view code, double size, double angle,
+                                      SupportSide side);
 
 /// The spring symbols of the three directions, on their own.
 void DrawSpringX(Plot& plot, Point at, double size, Rgb colour, SupportSide side = SupportSide::Left);

@@ -87,6 +87,11 @@ void KeepCentre(View& view, double width, double height) {
   SetWindow(view, (view.Vxmin + view.Vxmax) / 2, (view.Vymin + view.Vymax) / 2, width, height);
 }
 
+void KeepWindow(View& view, double width, double height) {
+  view.Vvkei = ScaleFor(view.Vxmax - view.Vxmin, view.Vymax - view.Vymin, width, height);
+  KeepCentre(view, width, height);
+}
+
 void ZoomAbout(View& view, Point at, double factor) {
   const double scale = view.Vvkei / factor;
   // Beyond this the coordinates have no digits left, or the model is less than a dot.

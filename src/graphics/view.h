@@ -68,6 +68,8 @@ Cell CellOf(int layout, int cell, double W, double H);
 void FitWindow(View& view, double width, double height);
 /// The window as it is shown about its middle on a drawing area of another size.
 void KeepCentre(View& view, double width, double height);
+/// The window as a whole on a drawing area of another size and form, about its middle.
+void KeepWindow(View& view, double width, double height);
 
 /// Enlarges by `factor` (below 1: makes smaller) with the place `at` of the figure (twips) kept where it is.
 void ZoomAbout(View& view, Point at, double factor);

@@ -305,18 +305,29 @@ TEST(FrameFigure, TheWindowStaysWithoutTheFitFlag) {
   EXPECT_EQ(ListLines(plot)[1], "LINE, MODEL, 1500, 5000, 11500, 5000, 255");
 }
 
+// Zoomed in twice about the beam's left end the screen shows 6.5 m from -0.75 m on, 5 m high. In the right
+// half of a page, 6500 wide, that is 1 mm a twip: the beam begins at 750 and is cut at the cell's edge.
 TEST(FrameFigure, APartOfAFigureOnAPageKeepsToItsCell) {
   Figure figure = Bare(FigureOf(Beam().model));
   Recorder surface;
   Plot screen(surface);
   DrawFrameFigure(screen, "", figure, kModelFigure);
+  ZoomAbout(figure.view, {1500, 5000}, 2);
   figure.FigureFlags = kDataUnchanged;
   Recorder page = PageRecorder();
   Plot plot(page);
   plot.RecordDrawing = true;
-  DrawFrameFigure(plot, "", figure, kModelFigure, 1,
-                  1);  // 6500 wide at x 6500: the middle of the beam at 9750
-  EXPECT_EQ(ListLines(plot)[1], "LINE, MODEL, 6500, 5000, 13000, 5000, 255");
+  DrawFrameFigure(plot, "", figure, kModelFigure, 1, 1);
+  EXPECT_EQ(ListLines(plot)[1], "LINE, MODEL, 7250, 5000, 13000, 5000, 255");
+}
+
+TEST(FrameFigure, TheTitleOfALowCellIsSmall) {
+  Recorder page = PageRecorder();
+  Figure figure = FigureOf(Beam().model);
+  Plot plot(page);
+  plot.RecordDrawing = true;
+  DrawFrameFigure(plot, "", figure, kModelFigure, 4, 0);  // 3333 high
+  EXPECT_THAT(ListLines(plot)[0], HasSubstr(", 133.33333"));
 }
 
 TEST(FrameFigure, WithoutAKindTheFormsDiagramTypeIsDrawn) {

@@ -98,7 +98,7 @@ TEST(Loads, ATriangleIsArrowsUnderTheLineThatJoinsThem) {
   EXPECT_EQ(lines[0], "LINE, KAJYU, 3000, 5275, 3000, 5200, 255");  // at 0.15 the arrow is 75 long
   EXPECT_EQ(lines[17 * 3], "LINE, KAJYU, 11500, 5700, 11500, 5200, 255");
   EXPECT_EQ(lines[18 * 3], "LINE, KAJYU, 1500, 5200, 11500, 5700, 255");
-  EXPECT_EQ(lines[18 * 3 + 1], "TEXT, KAJYU_TXT, 6340, 5730, 1.25, 320, 160, 0");
+  EXPECT_EQ(lines[18 * 3 + 1], "TEXT, KAJYU_TXT, 6340, 5480, 1.25, 320, 160, 0");
 }
 
 std::vector<double> Steps(std::initializer_list<double> extra, double from, double to, double step) {
@@ -270,6 +270,19 @@ TEST(Loads, NodalForcesArePushesOntoTheNode) {
                   "LINE, KAJYU, 11500, 4975, 11470, 4900, 255", "LINE, KAJYU, 11500, 4975, 11530, 4900, 255",
                   "TEXT, KAJYU_TXT, 705, 4920, 2.0, 240, 160, 0",
                   "TEXT, KAJYU_TXT, 11340, 4285, -3.0, 320, 160, 0"));
+}
+
+TEST(Loads, AnArrowThatAMemberWouldHideStandsToItsSide) {
+  ModelBuilder b = Beam();
+  b.NodalLoad(2, 2, 0, 0);  // from the left, where the beam is: 0.4 of 500 above it
+  b.NodalLoad(2, -2, 0, 0);
+  const std::vector<Arrow> arrows = ArrowsOf(FigureOf(b.model));
+  ASSERT_THAT(arrows, SizeIs(2));
+  EXPECT_EQ(arrows[0].tip.x, 11475);
+  EXPECT_EQ(arrows[0].tip.y, 4800);
+  EXPECT_EQ(arrows[0].tail.x, 10975);
+  EXPECT_EQ(arrows[1].tip.x, 11525);
+  EXPECT_EQ(arrows[1].tip.y, 5000);
 }
 
 // A turn of 200 twips about the node: from the lower right over the top to the lower left, or back.

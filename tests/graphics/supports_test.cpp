@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <set>
 
 #include "recorder.h"
@@ -91,6 +92,26 @@ TEST(Supports, AnInclinedRollerIsTurnedByItsAngle) {
   EXPECT_EQ(Drawn("440", 90)[3], "line 5250 5180 5250 4820 0");
   EXPECT_THAT(Drawn("440"), SizeIs(4));
   EXPECT_THAT(Drawn("441"), SizeIs(9));  // and five hatches
+}
+
+TEST(Supports, TheRoomOfASymbolHoldsWhatIsDrawn) {
+  for (const std::string_view code : SupportSymbols())
+    for (const SupportSide side : {SupportSide::Left, SupportSide::Right}) {
+      Recorder surface;
+      Plot plot(surface);
+      plot.RecordDrawing = true;
+      DrawSupport(plot, {5000, 5000}, code, 200, 30, 0, side);
+      const auto boxes = SupportBoxes({5000, 5000}, code, 200, 30, side);
+      for (const DrawOperation& o : plot.drawingList) {
+        const double x = o.kind == DrawOperation::Kind::Line ? (o.x + o.x2) / 2 : o.x;
+        const double y = o.kind == DrawOperation::Kind::Line ? (o.y + o.y2) / 2 : o.y;
+        EXPECT_TRUE(std::ranges::any_of(boxes,
+                                        [&](const Rectangle& box) {
+                                          return box.Meets({x - 1, y - 1, x + 1, y + 1});
+                                        }))
+            << code << " at " << x << ", " << y;
+      }
+    }
 }
 
 TEST(Supports, ADigitTwoAddsTheSpringOfItsDirection) {

@@ -133,6 +133,18 @@ TEST(View, MovingTakesTheFigureAlong) {
   EXPECT_DOUBLE_EQ(view.WorldToFigureY(6), 400);
 }
 
+TEST(View, TheWholeWindowIsKeptOnAnotherArea) {
+  View view = Fitted({{0, 0}, {10, 6}}, 1300, 1300);  // 13 x 13 m
+  KeepWindow(view, 650, 2600);
+  EXPECT_DOUBLE_EQ(view.Vvkei, 0.02);
+  EXPECT_DOUBLE_EQ(view.Vxmin, -1.5);
+  EXPECT_DOUBLE_EQ(view.Vymin, 3 - 26);
+  KeepCentre(view, 1300, 1300);  // the same scale, the same middle
+  EXPECT_DOUBLE_EQ(view.Vvkei, 0.02);
+  EXPECT_DOUBLE_EQ(view.Vxmin, 5 - 13);
+  EXPECT_DOUBLE_EQ(view.Vymax, 3 + 13);
+}
+
 TEST(View, ARectangleIsShownAsLargeAsTheAreaTakesIt) {
   View view = Fitted({{0, 0}, {10, 6}}, 1300, 1300);  // 0.01 m a twip
   ZoomToRectangle(view, {1150, 350}, {1020, 415}, 1300, 1300);
