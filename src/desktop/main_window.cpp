@@ -52,17 +52,6 @@ void SetUpPrinter(MainWindow& window) {
   if (auto* const preview = qobject_cast<frmPrnText*>(window.Forms().Find("frmPrnText"))) preview->LayOut();
 }
 
-/// The name of the child window in front; empty if there is none.
-std::string FrontForm(const FormArea& forms) {
-  const QMdiSubWindow* const front = forms.activeSubWindow();
-  return front == nullptr || front->widget() == nullptr ? std::string()
-                                                        : FromQt(front->widget()->objectName());
-}
-
-void OpenOneRow(MainWindow& window, Command command) {
-  OpenOneRowForm(window.Forms(), TableFormOf(command));
-}
-
 /// The form in front does it.
 template <Command command>
 void EditInFront(MainWindow& window) {
@@ -74,6 +63,17 @@ void EditInFront(MainWindow& window) {
 template <Command command>
 void OpenTable(MainWindow& window) {
   OpenTableWindow(window, TableFormOf(command));
+}
+
+/// The name of the child window in front; empty if there is none.
+std::string FrontForm(const FormArea& forms) {
+  const QMdiSubWindow* const front = forms.activeSubWindow();
+  return front == nullptr || front->widget() == nullptr ? std::string()
+                                                        : FromQt(front->widget()->objectName());
+}
+
+void OpenOneRow(MainWindow& window, Command command) {
+  OpenOneRowForm(window.Forms(), TableFormOf(command));
 }
 
 struct CommandRow {
@@ -96,13 +96,6 @@ constexpr std::array kCommands = {
     CommandRow{Command::PrinterSetUp, "frmPrinterSet", [](MainWindow& window) { SetUpPrinter(window); }},
     CommandRow{Command::PrintInput, "PrintInputList", [](MainWindow&) { PrintInputList(); }},
     CommandRow{Command::Exit, "LeaveProgram", [](MainWindow& window) { window.Leave(); }},
-    CommandRow{Command::Title, "InpTITL", [](MainWindow& window) { OpenOneRow(window, Command::Title); }},
-    CommandRow{Command::SubTitle, "InpSUBT",
-               [](MainWindow& window) { OpenOneRow(window, Command::SubTitle); }},
-    CommandRow{Command::Control, "InpCONT", [](MainWindow& window) { OpenOneRow(window, Command::Control); }},
-    CommandRow{Command::Unit, "InpUNIT", [](MainWindow& window) { OpenOneRow(window, Command::Unit); }},
-    CommandRow{Command::InputHelp, "frmREMARK",
-               [](MainWindow& window) { OpenInputHelp(window.Forms(), FrontForm(window.Forms())); }},
     CommandRow{Command::Undo, "EditUndo", EditInFront<Command::Undo>},
     CommandRow{Command::Redo, "EditRedo", EditInFront<Command::Redo>},
     CommandRow{Command::Cut, "EditCut", EditInFront<Command::Cut>},
@@ -125,6 +118,13 @@ constexpr std::array kCommands = {
     CommandRow{Command::RigidZone, "InpRIGD", OpenTable<Command::RigidZone>},
     CommandRow{Command::Magnification, "InpALFA", OpenTable<Command::Magnification>},
     CommandRow{Command::SameDisplacement, "InpDISP", OpenTable<Command::SameDisplacement>},
+    CommandRow{Command::Title, "InpTITL", [](MainWindow& window) { OpenOneRow(window, Command::Title); }},
+    CommandRow{Command::SubTitle, "InpSUBT",
+               [](MainWindow& window) { OpenOneRow(window, Command::SubTitle); }},
+    CommandRow{Command::Control, "InpCONT", [](MainWindow& window) { OpenOneRow(window, Command::Control); }},
+    CommandRow{Command::Unit, "InpUNIT", [](MainWindow& window) { OpenOneRow(window, Command::Unit); }},
+    CommandRow{Command::InputHelp, "frmREMARK",
+               [](MainWindow& window) { OpenInputHelp(window.Forms(), FrontForm(window.Forms())); }},
     CommandRow{Command::Check, "CheckInput", [](MainWindow&) { CheckInput(); }},
     CommandRow{Command::ModelFigure, "Model", [](MainWindow& window) { OpenFigure(window, kModelFigure); }},
     CommandRow{Command::Analyse, "AnalyseModel", [](MainWindow&) { AnalyseModel(); }},

@@ -81,12 +81,12 @@ void InstallMainWindow(MainWindow& window) {
   table.drawTyped = [&window](const std::vector<TypedTable>& typed) { DrawTyped(window, typed); };
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
-  table.addNum = [&window](std::string_view mode) { return AskNumber(mode, &window); };
   table.takeNodes = [&window](const std::vector<int>& nodes) { return TakePickedNodes(window, nodes); };
   table.showRow = [&window](const std::string& key, int page, int number) {
     return ShowTableRow(window, key, page, number);
   };
   table.followControl = [&window] { FollowControl(window); };
+  table.addNum = [&window](std::string_view mode) { return AskNumber(mode, &window); };
   table.showText = [&window](TextWindow where, int flag, const std::string& path) {
     ShowTextIn(window, where, flag, path);
   };
