@@ -36,7 +36,7 @@ FigureModel LargeModel(const bench::Frame& frame) {
   return FigureModelOf(InpModel);
 }
 
-/// A divided frame as it is analysed, or many bays and storeys as they are drawn.
+/// A frame whose members are divided, with all numbers and their marks.
 Figure LargeFigure() {
   Figure figure;
   figure.model = LargeModel(bench::RegularFrame(5, 20, 1, 8, 40));

@@ -81,11 +81,21 @@ class Ordinates {
     const Point p = OrdinatePoint(member, x, m);
     return figure_.FigureOf(p.x, p.y);
   }
-  /// The unit vector in the figure along which positive ordinates grow.
-  Point Away(const DiagramMember& member) const {
-    return figure_.oblique ? Point{0, -1} : Point{-member.sine, -member.cosine};
+  /// Where the label of the ordinate m at x stands: outside of the diagram, with a third of the member to
+  /// move along, towards the start where `back` is set.
+  LabelPlace Place(const DiagramMember& member, double x, double m, Anchor anchor, bool back = false) const {
+    const Point foot = At(member, 0, 0), end = At(member, member.L, 0);
+    const double length = std::hypot(end.x - foot.x, end.y - foot.y), way = back ? -1 : 1;
+    const Point away = figure_.oblique ? Point{0, -1} : Point{-member.sine, -member.cosine};
+    LabelPlace place;
+    place.ordinate = At(member, x, m);
+    place.away = m < 0 ? Point{-away.x, -away.y} : away;
+    if (length > 0) place.along = {way * (end.x - foot.x) / length, way * (end.y - foot.y) / length};
+    place.room = length / 3;
+    place.angle = figure_.oblique ? 0 : LabelAngle(member);
+    place.anchor = anchor;
+    return place;
   }
-  double Angle(const DiagramMember& member) const { return figure_.oblique ? 0 : LabelAngle(member); }
 
  private:
   const Figure& figure_;
@@ -105,18 +115,17 @@ void ShadeCurve(Plot& plot, const Curve& curve, Rgb colour) {
   PlotShade(plot, polygon, colour);
 }
 
-void DrawPolyline(Plot& plot, std::span<const Point> points, Rgb colour) {
-  for (std::size_t k = 1; k < points.size(); ++k)
+/// The lines of a curve; no label shall stand on them.
+void DrawPolyline(Plot& plot, std::span<const Point> points, Rgb colour, LabelField* labels) {
+  for (std::size_t k = 1; k < points.size(); ++k) {
     PlotDashedLine(plot, points[k - 1].x, points[k - 1].y, points[k].x, points[k].y, colour);
+    if (labels != nullptr) labels->TakeLine(points[k - 1], points[k]);
+  }
 }
 
 /// The closing line from the member to an ordinate; none to an ordinate of 0.
 void DrawClosing(Plot& plot, Point foot, Point ordinate, double m, Rgb colour) {
   if (m != 0) PlotDashedLine(plot, foot.x, foot.y, ordinate.x, ordinate.y, colour);
-}
-
-Point Reversed(Point p, double sign) {
-  return sign < 0 ? Point{-p.x, -p.y} : p;
 }
 
 // The shown members of a diagram, each with its values of the case in hand; those without an ordinate are
@@ -144,12 +153,8 @@ std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Read read, A
   return shown;
 }
 
-bool AnyMoment(const MomentValues& v) {
-  return v.start != 0 || v.centre != 0 || v.end != 0;
-}
-bool AnyForce(const EndValues& v) {
-  return v.start != 0 || v.end != 0;
-}
+/// What is smaller than this part of the greatest value is rounding: the member has none.
+constexpr double kRounding = 1e-9;
 
 double GreatestMoment(const StressRecord& r) {
   return std::max({std::abs(r.momentI), std::abs(r.momentC), std::abs(r.momentJ)});
@@ -198,8 +203,11 @@ struct ForceDiagram {
 };
 
 void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, const ForceDiagram& diagram) {
-  const Ordinates ordinates(figure, diagram.heightCm, GreatestStress(figure, diagram.greatest));
-  const auto shown = ShownValues<EndValues>(figure, diagram.read, AnyForce);
+  const double G = GreatestStress(figure, diagram.greatest);
+  const Ordinates ordinates(figure, diagram.heightCm, G);
+  const auto shown = ShownValues<EndValues>(figure, diagram.read, [&](const EndValues& v) {
+    return std::max(std::abs(v.start), std::abs(v.end)) > kRounding * G;
+  });
   const double s = ordinates.Scale();
   const auto forEachBand = [&](auto use) {
     if (!diagram.line.visible) return;
@@ -214,17 +222,14 @@ void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, cons
   PlotSetPen(plot, diagram.line.style, diagram.line.width);
   forEachBand([&](const Band& band, const Curve& curve) {
     DrawClosing(plot, curve.footStart, curve.points[0], band.m0, band.colour);
-    DrawPolyline(plot, curve.points, band.colour);
+    DrawPolyline(plot, curve.points, band.colour, diagram.value.visible ? &labels : nullptr);
     DrawClosing(plot, curve.points[1], curve.footEnd, band.m1, band.colour);
   });
 
   ValueLabels values(plot, labels, diagram.value, diagram.decimals, DisplayFactor(figure.model));
   for (const auto& [member, v] : shown) {
-    const Point away = ordinates.Away(member);
-    const double angle = ordinates.Angle(member);
-    values.Write(ordinates.At(member, 0, v.start * s), Reversed(away, v.start), angle, kLeftCentre, v.start);
-    values.Write(ordinates.At(member, member.L, v.end * s), Reversed(away, v.end), angle, kRightCentre,
-                 v.end);
+    values.Write(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
+    values.Write(ordinates.Place(member, member.L, v.end * s, kRightCentre, /*back=*/true), v.end);
   }
 }
 
@@ -254,8 +259,11 @@ double GreatestDisplacement(const Figure& figure) {
 
 void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
   const FigureOptions& options = figure.options;
-  const Ordinates ordinates(figure, options.HeightMoment, GreatestStress(figure, GreatestMoment));
-  const auto shown = ShownValues<MomentValues>(figure, MomentsFromStart, AnyMoment);
+  const double G = GreatestStress(figure, GreatestMoment);
+  const Ordinates ordinates(figure, options.HeightMoment, G);
+  const auto shown = ShownValues<MomentValues>(figure, MomentsFromStart, [&](const MomentValues& v) {
+    return std::max({std::abs(v.start), std::abs(v.centre), std::abs(v.end)}) > kRounding * G;
+  });
   const double s = ordinates.Scale();
   const auto forEachCurve = [&](auto use) {
     if (!options.moment.visible) return;
@@ -270,18 +278,15 @@ void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
   PlotSetPen(plot, options.moment.style, options.moment.width);
   forEachCurve([&](const MomentValues& v, const Curve& curve) {
     DrawClosing(plot, curve.footStart, curve.points.front(), v.start, options.moment.colour);
-    DrawPolyline(plot, curve.points, options.moment.colour);
+    DrawPolyline(plot, curve.points, options.moment.colour, options.momentValue.visible ? &labels : nullptr);
     DrawClosing(plot, curve.points.back(), curve.footEnd, v.end, options.moment.colour);
   });
 
   ValueLabels values(plot, labels, options.momentValue, options.DecimalsMoment, DisplayFactor(figure.model));
   for (const auto& [member, v] : shown) {
-    const Point away = ordinates.Away(member);
-    const double angle = ordinates.Angle(member), L = member.L;
-    values.Write(ordinates.At(member, 0, v.start * s), Reversed(away, v.start), angle, kLeftCentre, v.start);
-    values.Write(ordinates.At(member, L, -v.end * s), Reversed(away, -v.end), angle, kRightCentre, v.end);
-    values.Write(ordinates.At(member, L / 2, -v.centre * s), Reversed(away, -v.centre), angle, kCentre,
-                 v.centre);
+    values.Write(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
+    values.Write(ordinates.Place(member, member.L, -v.end * s, kRightCentre, /*back=*/true), v.end);
+    values.Write(ordinates.Place(member, member.L / 2, -v.centre * s, kCentre), v.centre);
   }
 }
 

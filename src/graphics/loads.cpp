@@ -288,7 +288,7 @@ void ElementLoadPainter::DrawEndMoment(int element, double t, double value, std:
 }
 
 void ElementLoadPainter::DrawCmqLoad(int element, const ClodRec& load) {
-  constexpr double kNearEnd = 0.06;  // of the member: the ends' marks stand clear of other members' ones
+  constexpr double kNearEnd = 0.1;  // of the member: the ends' marks stand clear of other members' ones
   DrawEndMoment(element, kNearEnd, load.Ci, "C=");
   DrawEndMoment(element, 1 - kNearEnd, load.Cj, "C=");
   DrawEndForce(element, kNearEnd, load.Qi, load.MG);

@@ -47,8 +47,13 @@ void DrawRatioData(Plot& plot, const Figure& figure, LabelField& labels) {
     const std::optional<DiagramMember> line =
         MemberFromStart({member.i.x, -member.i.y}, {member.j.x, -member.j.y});
     if (!line || !(member.ratio >= 0)) continue;
-    values.Write({(member.i.x + member.j.x) / 2, (member.i.y + member.j.y) / 2}, {-line->sine, -line->cosine},
-                 LabelAngle(*line), kCentre, member.ratio);
+    LabelPlace place;
+    place.ordinate = {(member.i.x + member.j.x) / 2, (member.i.y + member.j.y) / 2};
+    place.away = {-line->sine, -line->cosine};
+    place.along = {line->cosine, -line->sine};
+    place.room = line->L / 3;
+    place.angle = LabelAngle(*line);
+    values.Write(place, member.ratio);
   }
 }
 

@@ -160,23 +160,18 @@ FigureSelection KeptBatch() {
   return selection.batch ? selection : FigureSelection();
 }
 
-std::vector<FigurePage> FigurePages(const FigureSelection& selection) {
-  std::vector<FigurePage> pages;
-  const int cells = CellCount(selection.layout);
-  const auto add = [&](int kind, int loadCase) {
-    if (pages.empty() || static_cast<int>(pages.back().size()) == cells) pages.emplace_back();
-    pages.back().push_back({kind, loadCase, selection.layout, static_cast<int>(pages.back().size())});
-  };
+std::vector<SelectedFigure> SelectedFigures(const FigureSelection& selection) {
+  std::vector<SelectedFigure> figures;
   if (selection.batch) {
     for (std::size_t k = 0; k < selection.types.size(); ++k)
       for (const int loadCase : selection.types[k].cases)
-        if (selection.types[k].checked) add(static_cast<int>(k) + 1, loadCase);
+        if (selection.types[k].checked) figures.push_back({static_cast<int>(k) + 1, loadCase});
   } else if (HasCases(selection.figureKind)) {
-    for (const int loadCase : selection.cases) add(selection.figureKind, loadCase);
+    for (const int loadCase : selection.cases) figures.push_back({selection.figureKind, loadCase});
   } else {
-    add(selection.figureKind, 1);
+    figures.push_back({selection.figureKind, 1});
   }
-  return pages;
+  return figures;
 }
 
 }  // namespace zorlan

@@ -69,16 +69,14 @@ void RemoveSelection();
 /// The batch kept; all types off without one that can be read.
 FigureSelection KeptBatch();
 
-/// A figure in a cell of a page.
-struct FigureCell {
+/// A figure of a choice.
+struct SelectedFigure {
   int kind = 0;      // FigureKind
   int loadCase = 1;  // 1 where the kind has no cases
-  int layout = 0, cell = 0;
-  bool operator==(const FigureCell&) const = default;
+  bool operator==(const SelectedFigure&) const = default;
 };
-using FigurePage = std::vector<FigureCell>;
 
-/// The pages of a choice: the figures in order, cell by cell; a new page begins when the cells are used up.
-std::vector<FigurePage> FigurePages(const FigureSelection& selection);
+/// The figures of a choice in their order; they fill the cells of the pages one after another.
+std::vector<SelectedFigure> SelectedFigures(const FigureSelection& selection);
 
 }  // namespace zorlan

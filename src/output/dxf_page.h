@@ -1,23 +1,13 @@
-// Figure pages: drawn cell by cell on any surface, and exported as DXF files by way of a drawing list.
+// A page of figures as a DXF file, by way of its drawing list in the work folder.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "graphics/frame_figure.h"
-#include "output/batch_print.h"
+#include "graphics/drawing_list.h"
 
 namespace zorlan {
-
-/// Draws the figures of a page on the plot's surface, each in its cell with the options in force for its
-/// kind. `figure` lends its model, viewing range and, where `wholeFigure` is false, its window. What was
-/// chosen in it stays.
-void DrawFigurePage(Plot& plot, Figure& figure, const FigurePage& page, bool wholeFigure = true);
-
-/// The operations that a page of this surface receives.
-std::vector<DrawOperation> RecordFigurePage(const Surface& surface, Figure& figure, const FigurePage& page,
-                                            bool wholeFigure = true);
 
 /// For the dialog that asks for a DXF file: its filter, in the pairs of a name and its pattern, and the name
 /// that it proposes.

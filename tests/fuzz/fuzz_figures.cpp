@@ -46,7 +46,7 @@ void RunOptions(std::string_view text) {
 void RunSelection(std::string_view text) {
   const FigureSelection selection = ParseSelection(text);
   Require(ParseSelection(SelectionText(selection)) == selection);
-  for (const FigurePage& page : FigurePages(selection)) Require(!page.empty());
+  for (const SelectedFigure& figure : SelectedFigures(selection)) Require(figure.loadCase >= 1);
 }
 
 }  // namespace

@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "base/fault.h"
 #include "base/text_file.h"
 #include "graphics/frame_figure.h"
@@ -16,7 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 FigureSelection Batch(int layout, std::vector<int> loadCheck, std::vector<int> moment) {
   FigureSelection selection;
@@ -102,37 +99,20 @@ TEST(FigureSelection, SingleFigureNeedsACaseWhereItHasCases) {
   EXPECT_EQ(SelectionFault(Single(kSteelRatioFigure, {})), std::nullopt);
 }
 
-TEST(FigurePages, FourCellsAndFiveFiguresAreTwoPages) {
-  const std::vector<FigurePage> pages = FigurePages(Batch(5, {1, 2, 3}, {1, 4}));
-  ASSERT_THAT(pages, SizeIs(2));
-  EXPECT_THAT(pages[0], ElementsAre(FigureCell{kLoadCheck, 1, 5, 0}, FigureCell{kLoadCheck, 2, 5, 1},
-                                    FigureCell{kLoadCheck, 3, 5, 2}, FigureCell{kMomentFigure, 1, 5, 3}));
-  EXPECT_THAT(pages[1], ElementsAre(FigureCell{kMomentFigure, 4, 5, 0}));
-}
-
-struct LayoutCase {
-  int layout;
-  std::size_t pages;  // of seven figures
-};
-const LayoutCase kLayoutCases[] = {{0, 7}, {1, 4}, {2, 4}, {3, 3}, {4, 3}, {5, 2}};
-TEST(FigurePages, EveryLayoutFillsItsCells) {
-  for (const LayoutCase& c : kLayoutCases)
-    EXPECT_THAT(FigurePages(Batch(c.layout, {1, 2, 3, 4, 5, 6, 7}, {})), SizeIs(c.pages)) << c.layout;
-}
-
-TEST(FigurePages, TypesThatAreOffHaveNoPage) {
+TEST(SelectedFigures, AreThoseOfTheCheckedTypesInOrder) {
+  EXPECT_THAT(SelectedFigures(Batch(5, {1, 3}, {2})),
+              ElementsAre(SelectedFigure{kLoadCheck, 1}, SelectedFigure{kLoadCheck, 3},
+                          SelectedFigure{kMomentFigure, 2}));
   FigureSelection selection = Batch(0, {1}, {2});
   selection.types[0].checked = false;
-  EXPECT_THAT(FigurePages(selection), ElementsAre(ElementsAre(FigureCell{kMomentFigure, 2, 0, 0})));
-  EXPECT_THAT(FigurePages(FigureSelection()), IsEmpty());
+  EXPECT_THAT(SelectedFigures(selection), ElementsAre(SelectedFigure{kMomentFigure, 2}));
+  EXPECT_THAT(SelectedFigures(FigureSelection()), IsEmpty());
 }
 
-TEST(FigurePages, SingleFigureHasItsCasesOrOnePage) {
-  EXPECT_THAT(FigurePages(Single(kAxialFigure, {3, 1})),
-              ElementsAre(ElementsAre(FigureCell{kAxialFigure, 3, 0, 0}),
-                          ElementsAre(FigureCell{kAxialFigure, 1, 0, 0})));
-  EXPECT_THAT(FigurePages(Single(kModelFigure, {})),
-              ElementsAre(ElementsAre(FigureCell{kModelFigure, 1, 0, 0})));
+TEST(SelectedFigures, OfASingleFigureAreItsCasesOrItAlone) {
+  EXPECT_THAT(SelectedFigures(Single(kAxialFigure, {3, 1})),
+              ElementsAre(SelectedFigure{kAxialFigure, 3}, SelectedFigure{kAxialFigure, 1}));
+  EXPECT_THAT(SelectedFigures(Single(kModelFigure, {})), ElementsAre(SelectedFigure{kModelFigure, 1}));
 }
 
 class SelectionFiles : public testing::Test {
