@@ -127,7 +127,7 @@ ExitCode Print(const Request& request) {
 }
 
 ExitCode DrawFigure(const Request& request) {
-  const SheetFigure choice{*FigureKindOf(request.figureKind), request.loadCase};
+  const SelectedFigure choice{*FigureKindOf(request.figureKind), request.loadCase};
   switch (*FigureFormOf(request.output)) {
     case FigureForm::DrawingList:
       return WriteFigureList(choice, request.output) ? kDone : kFailed;

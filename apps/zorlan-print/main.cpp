@@ -59,7 +59,7 @@ std::string FigureFile(const FigurePicture& picture, const std::string& path) {
 
 bool WriteFigure(std::span<char*> words) {
   SetModelInHand(words[0]);
-  const SheetFigure choice{FigureKindOf(words[1]).value_or(kModelFigure), std::atoi(words[2])};
+  const SelectedFigure choice{FigureKindOf(words[1]).value_or(kModelFigure), std::atoi(words[2])};
   FigurePicture picture(SheetOfFigure(choice).sheet);
   if (!DrawFigureOfDeck(picture, choice)) return false;
   ReplaceBytes(words[3], FigureFile(picture, words[3]), Flush::No);

@@ -116,8 +116,8 @@ std::optional<Figure> FigureOfPages(bool results) {
   return figure;
 }
 
-void ShowPages(MainWindow& window, Figure figure, std::vector<SheetFigure> figures, int layout) {
-  auto pages = std::make_unique<FigurePages>(std::move(figure), std::move(figures), layout);
+void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> figures, int layout) {
+  auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout);
   auto* preview = OpenPreview(window);
   if (preview == nullptr) {
     preview = new frmPrnText(window.Printers());
@@ -128,38 +128,32 @@ void ShowPages(MainWindow& window, Figure figure, std::vector<SheetFigure> figur
   window.Forms().Show(preview);
 }
 
-std::vector<SheetFigure> FiguresOf(const PagesChoice& choice) {
-  std::vector<SheetFigure> figures;
-  for (int type = 1; type <= kFigureTypes; ++type) {
-    const PagesChoice::Type& chosen = choice.types[static_cast<std::size_t>(type - 1)];
-    if (!chosen.chosen) continue;
-    for (const int loadCase : chosen.cases) figures.push_back({type, loadCase});
-  }
-  return figures;
-}
-
-void ChoosePages(MainWindow& window, PagesChoice choice) {
-  std::optional<Figure> figure = FigureOfPages(choice.single != kLoadCheck);
-  if (!figure || frmSelctLC(choice, figure->model.maxLoadCase, &window).exec() != QDialog::Accepted) return;
+/// Asks which figures go on pages, hands the choice over and shows them.
+void ChoosePages(MainWindow& window, FigureSelection choice) {
+  std::optional<Figure> figure = FigureOfPages(choice.batch || choice.figureKind != kLoadCheck);
+  if (!figure) return;
+  const int cases = figure->model.maxLoadCase;
+  choice = WithinCases(std::move(choice), cases);
+  if (frmSelctLC(choice, cases, &window).exec() != QDialog::Accepted) return;
   PrinterSettings.orientation = static_cast<std::int16_t>(choice.orientation);
-  ShowPages(window, std::move(*figure), FiguresOf(choice), choice.layout);
+  HandOverSelection(choice);
+  ShowPages(window, std::move(*figure), SelectedFigures(choice), choice.layout);
 }
 
 }  // namespace
 
 void PrintFigures(MainWindow& window) {
-  PagesChoice choice;
-  choice.orientation = PrinterSettings.orientation;
-  ChoosePages(window, choice);
+  ChoosePages(window, KeptBatch());
 }
 
 void PrintFigure(MainWindow& window, int kind, int loadCase) {
   if (HasLoadCase(kind)) {
-    PagesChoice choice;
+    FigureSelection choice;
+    choice.batch = false;
+    choice.figureKind = kind;
+    choice.cases = {loadCase};
     choice.orientation = PrinterSettings.orientation;
-    choice.single = kind;
-    choice.types[static_cast<std::size_t>(kind - 1)].cases = {loadCase};
-    return ChoosePages(window, choice);
+    return ChoosePages(window, std::move(choice));
   }
   ForEachFigure(window, [&](Model& shown) {
     if (shown.Kind() == kind) ShowPages(window, shown.View().TheFigure(), {{kind, loadCase}}, 0);

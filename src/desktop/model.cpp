@@ -16,9 +16,9 @@
 #include "desktop/figure_view.h"
 #include "desktop/hush.h"
 #include "desktop/pick_panel.h"
+#include "graphics/ratio_files.h"
 #include "model/model_state.h"
 #include "render/qt_text.h"
-#include "shell/figure_ratios.h"
 #include "shell/figure_sheets.h"
 #include "shell/windows.h"
 
@@ -243,11 +243,8 @@ void Model::ReadResults() {
   const int kind = figure.DiagramType;
   if (IsResult(kind) && figure.model.StressTable.empty() && !LoadFigureResults(figure.model, AnalysisPath))
     Tell("入力データに合う解析結果がありません。静解析を行ってください");
-  if (!IsRatio(kind)) return;
-  const std::string file = AnalysisPath + (kind == kSteelRatioFigure ? "SIG_S" : "SIG_RC");
   figure.model.ratios.clear();
-  if (FileExists(file))
-    figure.model.ratios = ReadRatios(AnalysisPath, kind, static_cast<int>(figure.model.elements.size()));
+  if (IsRatio(kind)) LoadFigureRatios(figure.model, kind, AnalysisPath);
 }
 
 void Model::Look() {

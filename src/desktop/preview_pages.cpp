@@ -9,6 +9,7 @@
 
 #include "base/text_file.h"
 #include "model/model_state.h"
+#include "output/dxf_page.h"
 #include "output/print_flag.h"
 #include "render/figure_painter.h"
 #include "render/qt_text.h"
@@ -92,25 +93,27 @@ bool ListingPages::Renew() {
   return true;
 }
 
-FigurePages::FigurePages(Figure figure, std::vector<SheetFigure> figures, int layout)
+FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout)
     : figure_(std::move(figure)), sheets_(SheetsOf(PrinterSettings, std::move(figures), layout)) {}
 
-FigurePages::~FigurePages() = default;
+FigurePreview::~FigurePreview() {
+  RemoveSelection();
+}
 
-QString FigurePages::Caption() const {
+QString FigurePreview::Caption() const {
   return ToQt(figure_.model.name);
 }
 
-void FigurePages::LayOut() {
+void FigurePreview::LayOut() {
   sheets_ = SheetsOf(PrinterSettings, std::move(sheets_.figures), sheets_.layout);
 }
 
-QSize FigurePages::Sheet() const {
+QSize FigurePreview::Sheet() const {
   return {static_cast<int>(std::lround(sheets_.sheet.width * kUnitsPerTwip)),
           static_cast<int>(std::lround(sheets_.sheet.height * kUnitsPerTwip))};
 }
 
-void FigurePages::Paint(QPainter& painter, int page) {
+void FigurePreview::Paint(QPainter& painter, int page) {
   FigurePicture picture(sheets_.sheet);
   DrawSheet(picture, sheets_, page, figure_);
   if (painter.paintEngine()->type() == QPaintEngine::Raster) {
@@ -123,7 +126,7 @@ void FigurePages::Paint(QPainter& painter, int page) {
   PaintPicture(painter, picture, style);
 }
 
-std::string FigurePages::Pdf(const std::function<void(double share)>& pageDone) {
+std::string FigurePreview::Pdf(const std::function<void(double share)>& pageDone) {
   std::vector<FigurePicture> pages;
   for (int page = 0; page < Count(); ++page) {
     pages.emplace_back(sheets_.sheet);
@@ -133,18 +136,18 @@ std::string FigurePages::Pdf(const std::function<void(double share)>& pageDone) 
   return PicturesPdf(pages);
 }
 
-QString FigurePages::FileName() const {
+QString FigurePreview::FileName() const {
   return ToQt(figure_.model.name);
 }
 
-std::optional<int> FigurePages::KindOn(int page) const {
+std::optional<int> FigurePreview::KindOn(int page) const {
   const auto first = static_cast<std::size_t>(page * CellCount(sheets_.layout));
   if (page < 0 || first >= sheets_.figures.size()) return std::nullopt;
   return sheets_.figures[first].kind;
 }
 
-bool FigurePages::WriteDxf(int page, const std::string& path) {
-  return WriteDxfPage(sheets_, page, figure_, path);
+bool FigurePreview::WriteDxf(int page, const std::string& path) {
+  return WriteDxfPage(page + 1, RecordSheet(sheets_, page, figure_), path);
 }
 
 }  // namespace zorlan

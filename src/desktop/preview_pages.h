@@ -71,12 +71,12 @@ class ListingPages final : public PreviewPages {
   TextPages pages_;  // points into the text
 };
 
-/// Figures of a model in the cells of their pages.
-class FigurePages final : public PreviewPages {
+/// Figures of a model in the cells of their pages. With its end the choice that was handed over is gone.
+class FigurePreview final : public PreviewPages {
  public:
   /// `figure` has the model and its results.
-  FigurePages(Figure figure, std::vector<SheetFigure> figures, int layout);
-  ~FigurePages() override;
+  FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout);
+  ~FigurePreview() override;
 
   QString Caption() const override;
   void LayOut() override;

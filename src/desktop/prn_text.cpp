@@ -25,6 +25,7 @@
 #include "desktop/print_job.h"
 #include "desktop/printer_set.h"
 #include "model/model_state.h"
+#include "output/dxf_page.h"
 #include "render/qt_text.h"
 #include "render/text_page_painter.h"
 
@@ -41,6 +42,14 @@ constexpr int kFirstZoom = 4;
 
 constexpr double kClipboardDpi = 200;
 constexpr int kButtonRoom = 12;  // pixels beside a caption
+
+/// The filter in the toolkit's own form: a name with its pattern in brackets.
+QString DxfFilter() {
+  const QStringList parts = ToQt(kDxfFilter).split(QLatin1Char('|'));
+  QStringList names;
+  for (qsizetype i = 0; i < parts.size(); i += 2) names.append(parts[i]);
+  return names.join(QLatin1String(";;"));
+}
 
 QPushButton* Button(const char* caption, const char* name, const char* tip) {
   auto* const button = new QPushButton(QString::fromUtf8(caption));
@@ -125,7 +134,7 @@ void frmPrnText::ShowListing(int flag, const std::string& path) {
             same ? PageView::Place::Kept : PageView::Place::First);
 }
 
-void frmPrnText::ShowFigures(std::unique_ptr<FigurePages> pages) {
+void frmPrnText::ShowFigures(std::unique_ptr<FigurePreview> pages) {
   ShowPages(std::move(pages), PageView::Place::First);
 }
 
@@ -206,9 +215,10 @@ void frmPrnText::WritePdf() {
 
 void frmPrnText::WriteDxf() {
   const int page = view_->Page();
-  const QString proposed = ToQt(DataPath + ProjectName) + QStringLiteral("Page-%1.dxf").arg(page + 1);
-  const QString target = QFileDialog::getSaveFileName(this, QStringLiteral("ＤＸＦファイル出力"), proposed,
-                                                      QStringLiteral("DXFﾌｧｲﾙ(*.dxf);;全てのﾌｧｲﾙ(*.*)"));
+  const QString proposed =
+      ToQt(DataPath + ProjectName) + ToQt(DxfPageName(page + 1)) + QStringLiteral(".dxf");
+  const QString target =
+      QFileDialog::getSaveFileName(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter());
   if (target.isEmpty()) return;
   const bool named = !QFileInfo(target).suffix().isEmpty();
   SetBusy(true);

@@ -25,7 +25,7 @@ class frmPrnText : public Form {
   /// that is already shown stays at its page.
   void ShowListing(int flag, const std::string& path);
   /// Shows pages of figures.
-  void ShowFigures(std::unique_ptr<FigurePages> pages);
+  void ShowFigures(std::unique_ptr<FigurePreview> pages);
   void Renew() override;
 
   /// Lays the pages out by the printer settings as they are now.

@@ -16,15 +16,14 @@
 #include "base/host.h"
 #include "desktop/dialog_buttons.h"
 #include "graphics/view.h"
+#include "render/qt_text.h"
 #include "shell/settings.h"
 
 namespace zorlan {
 namespace {
 
-constexpr const char* kTypeNames[] = {"荷重チェック図", "変位図", "軸力図", "せん断力図", "モーメント図"};
 constexpr const char* kLayoutHints[] = {"１ページに１つ", "左右に２つ", "上下に２つ",
                                         "左右に３つ",     "上下に３つ", "左右と上下に４つ"};
-constexpr const char* kRefusalTitle = "印刷不可";
 constexpr QSize kSketch(30, 30);
 
 /// A sketch of the cells of a layout on a sheet.
@@ -45,12 +44,13 @@ QIcon LayoutIcon(int layout, double ratio) {
 
 }  // namespace
 
-frmSelctLC::frmSelctLC(PagesChoice& choice, int cases, QWidget* parent) : QDialog(parent), choice_(choice) {
+frmSelctLC::frmSelctLC(FigureSelection& choice, int cases, QWidget* parent)
+    : QDialog(parent), choice_(choice) {
   setObjectName(QStringLiteral("frmSelctLC"));
-  setWindowTitle(choice.single == 0 ? QStringLiteral("一括印刷") : QStringLiteral("図の印刷"));
+  setWindowTitle(choice.batch ? ToQt(kBatchCaption) : QStringLiteral("図の印刷"));
   auto* const types = new QHBoxLayout;
-  for (int type = 1; type <= kFigureTypes; ++type)
-    if (choice.single == 0 || choice.single == type) types->addWidget(MakeType(type, cases));
+  for (int kind = 1; kind <= static_cast<int>(kBatchTypes.size()); ++kind)
+    if (choice.batch || choice.figureKind == kind) types->addWidget(MakeType(kind, cases));
   auto* const buttons = OkCancelButtons();
   connect(buttons, &QDialogButtonBox::accepted, this, &frmSelctLC::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &frmSelctLC::reject);
@@ -61,35 +61,36 @@ frmSelctLC::frmSelctLC(PagesChoice& choice, int cases, QWidget* parent) : QDialo
   column->addWidget(buttons);
 }
 
-QWidget* frmSelctLC::MakeType(int type, int cases) {
-  const auto place = static_cast<std::size_t>(type - 1);
-  const QString name = QString::fromUtf8(kTypeNames[place]);
+QWidget* frmSelctLC::MakeType(int kind, int cases) {
+  const auto place = static_cast<std::size_t>(kind - 1);
+  const QString name = ToQt(kBatchTypes[place]);
+  const std::vector<int>& selected = choice_.batch ? choice_.types[place].cases : choice_.cases;
   auto* const box = new QWidget;
   auto* const column = new QVBoxLayout(box);
   column->setContentsMargins(0, 0, 0, 0);
   TypeWidgets& widgets = types_[place];
-  if (choice_.single == 0) {
+  if (choice_.batch) {
     widgets.chosen = new QCheckBox(name);
-    widgets.chosen->setObjectName(QStringLiteral("type%1").arg(type));
-    widgets.chosen->setChecked(choice_.types[place].chosen);
+    widgets.chosen->setObjectName(QStringLiteral("type%1").arg(kind));
+    widgets.chosen->setChecked(choice_.types[place].checked);
     column->addWidget(widgets.chosen);
   } else {
     column->addWidget(new QLabel(name));
   }
-  column->addWidget(new QLabel(QStringLiteral("荷重ケース")));
+  column->addWidget(new QLabel(ToQt(kBatchCaseList)));
   widgets.cases = new QListWidget;
-  widgets.cases->setObjectName(QStringLiteral("cases%1").arg(type));
+  widgets.cases->setObjectName(QStringLiteral("cases%1").arg(kind));
   widgets.cases->setSelectionMode(QAbstractItemView::MultiSelection);
   widgets.cases->setMinimumSize(96, 150);
   for (int c = 1; c <= cases; ++c) {
     auto* const item = new QListWidgetItem(QString::number(c), widgets.cases);
-    item->setSelected(std::ranges::find(choice_.types[place].cases, c) != choice_.types[place].cases.end());
+    item->setSelected(std::ranges::find(selected, c) != selected.end());
   }
   column->addWidget(widgets.cases, 1);
-  auto* const all = new QPushButton(QStringLiteral("全選択"));
-  all->setObjectName(QStringLiteral("all%1").arg(type));
-  auto* const none = new QPushButton(QStringLiteral("全解除"));
-  none->setObjectName(QStringLiteral("none%1").arg(type));
+  auto* const all = new QPushButton(ToQt(kBatchSelectAll));
+  all->setObjectName(QStringLiteral("all%1").arg(kind));
+  auto* const none = new QPushButton(ToQt(kBatchClearAll));
+  none->setObjectName(QStringLiteral("none%1").arg(kind));
   for (QPushButton* const button : {all, none}) {
     button->setAutoDefault(false);
     column->addWidget(button);
@@ -139,29 +140,28 @@ QWidget* frmSelctLC::MakePageChoices() {
   return box;
 }
 
-PagesChoice frmSelctLC::Taken() const {
-  PagesChoice choice = choice_;
+FigureSelection frmSelctLC::Taken() const {
+  FigureSelection choice = choice_;
   choice.layout = layouts_->checkedId();
   choice.orientation = orientation_->checkedId();
-  for (std::size_t t = 0; t < types_.size(); ++t) {
-    const TypeWidgets& widgets = types_[t];
-    choice.types[t] = {};
+  for (std::size_t k = 0; k < types_.size(); ++k) {
+    const TypeWidgets& widgets = types_[k];
     if (widgets.cases == nullptr) continue;
-    choice.types[t].chosen = widgets.chosen == nullptr || widgets.chosen->isChecked();
+    std::vector<int> cases;
     for (int row = 0; row < widgets.cases->count(); ++row)
-      if (widgets.cases->item(row)->isSelected()) choice.types[t].cases.push_back(row + 1);
+      if (widgets.cases->item(row)->isSelected()) cases.push_back(row + 1);
+    if (choice.batch)
+      choice.types[k] = {widgets.chosen->isChecked(), cases};
+    else
+      choice.cases = cases;
   }
   return choice;
 }
 
 void frmSelctLC::accept() {
-  const PagesChoice choice = Taken();
-  const bool any = std::ranges::any_of(
-      choice.types, [](const PagesChoice::Type& type) { return type.chosen && !type.cases.empty(); });
-  if (!any) {
-    TheHost().message(choice.single == 0 ? "プレビューする図面タイプの荷重ケースを選択してください！！！"
-                                         : "プレビューする荷重ケースを選択してください！！！",
-                      kRefusalTitle);
+  const FigureSelection choice = Taken();
+  if (const std::optional<std::string_view> fault = SelectionFault(choice)) {
+    TheHost().message(*fault, kCannotPrintTitle);
     return;
   }
   choice_ = choice;

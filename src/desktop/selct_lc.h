@@ -3,7 +3,8 @@
 
 #include <array>
 #include <QDialog>
-#include <vector>
+
+#include "output/batch_print.h"
 
 class QButtonGroup;
 class QCheckBox;
@@ -11,26 +12,12 @@ class QListWidget;
 
 namespace zorlan {
 
-inline constexpr int kFigureTypes = 5;  // kLoadCheck to kMomentFigure
-
-/// What the form edits.
-struct PagesChoice {
-  struct Type {
-    bool chosen = false;
-    std::vector<int> cases;  // numbers of load cases
-  };
-  int single = 0;       // a figure type, from 1, that the pages are of alone; 0: all types, "一括印刷"
-  int layout = 0;       // 0 to 5
-  int orientation = 1;  // as the printer settings have it
-  std::array<Type, kFigureTypes> types;
-};
-
 class frmSelctLC : public QDialog {
   Q_OBJECT
  public:
   /// Edits a choice of a model with so many load cases; `choice` is changed by "ＯＫ" alone, which a choice
   /// without a figure doesn't pass.
-  frmSelctLC(PagesChoice& choice, int cases, QWidget* parent);
+  frmSelctLC(FigureSelection& choice, int cases, QWidget* parent);
 
   void accept() override;
 
@@ -39,12 +26,12 @@ class frmSelctLC : public QDialog {
     QCheckBox* chosen = nullptr;  // null in the form for one type
     QListWidget* cases = nullptr;
   };
-  QWidget* MakeType(int type, int cases);
+  QWidget* MakeType(int kind, int cases);
   QWidget* MakePageChoices();
-  PagesChoice Taken() const;
+  FigureSelection Taken() const;
 
-  PagesChoice& choice_;
-  std::array<TypeWidgets, kFigureTypes> types_;
+  FigureSelection& choice_;
+  std::array<TypeWidgets, kBatchTypes.size()> types_;
   QButtonGroup *layouts_ = nullptr, *orientation_ = nullptr;
 };
 

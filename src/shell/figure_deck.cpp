@@ -9,9 +9,9 @@
 #include "base/text_file.h"
 #include "graphics/drawing_list.h"
 #include "graphics/dxf.h"
+#include "graphics/ratio_files.h"
 #include "model/deck.h"
 #include "model/model_state.h"
-#include "shell/figure_ratios.h"
 
 namespace zorlan {
 namespace {
@@ -41,15 +41,14 @@ Source SourceOf(int kind) {
   return Source::Deck;
 }
 
-void LoadResults(FigureModel& model, const SheetFigure& choice) {
+void LoadResults(FigureModel& model, const SelectedFigure& choice) {
   const Source source = SourceOf(choice.kind);
   if (source == Source::Forces && !LoadFigureResults(model, ResultFolder()))
     throw Fault(DeckPath() + " ： このモデルの解析結果がありません（" + ResultFolder() + "）");
   if (source != Source::Ratios) return;
-  const std::string file = choice.kind == kSteelRatioFigure ? "SIG_S" : "SIG_RC";
-  if (!FileExists(ResultFolder() + file))
-    throw Fault(DeckPath() + " ： 断面算定の結果がありません（" + ResultFolder() + file + "）");
-  model.ratios = ReadRatios(ResultFolder(), choice.kind, static_cast<int>(model.elements.size()));
+  if (!LoadFigureRatios(model, choice.kind, ResultFolder()))
+    throw Fault(DeckPath() + " ： 断面算定の結果がありません（" + ResultFolder() +
+                (choice.kind == kSteelRatioFigure ? "SIG_S" : "SIG_RC") + "）");
 }
 
 /// Notes whether the user is told something while it lives.
@@ -73,7 +72,7 @@ class MessageWatch {
   bool told_ = false;
 };
 
-std::optional<std::vector<DrawOperation>> RecordFigureOfDeck(const SheetFigure& choice) {
+std::optional<std::vector<DrawOperation>> RecordFigureOfDeck(const SelectedFigure& choice) {
   Figure figure = FigureOfDeck(choice);
   const MessageWatch watch;
   std::vector<DrawOperation> list = RecordSheet(SheetOfFigure(choice), 0, figure);
@@ -95,7 +94,7 @@ std::string FigureKindWords() {
   return words;
 }
 
-Figure FigureOfDeck(const SheetFigure& choice) {
+Figure FigureOfDeck(const SelectedFigure& choice) {
   ReadDeck(DeckPath(), /*checkMode=*/false);
   Figure figure;
   figure.model = FigureModelOf(InpModel);
@@ -111,26 +110,26 @@ Figure FigureOfDeck(const SheetFigure& choice) {
   return figure;
 }
 
-FigureSheets SheetOfFigure(const SheetFigure& choice) {
+FigureSheets SheetOfFigure(const SelectedFigure& choice) {
   PrinterRec printer = StoredPrinterInfo();
   printer.pageNumbers = kNoPageNumbers;
   return SheetsOf(printer, {choice}, /*layout=*/0);
 }
 
-bool DrawFigureOfDeck(PlotTarget& surface, const SheetFigure& choice) {
+bool DrawFigureOfDeck(PlotTarget& surface, const SelectedFigure& choice) {
   Figure figure = FigureOfDeck(choice);
   const MessageWatch watch;
   DrawSheet(surface, SheetOfFigure(choice), 0, figure);
   return !watch.Told();
 }
 
-bool WriteFigureList(const SheetFigure& choice, const std::string& path) {
+bool WriteFigureList(const SelectedFigure& choice, const std::string& path) {
   const std::optional<std::vector<DrawOperation>> list = RecordFigureOfDeck(choice);
   if (list) WriteDrawingList(path, *list);
   return list.has_value();
 }
 
-bool WriteFigureDxf(const SheetFigure& choice, const std::string& path) {
+bool WriteFigureDxf(const SelectedFigure& choice, const std::string& path) {
   const std::optional<std::vector<DrawOperation>> list = RecordFigureOfDeck(choice);
   if (list) ReplaceTextFile(path, DxfOfList(DrawingListText(*list)), Flush::No);
   return list.has_value();

@@ -4,13 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "base/fault.h"
-#include "base/host.h"
-#include "base/text_file.h"
-#include "graphics/dxf.h"
 #include "graphics/option_figures.h"
 #include "graphics/options.h"
-#include "model/model_state.h"
 #include "output/text_pages.h"
 #include "shell/page_setup.h"
 
@@ -82,7 +77,7 @@ int FigureSheets::PageCount() const {
   return (static_cast<int>(figures.size()) + cells - 1) / cells;
 }
 
-FigureSheets SheetsOf(const PrinterRec& printer, std::vector<SheetFigure> figures, int layout) {
+FigureSheets SheetsOf(const PrinterRec& printer, std::vector<SelectedFigure> figures, int layout) {
   FigureSheets sheets;
   sheets.figures = std::move(figures);
   sheets.layout = layout;
@@ -102,7 +97,7 @@ void LoadDisplayOptions() {
   LoadAnalysisOptions();
 }
 
-void ChooseFigure(Figure& figure, const SheetFigure& choice) {
+void ChooseFigure(Figure& figure, const SelectedFigure& choice) {
   figure.DiagramType = choice.kind;
   figure.loadCase = choice.loadCase;
   figure.options = FigureOptionsInForce(choice.kind);
@@ -121,25 +116,6 @@ std::vector<DrawOperation> RecordSheet(const FigureSheets& sheets, int page, Fig
   plot.RecordDrawing = true;
   PlotSheet(plot, sheets, page, figure);
   return std::move(plot.drawingList);
-}
-
-bool WriteDxfPage(const FigureSheets& sheets, int page, Figure& figure, const std::string& target) {
-  const std::string number = std::to_string(page + 1);
-  const std::string list = WorkPath + "Page-" + number + ".tmp", dxf = WorkPath + "Page-" + number + ".dxf";
-  std::string reason;
-  try {
-    const std::vector<DrawOperation> operations = RecordSheet(sheets, page, figure);
-    WriteDrawingList(list, operations);
-    if (!operations.empty() && WriteDXF(list, dxf, &reason)) {
-      CopyFileOver(dxf, target);
-      return true;
-    }
-  } catch (const Fault& fault) {
-    reason = fault.what();
-  }
-  Tell("ページNo=" + number + "のDXFファイルは、作成できませんでした" +
-       (reason.empty() ? "" : "\n" + reason));
-  return false;
 }
 
 }  // namespace zorlan
