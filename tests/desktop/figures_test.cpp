@@ -1,12 +1,21 @@
 // The windows of figures, as a person uses them.
+#include <algorithm>
+#include <functional>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
 #include <QTableWidget>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolBar>
+#include <QToolButton>
 #include <QWheelEvent>
 
 #include "desktop/desktop_test.h"
@@ -20,7 +29,7 @@
 namespace zorlan::test {
 namespace {
 
-using testing::ElementsAre;
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -231,6 +240,278 @@ TEST_F(FiguresTest, TheDefinitionShowsTheStoredData) {
   EXPECT_EQ(element->item(0, 1)->text(), QStringLiteral("7"));
   EXPECT_EQ(element->item(1, 0)->text(), QStringLiteral("節点I"));
   EXPECT_EQ(definition->findChild<QTabWidget*>()->currentIndex(), 1);
+}
+
+TEST_F(FiguresTest, APickGoesIntoTheTableInFront) {
+  Choose("mnuDataItem(4)");
+  Tool("figure-pick")->trigger();
+  ClickAt(PlaceOf(4));
+  EXPECT_THAT(FromQt(Child<QLabel>(Window(), "note")->text()), testing::IsEmpty());
+  OpenForm("InpNODE")->CloseForm();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return OpenForm("InpNODE") == nullptr; }));
+  ClickAt(PlaceOf(4));
+  EXPECT_EQ(Child<QLabel>(Window(), "note")->text(), QStringLiteral("節点を入れる表が開いていません"));
+}
+
+TEST_F(FiguresTest, EnterLeadsFromAPickToItsRow) {
+  ClickAt(MiddleOf(3, 4));
+  Key(Qt::Key_Return);
+  EXPECT_NE(OpenForm("InpELEM"), nullptr);
+}
+
+TEST_F(FiguresTest, TypedRowsAreShownAndAnotherCommandKeepsThem) {
+  TheWindows().drawTyped(
+      {{"NODE", {{"", {"1", "0", "0", "1", "1", "1"}}, {"", {"2", "3", "0", "0", "0", "0"}}}},
+       {"ELEM", {{"", {"1", "1", "2", "0", "0", "1", "0"}}}}});
+  EXPECT_EQ(Shown().model.nodes.size(), 2u);
+  EXPECT_EQ(Child<QLabel>(Window(), "note")->text(), QStringLiteral("入力中の表を表示しています"));
+  Choose("mnuWindowItem(0)");
+  EXPECT_EQ(Shown().model.nodes.size(), 2u);
+  Tool("figure-redraw")->trigger();
+  EXPECT_EQ(Shown().model.nodes.size(), 9u);
+}
+
+TEST_F(FiguresTest, HalfATypedTableIsNotedWithoutABox) {
+  TheWindows().drawTyped({{"ELEM", {{"", {"1", "1", "99", "0", "0", "1", "0"}}}}});
+  EXPECT_EQ(Child<QLabel>(Window(), "note")->text(), QStringLiteral("要素データに異常が有ります"));
+}
+
+TEST_F(FiguresTest, ACommittedTableIsShown) {
+  std::string nodes = ReadTextFile(WorkPath + "NODE");
+  ReplaceTextFile(WorkPath + "NODE", nodes + "100,20,0,1,1,1\r\n");
+  Choose("mnuWindowItem(0)");  // whatever command comes next
+  EXPECT_EQ(Shown().model.nodes.size(), 10u);
+}
+
+TEST_F(FiguresTest, OptionsAreTakenByOkAlone) {
+  const auto colour = [] { return OptionField(DispOption.rows[3], 4); };
+  const auto change = [](const char* button) {
+    return [button](QWidget& dialog) {
+      Child<QComboBox>(&dialog, "row4field2")->setCurrentText(QStringLiteral("3dot"));
+      Child<QComboBox>(&dialog, "row1field4")->setCurrentText(QStringLiteral("OFF"));
+      Click(dialog, button);
+    };
+  };
+  EXPECT_EQ(colour(), "&H0000FF");
+  Script().Expect(QStringLiteral("frmModelOption"), change("cancel"));
+  Tool("figure-options")->trigger();
+  EXPECT_EQ(DispOption, DefaultModelOptions());
+  EXPECT_FALSE(FileExists(AppPath + "MODELEST.PRM"));
+  Script().Expect(QStringLiteral("frmModelOption"), change("ok"));
+  Tool("figure-options")->trigger();
+  EXPECT_EQ(DispOption.rows[3], "要素,3dot,実線,&H0000FF,ON");
+  EXPECT_EQ(DispOption.rows[0], "節点番号,ＭＳ ゴシック(8pt),&H000000,OFF");
+  EXPECT_FALSE(Shown().options.nodeNumber.visible);
+  EXPECT_TRUE(FileExists(AppPath + "MODELEST.PRM"));
+}
+
+TEST_F(FiguresTest, ResetAsksAndCancelBehindItChangesNothing) {
+  Script().Expect(QStringLiteral("frmModelOption"), [](QWidget& dialog) {
+    Child<QComboBox>(&dialog, "row1field4")->setCurrentText(QStringLiteral("OFF"));
+    Click(dialog, "ok");
+  });
+  Tool("figure-options")->trigger();
+  Script().Expect(QStringLiteral("frmModelOption"), [this](QWidget& dialog) {
+    Script().ExpectBox(QStringLiteral("設定を初期化してよろしいですか？"), QStringLiteral("はい"));
+    auto* const reset = Child<QPushButton>(&dialog, "reset");
+    QTimer::singleShot(0, reset, [reset] { reset->click(); });
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return Child<QComboBox>(&dialog, "row1field4")->currentText() == QStringLiteral("ON"); }));
+    Click(dialog, "cancel");
+  });
+  Tool("figure-options")->trigger();
+  EXPECT_EQ(OptionField(DispOption.rows[0], 4), "OFF");
+}
+
+TEST_F(FiguresTest, EachFigureHasTheOptionsThatSuitIt) {
+  Analyse();
+  Script().Expect(QStringLiteral("frmAnalysisOption"), [](QWidget& dialog) {
+    Child<QDoubleSpinBox>(&dialog, "heightMoment")->setValue(2.5);
+    Child<QComboBox>(&dialog, "decimalsMoment")->setCurrentText(QStringLiteral("1"));
+    Child<QCheckBox>(&dialog, "allCases")->setChecked(false);
+    Click(dialog, "ok");
+  });
+  Choose("mnuViewDiagramMoment");
+  Tool("figure-options")->trigger();
+  EXPECT_EQ(Shown().options.HeightMoment, 2.5f);
+  EXPECT_EQ(Shown().options.DecimalsMoment, 1);
+  EXPECT_FALSE(Shown().options.ScaleOverAllCases);
+  Script().Expect(QStringLiteral("frmDesignOption"), [](QWidget& dialog) { Click(dialog, "cancel"); });
+  Choose("mnuDesignModelItem(0)");
+  Window("ModelS")->Use(zorlan::Tool::Options);
+  Script().Expect(QStringLiteral("frmModelOption"), [](QWidget& dialog) { Click(dialog, "cancel"); });
+  Choose("minViewOption(0)");
+  Script().Expect(QStringLiteral("frmAnalysisOption"), [](QWidget& dialog) { Click(dialog, "cancel"); });
+  Choose("minViewOption(1)");
+}
+
+TEST_F(FiguresTest, TheViewingRangeHidesWhatLiesOutside) {
+  Script().Expect(QStringLiteral("SetLimit1"), [](QWidget& dialog) {
+    Type(Child<QLineEdit>(&dialog, "yUpper"), QStringLiteral("1"));
+    Click(dialog, "ok");
+  });
+  Tool("figure-range")->trigger();
+  EXPECT_EQ(DispOption.range.yUpper, 1);
+  EXPECT_EQ(std::count(Shown().shown.begin(), Shown().shown.end(), 1), 0);  // the feet of the columns alone
+  EXPECT_EQ(Child<QLabel>(Window(), "note")->text(), QStringLiteral("表示範囲を限っています"));
+  Script().Expect(QStringLiteral("SetLimit1"), [](QWidget& dialog) {
+    EXPECT_EQ(Child<QLineEdit>(&dialog, "yUpper")->text(), QStringLiteral("1"));
+    Child<QRadioButton>(&dialog, "oneEnd")->setChecked(true);
+    Click(dialog, "ok");
+  });
+  Tool("figure-range")->trigger();
+  EXPECT_EQ(std::count(Shown().shown.begin(), Shown().shown.end(), 1), 3);  // and now the columns on them
+  Script().Expect(QStringLiteral("SetLimit1"), [](QWidget& dialog) {
+    Click(dialog, "none");
+    Click(dialog, "ok");
+  });
+  Tool("figure-range")->trigger();
+  EXPECT_EQ(DispOption.range, ViewingRange());
+}
+
+TEST_F(FiguresTest, ALowerLimitAboveTheUpperIsRefused) {
+  Script().Expect(QStringLiteral("SetLimit1"), [this](QWidget& dialog) {
+    Type(Child<QLineEdit>(&dialog, "xLower"), QStringLiteral("5"));
+    Type(Child<QLineEdit>(&dialog, "xUpper"), QStringLiteral("1"));
+    Script().ExpectBox(QStringLiteral("下限が上限"), QStringLiteral("OK"));
+    auto* const ok = Child<QPushButton>(&dialog, "ok");
+    QTimer::singleShot(0, ok, [ok] { ok->click(); });
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Script().Done(); }));
+    EXPECT_TRUE(dialog.isVisible());
+    Click(dialog, "cancel");
+  });
+  Tool("figure-range")->trigger();
+  EXPECT_EQ(DispOption.range, ViewingRange());
+}
+
+/// The choice of figures for pages.
+class FigurePagesTest : public FiguresTest {
+ protected:
+  void SetUp() override {
+    FiguresTest::SetUp();
+    Analyse();
+  }
+  /// Fills in the choice of "一括印刷" and presses a button.
+  void Choice(std::function<void(QWidget&)> fill, const char* button = "ok") {
+    Script().Expect(QStringLiteral("frmSelctLC"), [fill, button](QWidget& dialog) {
+      fill(dialog);
+      Click(dialog, button);
+    });
+    Choose("mnuViewPrnAll");
+  }
+  static void Select(QWidget& dialog, const char* list, int count) {
+    for (int row = 0; row < count; ++row) Child<QListWidget>(&dialog, list)->item(row)->setSelected(true);
+  }
+  int Pages() { return Child<QSpinBox>(OpenForm("frmPrnText"), "page")->maximum(); }
+};
+
+TEST_F(FigurePagesTest, FiveFiguresInFourCellsGiveTwoPages) {
+  Choice([](QWidget& dialog) {
+    Select(dialog, "cases5", 3);
+    Select(dialog, "cases2", 2);
+    Click(dialog, "layout5");
+    Click(dialog, "横");
+  });
+  ASSERT_NE(OpenForm("frmPrnText"), nullptr);
+  EXPECT_EQ(Pages(), 2);
+  EXPECT_EQ(PrinterSettings.orientation, kLandscape);
+  EXPECT_TRUE(FileExists(AppPath + "SelctLC.Txt"));
+  const std::string pdf = Documents() + "図.pdf";
+  Script().Expect(QStringLiteral("QFileDialog"), ChooseFile(pdf));
+  Click(*OpenForm("frmPrnText"), "pdf");
+  EXPECT_THAT(ReadBytes(pdf), AllOf(StartsWith("%PDF"), HasSubstr("/Count 2")));
+  OpenForm("frmPrnText")->CloseForm();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !FileExists(AppPath + "SelctLC.Txt"); }));
+  EXPECT_TRUE(FileExists(AppPath + "AllPrnSet.txt"));
+}
+
+TEST_F(FigurePagesTest, TheLastChoiceIsOfferedAgain) {
+  Choice([](QWidget& dialog) {
+    EXPECT_FALSE(Child<QCheckBox>(&dialog, "type5")->isChecked());
+    Click(dialog, "all5");
+    EXPECT_TRUE(Child<QCheckBox>(&dialog, "type5")->isChecked());
+    Click(dialog, "layout3");
+  });
+  Choice(
+      [](QWidget& dialog) {
+        EXPECT_TRUE(Child<QCheckBox>(&dialog, "type5")->isChecked());
+        EXPECT_EQ(Child<QListWidget>(&dialog, "cases5")->selectedItems().size(), 5);
+        EXPECT_TRUE(Child<QToolButton>(&dialog, "layout3")->isChecked());
+      },
+      "cancel");
+}
+
+TEST_F(FigurePagesTest, AChoiceWithoutCasesIsRefused) {
+  Script().Expect(QStringLiteral("frmSelctLC"), [this](QWidget& dialog) {
+    Script().ExpectBox(QStringLiteral("プレビューする図面タイプの荷重ケースを選択してください！！！"),
+                       QStringLiteral("OK"));
+    auto* const ok = Child<QPushButton>(&dialog, "ok");
+    QTimer::singleShot(0, ok, [ok] { ok->click(); });
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Script().Done(); }));
+    Click(dialog, "cancel");
+  });
+  Choose("mnuViewPrnAll");
+  EXPECT_EQ(OpenForm("frmPrnText"), nullptr);
+}
+
+TEST_F(FigurePagesTest, AFigureIsPrintedFromItsWindow) {
+  Choose("mnuViewDiagramShear");
+  Key(Qt::Key_PageDown);
+  Script().Expect(QStringLiteral("frmSelctLC"), [](QWidget& dialog) {
+    const QList<QListWidgetItem*> chosen = Child<QListWidget>(&dialog, "cases4")->selectedItems();
+    ASSERT_EQ(chosen.size(), 1);
+    EXPECT_EQ(chosen.front()->text(), QStringLiteral("2"));
+    EXPECT_EQ(dialog.findChild<QListWidget*>(QStringLiteral("cases5")), nullptr);
+    Click(dialog, "ok");
+  });
+  Tool("figure-print")->trigger();
+  EXPECT_EQ(Pages(), 1);
+}
+
+TEST_F(FigurePagesTest, TheModelFigureGoesToItsPageAtOnce) {
+  Tool("figure-print")->trigger();
+  EXPECT_EQ(Pages(), 1);
+}
+
+TEST_F(FigurePagesTest, APageIsWrittenAsDxf) {
+  Choice([](QWidget& dialog) { Click(dialog, "all5"); });
+  Child<QSpinBox>(OpenForm("frmPrnText"), "page")->setValue(2);
+  const std::string dxf = Documents() + "図.dxf";
+  Script().Expect(QStringLiteral("QFileDialog"), [&](QWidget& dialog) {
+    EXPECT_EQ(Child<QLineEdit>(&dialog, "fileNameEdit")->text(), QStringLiteral("Page-2.dxf"));
+    ChooseFile(dxf)(dialog);
+  });
+  Click(*OpenForm("frmPrnText"), "dxf");
+  EXPECT_THAT(ReadTextFile(dxf), AllOf(HasSubstr("AC1009"), HasSubstr("荷重ｹｰｽ=2"), HasSubstr("MOMENT")));
+  EXPECT_TRUE(FileExists(WorkPath + "Page-2.tmp"));
+}
+
+TEST_F(FigurePagesTest, ADxfFileThatCantBeWrittenIsToldByItsPage) {
+  Choice([](QWidget& dialog) { Click(dialog, "all5"); });
+  MakeFolder(WorkPath + "Page-1.tmp");  // in the way of the drawing list
+  Script().Expect(QStringLiteral("QFileDialog"), ChooseFile(Documents() + "図.dxf"));
+  Script().ExpectBox(QStringLiteral("ページNo=1のDXFファイルは、作成できませんでした"), QStringLiteral("OK"));
+  Click(*OpenForm("frmPrnText"), "dxf");
+  EXPECT_FALSE(FileExists(Documents() + "図.dxf"));
+}
+
+TEST_F(FigurePagesTest, TheOptionsOfThePreviewAreThoseOfThePageInSight) {
+  Choice([](QWidget& dialog) {
+    Click(dialog, "all1");
+    Click(dialog, "all5");
+  });
+  EXPECT_EQ(Pages(), 10);
+  Script().Expect(QStringLiteral("frmModelOption"), [](QWidget& dialog) { Click(dialog, "cancel"); });
+  Click(*OpenForm("frmPrnText"), "options");
+  Child<QSpinBox>(OpenForm("frmPrnText"), "page")->setValue(10);
+  Script().Expect(QStringLiteral("frmAnalysisOption"), [](QWidget& dialog) { Click(dialog, "cancel"); });
+  Click(*OpenForm("frmPrnText"), "options");
+}
+
+TEST_F(FigurePagesTest, AListingHasNoButtonsForFigures) {
+  Choose("mnuAnalysisStatic(2)");
+  EXPECT_FALSE(Child<QPushButton>(OpenForm("frmPrnText"), "dxf")->isEnabled());
+  EXPECT_FALSE(Child<QPushButton>(OpenForm("frmPrnText"), "options")->isEnabled());
 }
 
 }  // namespace
