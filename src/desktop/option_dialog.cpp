@@ -67,7 +67,7 @@ OptionDialog::OptionDialog(OptionSet set, QWidget* parent) : QDialog(parent), se
   auto* const reset = buttons->addButton(QStringLiteral("初期化"), QDialogButtonBox::ResetRole);
   reset->setObjectName(QStringLiteral("reset"));
   connect(reset, &QPushButton::clicked, this, &OptionDialog::Reset);
-  auto* const range = buttons->addButton(QStringLiteral("表示範囲設定"), QDialogButtonBox::ActionRole);
+  auto* const range = buttons->addButton(QStringLiteral("表示範囲設定"), QDialogButtonBox::ResetRole);
   range->setObjectName(QStringLiteral("range"));
   connect(range, &QPushButton::clicked, this, &OptionDialog::rangeAsked);
   connect(buttons, &QDialogButtonBox::accepted, this, &OptionDialog::accept);

@@ -14,6 +14,7 @@ namespace zorlan {
 namespace {
 
 constexpr double kPoints = 10;
+constexpr int kRowRoom = 8;  // pixels
 
 QTableWidget* List(const char* name) {
   auto* const list = new QTableWidget(0, 2);
@@ -25,6 +26,7 @@ QTableWidget* List(const char* name) {
   list->setEditTriggers(QAbstractItemView::NoEditTriggers);
   list->setSelectionBehavior(QAbstractItemView::SelectRows);
   list->setFont(FixedFont(kPoints));
+  list->verticalHeader()->setDefaultSectionSize(list->fontMetrics().height() + kRowRoom);
   return list;
 }
 

@@ -21,7 +21,7 @@ class InpShowDefine : public Form {
   void Show(const Pick& pick);
   void Renew() override;
 
-  QSize sizeHint() const override { return {300, 260}; }
+  QSize sizeHint() const override { return {300, 290}; }
 
  private:
   QTabWidget* pages_;
