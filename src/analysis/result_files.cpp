@@ -23,10 +23,7 @@ class NumberReader {
   explicit NumberReader(const std::string& path) : file_(path), piece_(kPiece) {}
 
   double Next() {
-    for (;;) {
-      while (at_ != end_ && IsSeparator(*at_)) ++at_;
-      if (at_ != end_ || !Refill()) break;
-    }
+    SkipSeparators();
     if (end_ - at_ < kLongestNumber) Refill();  // the number may go on behind this piece
     if (at_ == end_) Refuse("ファイルが途中で終わっています");
     double value = 0;
@@ -46,6 +43,12 @@ class NumberReader {
     return static_cast<int>(value);
   }
 
+  /// Refuses a file that goes on.
+  void ExpectEnd() {
+    SkipSeparators();
+    if (at_ != end_) Refuse("データの個数が正しくありません");
+  }
+
   /// Refuses a file that can't hold so many numbers.
   void Expect(std::size_t count) {
     if (count > file_.Size()) Refuse("ファイルが途中で終わっています");
@@ -56,6 +59,13 @@ class NumberReader {
   static constexpr std::ptrdiff_t kLongestNumber = 400;
 
   [[noreturn]] void Refuse(const char* reason) { throw FileFault(file_.Path(), reason); }
+
+  void SkipSeparators() {
+    for (;;) {
+      while (at_ != end_ && IsSeparator(*at_)) ++at_;
+      if (at_ != end_ || !Refill()) return;
+    }
+  }
 
   /// Moves what is left to the front and reads on behind it; false at the file's end.
   bool Refill() {
@@ -90,7 +100,7 @@ void WriteLines(const std::string& path, std::span<const double> values) {
 
 }  // namespace
 
-std::vector<double> ReadReals(const std::string& path, std::size_t count) {
+std::vector<double> ReadReals(const std::string& path, std::size_t count, Behind behind) {
   NumberReader reader(path);
   reader.Expect(count);
   std::vector<double> values(count);
@@ -98,6 +108,7 @@ std::vector<double> ReadReals(const std::string& path, std::size_t count) {
     values[i] = reader.Next();
     if ((i + 1) % kValuesBetweenTells == 0) SayGoingOn();
   }
+  if (behind == Behind::Nothing) reader.ExpectEnd();
   return values;
 }
 

@@ -53,9 +53,12 @@ struct Reactions {
   ResultTable Table() const { return {values, cases, static_cast<int>(nodes.size()), 3}; }
 };
 
-/// Numbers of a result file; the file must hold at least `count` of them, what follows is left. Throws Fault:
-/// missing file, early end, no number.
-std::vector<double> ReadReals(const std::string& path, std::size_t count);
+/// What may follow the numbers that are read from a file.
+enum class Behind { Anything, Nothing };
+
+/// Numbers of a result file, which must hold at least `count` of them. Throws Fault: missing file, early end,
+/// no number, more numbers where nothing may follow.
+std::vector<double> ReadReals(const std::string& path, std::size_t count, Behind behind = Behind::Anything);
 
 /// FT022A and FT022 of a folder.
 Reactions ReadReactions(const std::string& folder);

@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "base/text_file.h"
+#include "desktop/busy.h"
 #include "desktop/dialog_buttons.h"
 #include "model/model_state.h"
 #include "output/csv_output.h"
@@ -50,7 +51,9 @@ void frmCsvFile::Browse() {
 }
 
 void frmCsvFile::accept() {
+  SetBusy(true);
   const CsvResult result = WriteCsvFiles(FromQt(folder_->text()), FromQt(name_->text()));
+  SetBusy(false);
   if (result.focus == CsvEntry::Folder) folder_->setFocus();
   if (result.focus == CsvEntry::Name) name_->setFocus();
   if (result.written) QDialog::accept();

@@ -145,13 +145,15 @@ void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
     const QPoint corner = fixed ? QPoint(0, 0) : cascade_ / kTwipsPerPixel;
     place = {corner.x(), corner.y(), size.width(), size.height(), false};
   }
-  const QSize room = viewport()->size();
+  // A form that was left in a larger window must stay within reach of the mouse; a new one fits in whole,
+  // beside the bar of buttons.
+  const QRect room = kept || fixed ? viewport()->rect() : RoomToArrange();
   place.width = std::min(place.width, std::max(room.width(), kVisible));
   place.height = std::min(place.height, std::max(room.height(), kVisible));
-  // A form that was left in a larger window must stay within reach of the mouse; a new one fits in whole.
-  const int right = kept ? room.width() - kVisible : room.width() - place.width;
-  const int bottom = kept ? room.height() - kVisible : room.height() - place.height;
-  place.left = std::clamp(place.left, kept ? kVisible - place.width : 0, std::max(0, right));
+  const int left = kept ? kVisible - place.width : room.left();
+  const int right = room.left() + room.width() - (kept ? kVisible : place.width);
+  const int bottom = room.height() - (kept ? kVisible : place.height);
+  place.left = std::clamp(place.left, left, std::max(left, right));
   place.top = std::clamp(place.top, 0, std::max(0, bottom));
   frame->setGeometry(place.left, place.top, place.width, place.height);
   if (place.maximized) frame->setWindowState(Qt::WindowMaximized);

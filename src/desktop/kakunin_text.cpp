@@ -12,15 +12,18 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QWheelEvent>
 
 #include "base/host.h"
 #include "base/text_file.h"
+#include "forms/message_row.h"
 #include "output/print_flag.h"
 #include "render/fonts.h"
 #include "render/qt_text.h"
+#include "shell/windows.h"
 
 namespace zorlan {
 namespace {
@@ -98,6 +101,9 @@ void frmKakuninText::ShowListing(int flag, const std::string& path) {
   const bool same = path == file_.Path() && !path.empty();
   const QString heading = ToQt(ReaderHeading(flag));
   heading_->setText(heading);
+  messages_ = flag == kPrintCheckRead;
+  text_->setToolTip(messages_ ? QStringLiteral("Enter またはダブルクリックで、入力表のその行へ移ります")
+                              : QString());
   setWindowTitle(heading.trimmed() + QStringLiteral("　") + ToQt(path.substr(path.rfind('/') + 1)));
   file_.Look(path);
   Load(same);
@@ -189,8 +195,17 @@ void frmKakuninText::keyPressEvent(QKeyEvent* event) {
     SetZoom(points_ - kZoomStep);
   else if (control && event->key() == Qt::Key_0)
     SetZoom(kPoints);
+  else if (messages_ && text_->hasFocus() &&
+           (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+    ShowRowOfMessage();
   else
     Form::keyPressEvent(event);
+}
+
+void frmKakuninText::ShowRowOfMessage() {
+  const std::string line = FromQt(text_->textCursor().block().text());
+  const std::optional<MessageRow> row = RowOfMessage(line);
+  if (row) TheWindows().showRow(std::string(row->key), row->page, row->number);
 }
 
 bool frmKakuninText::eventFilter(QObject* watched, QEvent* event) {
@@ -200,6 +215,10 @@ bool frmKakuninText::eventFilter(QObject* watched, QEvent* event) {
       SetZoom(points_ + (wheel->angleDelta().y() > 0 ? kZoomStep : -kZoomStep));
       return true;
     }
+  }
+  if (messages_ && watched == text_->viewport() && event->type() == QEvent::MouseButtonDblClick) {
+    ShowRowOfMessage();
+    return true;
   }
   return Form::eventFilter(watched, event);
 }

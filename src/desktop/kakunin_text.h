@@ -28,7 +28,7 @@ class frmKakuninText : public Form {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;  // Ctrl+wheel zooms
+  bool eventFilter(QObject* watched, QEvent* event) override;  // Ctrl+wheel zooms, a double click leads on
 
  private:
   /// Reads the file; the text stays where it was in the window, or begins at its top.
@@ -38,11 +38,14 @@ class frmKakuninText : public Form {
   void Search(bool backwards);
   void Save();
   void SetZoom(double points);
+  /// From the message under the cursor to the row that it speaks of.
+  void ShowRowOfMessage();
 
   ShownFile file_;
-  QString whole_;         // the text
-  qsizetype loaded_ = 0;  // how much of it is in the box
-  QTimer loadMore_;       // a long listing comes in piece by piece, so its first page stands at once
+  bool messages_ = false;  // it is the input check's list
+  QString whole_;          // the text
+  qsizetype loaded_ = 0;   // how much of it is in the box
+  QTimer loadMore_;        // a long listing comes in piece by piece, so its first page stands at once
   double points_;
   QLabel* heading_;
   QPlainTextEdit* text_;

@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImage>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
 #include <QPainter>
@@ -16,7 +17,6 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSpinBox>
 
 #include "base/host.h"
@@ -70,6 +70,7 @@ void frmPrnText::Build() {
   zoom_ = new QComboBox;
   zoom_->setObjectName(QStringLiteral("zoom"));
   zoom_->setToolTip(QStringLiteral("表示倍率 (Ctrl+ホイール)"));
+  zoom_->installEventFilter(this);
   for (const ZoomRow& row : kZooms) zoom_->addItem(QString::fromUtf8(row.caption));
   page_ = new QSpinBox;
   page_->setObjectName(QStringLiteral("page"));
@@ -117,13 +118,6 @@ void frmPrnText::Build() {
   connect(copy_, &QPushButton::clicked, this, &frmPrnText::CopyPage);
   connect(setUp, &QPushButton::clicked, this, &frmPrnText::SetUpPrinter);
   connect(closing, &QPushButton::clicked, this, &frmPrnText::CloseForm);
-  const auto key = [this](const QKeySequence& keys, void (frmPrnText::*action)()) {
-    auto* const shortcut = new QShortcut(keys, view_);
-    shortcut->setContext(Qt::WidgetShortcut);
-    connect(shortcut, &QShortcut::activated, this, action);
-  };
-  key(QKeySequence::Copy, &frmPrnText::CopyPage);
-  key(QKeySequence::Print, &frmPrnText::Print);
   zoom_->setCurrentIndex(kFirstZoom);
 }
 
@@ -245,6 +239,34 @@ void frmPrnText::CopyPage() {
 void frmPrnText::SetUpPrinter() {
   frmPrinterSet2 dialog(printers_, this);
   if (dialog.exec() == QDialog::Accepted) LayOut();
+}
+
+bool frmPrnText::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {  // the menus have entries with these keys
+    event->setAccepted(ActionOf(*static_cast<QKeyEvent*>(event)) != nullptr);
+    return true;
+  }
+  return Form::event(event);
+}
+
+void frmPrnText::keyPressEvent(QKeyEvent* event) {
+  if (const Action action = ActionOf(*event))
+    (this->*action)();
+  else
+    Form::keyPressEvent(event);
+}
+
+/// The list of zooms would look for a row that begins with the key's letter.
+bool frmPrnText::eventFilter(QObject* watched, QEvent* event) {
+  const bool ours = watched == zoom_ && event->type() == QEvent::KeyPress &&
+                    ActionOf(*static_cast<QKeyEvent*>(event)) != nullptr;
+  if (ours) keyPressEvent(static_cast<QKeyEvent*>(event));
+  return ours || Form::eventFilter(watched, event);
+}
+
+frmPrnText::Action frmPrnText::ActionOf(const QKeyEvent& key) {
+  if (key.matches(QKeySequence::Copy)) return &frmPrnText::CopyPage;
+  return key.matches(QKeySequence::Print) ? &frmPrnText::Print : nullptr;
 }
 
 QSize frmPrnText::sizeHint() const {

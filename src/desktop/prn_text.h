@@ -39,7 +39,15 @@ class frmPrnText : public Form {
  signals:
   void optionsAsked(int kind);
 
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
+  using Action = void (frmPrnText::*)();
+  /// What a key does in the preview: copies, prints; null for any other key.
+  static Action ActionOf(const QKeyEvent& key);
   void Build();
   int Count() const { return pages_ == nullptr ? 0 : pages_->Count(); }
   void ShowPages(std::unique_ptr<PreviewPages> pages, PageView::Place place);

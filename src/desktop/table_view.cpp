@@ -5,12 +5,14 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 #include "desktop/cell_box.h"
 #include "forms/typing.h"
@@ -99,6 +101,7 @@ TableView::TableView(const TableEditor& editor, TableModel* model) : editor_(edi
     connect(box, &CellBox::left, this, &TableView::CloseBox);
     connect(box, &CellBox::cancelled, this, &TableView::CancelBox);
     connect(box, &CellBox::movesOn, this, &TableView::MoveOn);
+    connect(box, &CellBox::textChanged, this, &TableView::PlaceBox);
   }
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &TableView::PlaceBox);
   connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &TableView::PlaceBox);
@@ -150,6 +153,9 @@ CellRange TableView::Selected() const {
     range.bottom = std::max(range.bottom, part.bottom() + 1);
     range.right = std::max(range.right, part.right() + 1);
   }
+  // Whole columns are their rows in use.
+  if (range.top == 1 && range.bottom == kGridRows)
+    range.bottom = std::max(editor_.Cells().LastRow(current.page), 1);
   return range;
 }
 
@@ -175,6 +181,7 @@ CellBox* TableView::OpenBox(bool typing) {
   CloseBox();
   const CellPlace place = Current();
   open_ = typing ? typingBox_ : editBox_;
+  openAt_ = place;
   open_->setFont(font());
   open_->SetMask(editor_.ColumnAt(place.column).mask);
   open_->SetTyping(typing);
@@ -190,8 +197,16 @@ CellBox* TableView::OpenBox(bool typing) {
 
 void TableView::PlaceBox() {
   if (open_ == nullptr) return;
-  QRect cell = visualRect(currentIndex());
-  if (!open_->hasFocus()) cell.setWidth(std::max(cell.width(), 40));
+  QRect cell = visualRect(model_->IndexOf(openAt_));
+  // A box grows with its text, away from the side that the text stands at.
+  const int wanted = open_->fontMetrics().horizontalAdvance(open_->text()) + 4 * kSidePadding;
+  const bool right = open_->alignment().testFlag(Qt::AlignRight);
+  const int room = right ? cell.right() + 1 : viewport()->width() - cell.left();
+  const int grown = std::clamp(wanted, cell.width(), std::max(room, cell.width()));
+  if (right)
+    cell.setLeft(cell.right() + 1 - grown);
+  else
+    cell.setWidth(grown);
   open_->setGeometry(cell);
 }
 
@@ -200,7 +215,7 @@ void TableView::CloseBox() {
   CellBox* const box = std::exchange(open_, nullptr);
   if (box->hasFocus()) setFocus();  // a focused box that hides would pass the focus on
   box->hide();
-  emit stored(box->text());
+  emit stored(openAt_, box->text());
 }
 
 void TableView::CancelBox() {
@@ -293,52 +308,56 @@ void TableView::Extend(const CellPlace& place) {
   scrollTo(currentIndex());
 }
 
-void TableView::keyPressEvent(QKeyEvent* event) {
-  const bool back = event->modifiers().testFlag(Qt::ShiftModifier);
-  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+bool TableView::EditsByKey(QKeyEvent* event) {
   switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return Step(back ? -1 : 1, 0);
-    case Qt::Key_Tab:
-      return Step(0, back ? -1 : 1);
-    case Qt::Key_Backtab:
-      return Step(0, -1);
     case Qt::Key_F2:
       OpenBox(/*typing=*/false);
-      return;
+      return true;
     case Qt::Key_Backspace:
       QCoreApplication::sendEvent(OpenBox(/*typing=*/false), event);
-      return;
+      return true;
     case Qt::Key_Delete:
       emit emptied();
-      return;
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-      if (!control) break;
-      emit pageAsked(event->key() == Qt::Key_PageUp ? -1 : 1);
-      return;
+      return true;
     default:
       break;
   }
-  if (const std::optional<CellPlace> target = TargetOf(*event)) {
-    if (back)
-      Extend(*target);
-    else
-      GoTo(*target);
-  } else if (event->matches(QKeySequence::SelectAll)) {
+  const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+  if (command || event->text().isEmpty() || !event->text().front().isPrint()) return false;
+  if (Takes(event->text()))
+    QCoreApplication::sendEvent(OpenBox(/*typing=*/true), event);
+  else
+    emit refused();
+  return true;
+}
+
+bool TableView::MovesByKey(const QKeyEvent& event) {
+  const bool back = event.modifiers().testFlag(Qt::ShiftModifier);
+  const int key = event.key();
+  const bool page = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+  if (key == Qt::Key_Return || key == Qt::Key_Enter)
+    Step(back ? -1 : 1, 0);
+  else if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+    Step(0, back || key == Qt::Key_Backtab ? -1 : 1);
+  else if (page && event.modifiers().testFlag(Qt::ControlModifier))
+    emit pageAsked(key == Qt::Key_PageUp ? -1 : 1);
+  else if (const std::optional<CellPlace> target = TargetOf(event); target && back)
+    Extend(*target);
+  else if (target)
+    GoTo(*target);
+  else
+    return false;
+  return true;
+}
+
+void TableView::keyPressEvent(QKeyEvent* event) {
+  if (MovesByKey(*event) || EditsByKey(event)) return;
+  if (event->matches(QKeySequence::SelectAll))
     SelectUsedRows();
-  } else if (!control && !event->modifiers().testFlag(Qt::AltModifier) && !event->text().isEmpty() &&
-             event->text().front().isPrint()) {
-    if (Takes(event->text()))
-      QCoreApplication::sendEvent(OpenBox(/*typing=*/true), event);
-    else
-      emit refused();
-  } else if (event->key() == Qt::Key_Escape) {
+  else if (event->key() == Qt::Key_Escape)
     event->ignore();  // the form's
-  } else {
+  else
     QTableView::keyPressEvent(event);
-  }
 }
 
 bool TableView::Takes(const QString& text) const {
@@ -358,6 +377,7 @@ void TableView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void TableView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  CloseBox();  // moving the cell closes the box first
   QTableView::currentChanged(current, previous);
   viewport()->update();  // the tint goes from row to row
   if (current.isValid()) emit movedTo(Current());
@@ -372,6 +392,20 @@ void TableView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   corner_->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(), horizontalHeader()->height());
   PlaceBox();
+}
+
+bool TableView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* const help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const QString text = index.data(Qt::DisplayRole).toString();
+    const bool cut = fontMetrics().horizontalAdvance(text) > visualRect(index).width() - 2 * kSidePadding;
+    if (index.isValid() && cut) {
+      QToolTip::showText(help->globalPos(), text, viewport());
+      return true;
+    }
+  }
+  return QTableView::viewportEvent(event);
 }
 
 bool TableView::event(QEvent* event) {

@@ -39,7 +39,7 @@ class TableView : public QTableView {
   void CloseBox();
 
  signals:
-  void stored(const QString& text);  // the text of the box, for the current cell
+  void stored(const zorlan::CellPlace& place, const QString& text);  // what the box held
   void typed();
   void refused();
   void movedTo(const zorlan::CellPlace& place);
@@ -47,7 +47,8 @@ class TableView : public QTableView {
   void pageAsked(int steps);
 
  protected:
-  bool event(QEvent* event) override;  // Tab moves in the grid
+  bool event(QEvent* event) override;          // Tab moves in the grid
+  bool viewportEvent(QEvent* event) override;  // a text that is cut shows whole in its tool tip
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -61,6 +62,9 @@ class TableView : public QTableView {
   void PlaceBox();
   void CancelBox();
   void MoveOn(QKeyEvent* event);
+  /// Whether a key moves the cursor or edits, and does it.
+  bool MovesByKey(const QKeyEvent& event);
+  bool EditsByKey(QKeyEvent* event);
   void Step(int rows, int columns);
   /// Where a cursor key leads; nothing for other keys.
   std::optional<CellPlace> TargetOf(const QKeyEvent& event) const;
@@ -75,6 +79,7 @@ class TableView : public QTableView {
   CellBox* typingBox_;
   CellBox* editBox_;
   CellBox* open_ = nullptr;
+  CellPlace openAt_;  // the cell that it lies on
 };
 
 }  // namespace zorlan

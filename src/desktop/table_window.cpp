@@ -1,6 +1,7 @@
 #include "desktop/table_window.h"
 
 #include <algorithm>
+#include <exception>
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -13,11 +14,11 @@
 #include <QStatusBar>
 #include <QTabBar>
 
-#include "base/fault.h"
 #include "base/host.h"
 #include "base/number.h"
 #include "desktop/cell_box.h"
 #include "desktop/main_window.h"
+#include "forms/small_forms.h"
 #include "forms/typing.h"
 #include "render/qt_text.h"
 #include "shell/projects.h"
@@ -56,31 +57,33 @@ TableWindow::~TableWindow() {
   window_.statusBar()->clearMessage();  // it explains a cell of this form
 }
 
-void TableWindow::Build() {
-  model_ = new TableModel(editor_, this);
-  view_ = new TableView(editor_, model_);
+QLayout* TableWindow::ButtonRow() {
   auto* const row = new QHBoxLayout;
   auto* const redraw = Button("再描画", "redraw", "入力中のデータをモデル図に表示します (Ctrl+R)");
-  row->addWidget(redraw);
   connect(redraw, &QPushButton::clicked, this, &TableWindow::Redraw);
+  row->addWidget(redraw);
   if (editor_.Form().name == "InpSECT") {
     auto* const section = Button("断面性能入力", "sectionEntry", "カーソル行の断面を表から選びます (F4)");
-    row->addWidget(section);
     connect(section, &QPushButton::clicked, this, &TableWindow::EnterSection);
-    connect(new QShortcut(Qt::Key_F4, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, this, &TableWindow::EnterSection);
+    row->addWidget(section);
   }
   if (editor_.Form().pages == Pages::Groups) {
-    row->addSpacing(12);
-    row->addWidget(new QLabel(QStringLiteral("グループ数")));
     groups_ = new QSpinBox;
     groups_->setObjectName(QStringLiteral("groups"));
     groups_->setRange(1, kMaxGroups);
     groups_->setKeyboardTracking(false);
     groups_->setToolTip(QStringLiteral("同一変形グループの数を入力します (Ctrl+G)"));
+    row->addSpacing(12);
+    row->addWidget(new QLabel(QStringLiteral("グループ数")));
     row->addWidget(groups_);
   }
   row->addStretch();
+  return row;
+}
+
+void TableWindow::Build() {
+  model_ = new TableModel(editor_, this);
+  view_ = new TableView(editor_, model_);
   notice_ = new QLabel(ToQt(editor_.UnshownText()));
   notice_->setObjectName(QStringLiteral("notice"));
   notice_->setWordWrap(true);
@@ -88,7 +91,7 @@ void TableWindow::Build() {
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(6, 6, 6, 6);
   column->setSpacing(4);
-  column->addLayout(row);
+  column->addLayout(ButtonRow());
   column->addWidget(notice_);
   if (editor_.Form().pages != Pages::None) {
     tabs_ = new QTabBar;
@@ -119,16 +122,19 @@ void TableWindow::Connect() {
   });
   if (tabs_ != nullptr)
     connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) { ShowPage(tab + 1); });
-  if (groups_ != nullptr) {
-    connect(groups_, &QSpinBox::valueChanged, this, &TableWindow::SetGroups);
-    connect(new QShortcut(Qt::CTRL | Qt::Key_G, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, this, [this] {
-              groups_->setFocus();
-              groups_->selectAll();
-            });
-  }
-  connect(new QShortcut(Qt::CTRL | Qt::Key_R, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-          &QShortcut::activated, this, &TableWindow::Redraw);
+  if (groups_ != nullptr) connect(groups_, &QSpinBox::valueChanged, this, &TableWindow::SetGroups);
+  const auto key = [this](const QKeySequence& keys, auto action) {
+    auto* const shortcut = new QShortcut(keys, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, action);
+  };
+  key(Qt::CTRL | Qt::Key_R, &TableWindow::Redraw);
+  if (editor_.Form().name == "InpSECT") key(Qt::Key_F4, &TableWindow::EnterSection);
+  if (groups_ != nullptr)
+    key(Qt::CTRL | Qt::Key_G, [this] {
+      groups_->setFocus();
+      groups_->selectAll();
+    });
 }
 
 void TableWindow::ShowTabs() {
@@ -178,8 +184,8 @@ void TableWindow::Walk(std::optional<CellPlace> place) {
   GoTo(*place, /*middle=*/false);
 }
 
-void TableWindow::Store(const QString& text) {
-  editor_.SetText(view_->Current(), FromQt(text));
+void TableWindow::Store(const CellPlace& place, const QString& text) {
+  editor_.SetText(place, FromQt(text));
   model_->ShowChange();
 }
 
@@ -202,6 +208,7 @@ void TableWindow::Edit(Command command) {
     return Form::Edit(command);
   view_->CloseBox();
   const int page = model_->Page();
+  const CellPlace current = view_->Current();
   const CellRange range = view_->Selected();
   switch (command) {
     case Command::Undo:
@@ -213,16 +220,16 @@ void TableWindow::Edit(Command command) {
     case Command::Cut:
       CopyCells();
       editor_.Clear(page, range);
-      return ShowAll();
+      break;
     case Command::Paste:
       return PasteCells();
     case Command::InsertRow:
-      editor_.InsertRow(page, view_->Current().row);
-      return ShowAll();
+      editor_.InsertRow(page, current.row);
+      break;
     case Command::DeleteRow:
       editor_.DeleteRows(page, range.top, range.bottom);
-      view_->GoTo({page, range.top, view_->Current().column});
-      return ShowAll();
+      view_->GoTo({page, range.top, current.column});
+      break;
     case Command::Add:
       return AskNumber(/*add=*/true);
     case Command::Assign:
@@ -232,6 +239,7 @@ void TableWindow::Edit(Command command) {
     default:
       return;
   }
+  ShowAll();
 }
 
 void TableWindow::CopyCells() {
@@ -250,8 +258,8 @@ void TableWindow::PasteCells() {
 }
 
 void TableWindow::AskNumber(bool add) {
-  const std::string answer = TheWindows().addNum(add ? "Add" : "");
-  if (answer == "Abote") return;
+  const std::string answer = TheWindows().addNum(add ? kAddMode : std::string_view());
+  if (answer == kCancelled) return;
   if (add)
     editor_.Add(model_->Page(), view_->Selected(), ReadReal(answer));
   else
@@ -286,7 +294,7 @@ void TableWindow::Redraw() {
   view_->CloseBox();
   try {
     editor_.RunRedrawStep();
-  } catch (const Fault& fault) {
+  } catch (const std::exception& fault) {
     Tell(fault.what());
   }
   LookAtResults();
@@ -305,7 +313,7 @@ bool TableWindow::Commit() {
     const CommitEnd end = editor_.Commit(place);
     if (end == CommitEnd::Written) Redraw();
     if (end != CommitEnd::Refused) return true;
-  } catch (const Fault& fault) {
+  } catch (const std::exception& fault) {
     Tell(fault.what());
     return false;
   }
@@ -317,7 +325,11 @@ bool TableWindow::Commit() {
 
 void TableWindow::Follow() {
   view_->CloseBox();
-  editor_.Follow(CurrentFormSetting());
+  try {
+    editor_.Follow(CurrentFormSetting());
+  } catch (const std::exception& fault) {
+    Tell(fault.what());
+  }
   const CellPlace place = view_->Current();
   model_->ShowHeader();
   view_->FitColumns();
@@ -328,12 +340,13 @@ void TableWindow::Follow() {
 }
 
 bool TableWindow::GoToNumber(int page, int number) {
-  if (page < 1 || page > editor_.Cells().PageCount()) return false;
-  for (int row = 1; row <= editor_.LastKeyRow(page); ++row)
-    if (editor_.View(page, row).Real(1) == number) {
-      GoTo({page, row, 1}, /*middle=*/true);
-      return true;
-    }
+  view_->CloseBox();
+  for (int p = 1; p <= editor_.Cells().PageCount(); ++p)
+    for (int row = 1; (page == 0 || page == p) && row <= editor_.LastKeyRow(p); ++row)
+      if (!editor_.View(p, row).Blank(1) && editor_.View(p, row).Real(1) == number) {
+        GoTo({p, row, 1}, /*middle=*/true);
+        return true;
+      }
   return false;
 }
 
@@ -345,7 +358,7 @@ bool TableWindow::TakeNodes(const std::vector<int>& nodes) {
     GoTo(place, /*middle=*/false);
     return true;
   }
-  return editor_.Form().name == "InpNODE" && !nodes.empty() && GoToNumber(1, nodes.back());
+  return editor_.Form().name == "InpNODE" && !nodes.empty() && GoToNumber(0, nodes.back());
 }
 
 QSize TableWindow::sizeHint() const {

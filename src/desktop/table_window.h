@@ -8,6 +8,7 @@
 #include "forms/table_editor.h"
 
 class QLabel;
+class QLayout;
 class QSpinBox;
 class QTabBar;
 
@@ -41,6 +42,7 @@ class TableWindow : public Form {
   bool Commit() override;
 
  private:
+  QLayout* ButtonRow();
   void Build();
   void Connect();
   void ShowTabs();
@@ -48,7 +50,7 @@ class TableWindow : public Form {
   void ShowAll();
   void Walk(std::optional<CellPlace> place);
   void GoTo(const CellPlace& place, bool middle);
-  void Store(const QString& text);
+  void Store(const CellPlace& place, const QString& text);
   void Explain(const CellPlace& place);
   void Hint(const QString& text);
   void CopyCells();

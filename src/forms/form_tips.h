@@ -1,9 +1,10 @@
 // What the columns' values mean, in the words of the input help, for table_forms.cpp.
 #pragma once
 
-#include <array>
+#include <optional>
 
 #include "forms/table_form.h"
+#include "sections/section_kinds.h"
 
 namespace zorlan::form_data {
 
@@ -39,52 +40,33 @@ inline constexpr ColumnTip kElementTips[] = {
     {FormCase::Always, 7, "剛域タイプ　：1000以下（無しの時は、０）"},
 };
 
-/// The shape of a section TYPE and what its P1 to P4 are; empty: not used.
-struct SectionType {
-  std::string_view shape;
-  std::array<std::string_view, 4> fields;
-};
-inline constexpr SectionType kSectionTypes[] = {
-    {"直接入力", {"Ａ (cm2)", "Ｉ (cm4)", "", "As (cm2)"}},
-    {"Ｂ×Ｄ", {"Ｂ (cm)", "Ｄ (cm)", "形状係数", "As (cm2)"}},
-    {"Ｈ形鋼（強軸）", {"Ｈ (mm)", "Ｂ (mm)", "tw (mm)", "tf (mm)"}},
-    {"□形鋼（強軸）", {"Ｈ (mm)", "Ｂ (mm)", "tw (mm)", "tf (mm)"}},
-    {"○形鋼管", {"Ｄ (mm)", "ｔ (mm)", "", ""}},
-    {"Ｈ形鋼（弱軸）", {"Ｈ (mm)", "Ｂ (mm)", "tw (mm)", "tf (mm)"}},
-    {"□形鋼（弱軸）", {"Ｈ (mm)", "Ｂ (mm)", "tw (mm)", "tf (mm)"}},
-    {"木材（強軸）", {"Ｂ (mm)", "Ｄ (mm)", "形状係数", "As (mm2)"}},
-    {"木材（弱軸）", {"Ｂ (mm)", "Ｄ (mm)", "形状係数", "As (mm2)"}},
-    {"溝形鋼（強軸）", {"Ｈ (mm)", "Ｂ (mm)", "tw (mm)", "tf (mm)"}},
-    {"溝形鋼（弱軸）", {"Ｈ (mm)", "Ｂ (mm)", "tw (mm)", "tf (mm)"}},
-    {"山形鋼（強軸）", {"Ａ (mm)", "Ｂ (mm)", "ｔ (mm)", "ｒ1 (mm)"}},
-    {"山形鋼（弱軸）", {"Ａ (mm)", "Ｂ (mm)", "ｔ (mm)", "ｒ1 (mm)"}},
-};
-inline const SectionType* TypeOfRow(const RowView& row) {
+/// The TYPE of a section row; nothing if there is none of its number.
+inline std::optional<int> TypeOfRow(const RowView& row) {
   const double type = row.Real(2);
-  return type >= 0 && type <= 12 ? &kSectionTypes[static_cast<std::size_t>(type)] : nullptr;
+  if (type < 0 || type >= kSectionKinds) return std::nullopt;
+  return static_cast<int>(type);
+}
+/// "2：Ｈ形鋼 強軸"
+inline std::string TypeName(int type, std::string_view separator) {
+  return std::to_string(type).append(separator).append(SectionKindOf(type).shape);
 }
 /// The row's own shape first.
 inline std::string SectionTypeTip(const RowView& row) {
-  const auto line = [](std::size_t number) {
-    return std::to_string(number).append("：").append(kSectionTypes[number].shape);
-  };
   std::string tip = "TYPE";
-  if (const SectionType* const own = TypeOfRow(row); own != nullptr && !row.Blank(2))
-    tip.append(" ").append(line(static_cast<std::size_t>(own - kSectionTypes))).append("\n");
-  for (std::size_t number = 0; number < std::size(kSectionTypes); ++number)
-    tip.append("\n").append(line(number));
+  if (const std::optional<int> own = TypeOfRow(row); own && !row.Blank(2))
+    tip.append(" ").append(TypeName(*own, "：")).append("\n");
+  for (int type = 0; type < kSectionKinds; ++type) tip.append("\n").append(TypeName(type, "："));
   return tip;
 }
-/// "P3  TYPE 2 Ｈ形鋼（強軸）：tw (mm)"
+/// "P3：tw(mm)", and the shape that it belongs to.
 template <int field>
 std::string SectionFieldTip(const RowView& row) {
-  const SectionType* const type = TypeOfRow(row);
-  if (type == nullptr) return {};
-  const std::string_view meaning = type->fields[field - 1];
+  const std::optional<int> type = TypeOfRow(row);
+  if (!type) return {};
+  const std::string_view meaning = SectionKindOf(*type).fields[field - 1];
   std::string tip = "P" + std::to_string(field) + "：";
-  tip.append(meaning.empty() ? "使いません" : meaning).append("\nTYPE ");
-  tip.append(std::to_string(static_cast<int>(row.Real(2)))).append(" ").append(type->shape);
-  const bool box = row.Real(2) == 3 || row.Real(2) == 6;
+  tip.append(meaning == "-" ? "使いません" : meaning).append("\nTYPE ").append(TypeName(*type, " "));
+  const bool box = *type == 3 || *type == 6;
   if (box && field == 4)
     tip += "\n※ □形鋼の断面性能は、フレーム解析時には、P4を考慮していません、断面算定時には考慮します";
   return tip;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/host.h"
 #include "base/number.h"
@@ -34,38 +35,20 @@ int TableEditor::LastKeyRow(int page) const {
 void TableEditor::Put(Step& step, const CellPlace& place, std::string text) {
   const std::string& before = grid_.Cell(place);
   if (!grid_.Holds(place) || before == text) return;
+  if (form_->newRow.column != 0 && IsBlankRow(grid_.Row(place.page, place.row))) newRows_.push_back(place);
   step.push_back(CellChange{place, before, text});
   grid_.SetCell(place, std::move(text));
 }
 
-bool TableEditor::IsNewRow(const Step& step, int page, int row) const {
-  GridRow before = grid_.Row(page, row);
-  for (auto change = step.rbegin(); change != step.rend(); ++change)
-    if (const auto* const cell = std::get_if<CellChange>(&*change))
-      if (cell->place.page == page && cell->place.row == row)
-        before[static_cast<std::size_t>(cell->place.column - 1)] = cell->before;
-  return IsBlankRow(before);
-}
-
 void TableEditor::FillNewRow(Step& step, int page, int row) {
   const NewRowText& text = form_->newRow;
-  const bool typed = !IsBlankRow(grid_.Row(page, row));
-  if (typed && View(page, row).Blank(text.column) && IsNewRow(step, page, row))
+  if (!IsBlankRow(grid_.Row(page, row)) && View(page, row).Blank(text.column))
     Put(step, {page, row, text.column}, std::string(text.text));
 }
 
 void TableEditor::Finish(Step step) {
+  for (const CellPlace& place : std::exchange(newRows_, {})) FillNewRow(step, place.page, place.row);
   if (step.empty()) return;
-  if (form_->newRow.column != 0) {
-    CellPlace last{0, 0, 0};
-    const std::size_t typed = step.size();  // the step grows
-    for (std::size_t i = 0; i < typed; ++i)
-      if (const auto* const cell = std::get_if<CellChange>(&step[i])) {
-        const CellPlace place = cell->place;
-        if (place.page != last.page || place.row != last.row) FillNewRow(step, place.page, place.row);
-        last = place;
-      }
-  }
   steps_.resize(next_);
   steps_.push_back(std::move(step));
   ++next_;

@@ -131,7 +131,6 @@ class TableEditor {
   /// Ends a step: rows that were blank get the text of new rows, and the step can be undone.
   void Finish(Step step);
   void FillNewRow(Step& step, int page, int row);
-  bool IsNewRow(const Step& step, int page, int row) const;
 
   void LoadRow(const TableRow& row);
   int PagesToLoad() const;
@@ -151,6 +150,7 @@ class TableEditor {
   Grid grid_;
   Unshown unshown_;
   bool changed_ = false;
+  std::vector<CellPlace> newRows_;  // rows that were blank before the step under way
   std::vector<Step> steps_;
   std::size_t next_ = 0;  // the step that Redo would walk
 };

@@ -41,9 +41,14 @@ EndValues ShearFromStart(const StressRecord& record, bool exchanged) {
   return exchanged ? EndValues{j, i} : EndValues{i, j};
 }
 
+bool HasOrdinates(double G) {
+  constexpr double kRounding = 1e-9;  // t, t*m, m: what the solution leaves where nothing is
+  return G > kRounding;
+}
+
 double DiagramScale(double height, double Vvkei, double G) {
   const double scale = height * Vvkei / G;
-  return G > 0 && std::isfinite(scale) ? scale : 1;
+  return HasOrdinates(G) && std::isfinite(scale) ? scale : 1;
 }
 
 Parabola MomentParabola(double Mi, double Mc, double Mj, double L) {

@@ -47,8 +47,11 @@ EndValues AxialFromStart(const StressRecord& record, bool exchanged);
 /// loads it is constant. It is the same from either end.
 EndValues ShearFromStart(const StressRecord& record, bool exchanged);
 
+/// Whether a diagram with this greatest absolute value (t, t*m, m) has ordinates: rounding alone has none.
+bool HasOrdinates(double G);
+
 /// Model units per unit of a result: the greatest absolute value G becomes `height` twips at `Vvkei` model
-/// units per twip. 1 when G is 0.
+/// units per twip. 1 without ordinates.
 double DiagramScale(double height, double Vvkei, double G);
 
 /// The parabola m(x) = a x^2 + b x + c through Mi at 0, -Mc at L/2 and -Mj at L: centre and end moments have

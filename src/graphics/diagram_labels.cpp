@@ -53,6 +53,14 @@ class Cover {
   void Take(LabelField& labels, Point at) const {
     for (int k = 0; k < count_; ++k) labels.Take(Box(at, k));
   }
+  bool LiesIn(const Rectangle& area, Point at) const {
+    for (int k = 0; k < count_; ++k) {
+      const Rectangle box = Box(at, k);
+      if (box.left < area.left || box.top < area.top || box.right > area.right || box.bottom > area.bottom)
+        return false;
+    }
+    return true;
+  }
   bool Meets(const Rectangle& area, Point at) const {
     for (int k = 0; k < count_; ++k)
       if (Box(at, k).Meets(area)) return true;
@@ -71,6 +79,10 @@ class Cover {
   double halfWidth_ = 0, halfHeight_ = 0;
   std::array<Point, kMostPieces> middles_;  // from the anchor
 };
+
+bool Holds(const Rectangle& area, Point p) {
+  return p.x >= area.left && p.x <= area.right && p.y >= area.top && p.y <= area.bottom;
+}
 
 }  // namespace
 
@@ -95,13 +107,14 @@ void ValueLabels::Write(const LabelPlace& place, double value) {
     return Point{place.ordinate.x + t.gaps * kGap * place.away.x + t.shift * place.along.x,
                  place.ordinate.y + t.gaps * kGap * place.away.y + t.shift * place.along.y};
   };
-  Point chosen = at(kTries[0]);
-  if (!cover.Meets(visible_, chosen)) return;
-  for (const Try& t : kTries) {
-    if (t.shift > place.room || !cover.IsFree(labels_, at(t))) continue;
-    chosen = at(t);
-    break;
-  }
+  const bool near = cover.Meets(visible_, at(kTries[0])) || Holds(visible_, place.ordinate);
+  if (!near) return;
+  // A free place inside the area; else the first one.
+  const auto good = [&](const Try& t) {
+    return t.shift <= place.room && cover.LiesIn(visible_, at(t)) && cover.IsFree(labels_, at(t));
+  };
+  const auto found = std::ranges::find_if(kTries, good);
+  const Point chosen = at(found == kTries.end() ? kTries[0] : *found);
   cover.Take(labels_, chosen);
   PlotTextRotated(plot_, chosen.x, chosen.y, text, place.angle, option_.colour, place.anchor);
 }

@@ -123,13 +123,12 @@ void DrawPolyline(Plot& plot, std::span<const Point> points, Rgb colour, LabelFi
   }
 }
 
-/// The closing line from the member to an ordinate; none to an ordinate of 0.
-void DrawClosing(Plot& plot, Point foot, Point ordinate, double m, Rgb colour) {
-  if (m != 0) PlotDashedLine(plot, foot.x, foot.y, ordinate.x, ordinate.y, colour);
+/// The closing line from the member to an ordinate.
+void DrawClosing(Plot& plot, Point foot, Point ordinate, Rgb colour) {
+  PlotDashedLine(plot, foot.x, foot.y, ordinate.x, ordinate.y, colour);
 }
 
-// The shown members of a diagram, each with its values of the case in hand; those without an ordinate are
-// left out.
+// The shown members of a diagram, each with its values of the case in hand.
 
 template <class Values>
 struct MemberValues {
@@ -137,9 +136,10 @@ struct MemberValues {
   Values values;
 };
 
-template <class Values, class Read, class Any>
-std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Read read, Any any) {
+template <class Values, class Read>
+std::vector<MemberValues<Values>> ShownValues(const Figure& figure, double G, Read read) {
   std::vector<MemberValues<Values>> shown;
+  if (!HasOrdinates(G)) return shown;
   const std::vector<FigureElement>& elements = figure.model.elements;
   for (std::size_t e = 0; e < elements.size() && e < figure.shown.size(); ++e) {
     if (figure.shown[e] == 0) continue;
@@ -147,14 +147,10 @@ std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Read read, A
     if (record == nullptr) continue;
     const std::optional<DiagramMember> member = MemberOf(figure, elements[e]);
     if (!member) continue;
-    const Values values = read(*record, member->exchanged);
-    if (any(values)) shown.push_back({*member, values});
+    shown.push_back({*member, read(*record, member->exchanged)});
   }
   return shown;
 }
-
-/// What is smaller than this part of the greatest value is rounding: the member has none.
-constexpr double kRounding = 1e-9;
 
 double GreatestMoment(const StressRecord& r) {
   return std::max({std::abs(r.momentI), std::abs(r.momentC), std::abs(r.momentJ)});
@@ -181,6 +177,7 @@ Curve MomentCurve(const DiagramMember& member, const Parabola& m, const Ordinate
 struct Band {
   double x0, m0, x1, m1;  // from x0 to x1, ordinates
   Rgb colour;
+  bool first = true, last = true;  // of its member
 };
 
 /// The parts of a straight line of ordinates on either side of the member; one where they look alike.
@@ -189,7 +186,7 @@ std::vector<Band> BandsOf(double L, double m0, double m1, Rgb positive, Rgb nega
   if (positive == negative || (m0 < 0) == (m1 < 0) || m0 == 0 || m1 == 0)
     return {{0, m0, L, m1, colour(m0 + m1)}};
   const double x = L * m0 / (m0 - m1);
-  return {{0, m0, x, 0, colour(m0)}, {x, 0, L, m1, colour(m1)}};
+  return {{0, m0, x, 0, colour(m0), true, false}, {x, 0, L, m1, colour(m1), false, true}};
 }
 
 struct ForceDiagram {
@@ -205,9 +202,7 @@ struct ForceDiagram {
 void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, const ForceDiagram& diagram) {
   const double G = GreatestStress(figure, diagram.greatest);
   const Ordinates ordinates(figure, diagram.heightCm, G);
-  const auto shown = ShownValues<EndValues>(figure, diagram.read, [&](const EndValues& v) {
-    return std::max(std::abs(v.start), std::abs(v.end)) > kRounding * G;
-  });
+  const auto shown = ShownValues<EndValues>(figure, G, diagram.read);
   const double s = ordinates.Scale();
   const auto forEachBand = [&](auto use) {
     if (!diagram.line.visible) return;
@@ -221,9 +216,9 @@ void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, cons
 
   PlotSetPen(plot, diagram.line.style, diagram.line.width);
   forEachBand([&](const Band& band, const Curve& curve) {
-    DrawClosing(plot, curve.footStart, curve.points[0], band.m0, band.colour);
+    if (band.first) DrawClosing(plot, curve.footStart, curve.points[0], band.colour);
     DrawPolyline(plot, curve.points, band.colour, diagram.value.visible ? &labels : nullptr);
-    DrawClosing(plot, curve.points[1], curve.footEnd, band.m1, band.colour);
+    if (band.last) DrawClosing(plot, curve.points[1], curve.footEnd, band.colour);
   });
 
   ValueLabels values(plot, labels, diagram.value, diagram.decimals, DisplayFactor(figure.model));
@@ -261,25 +256,22 @@ void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
   const FigureOptions& options = figure.options;
   const double G = GreatestStress(figure, GreatestMoment);
   const Ordinates ordinates(figure, options.HeightMoment, G);
-  const auto shown = ShownValues<MomentValues>(figure, MomentsFromStart, [&](const MomentValues& v) {
-    return std::max({std::abs(v.start), std::abs(v.centre), std::abs(v.end)}) > kRounding * G;
-  });
+  const auto shown = ShownValues<MomentValues>(figure, G, MomentsFromStart);
   const double s = ordinates.Scale();
   const auto forEachCurve = [&](auto use) {
     if (!options.moment.visible) return;
     for (const auto& [member, v] : shown) {
       const Parabola m = MomentParabola(v.start * s, v.centre * s, v.end * s, member.L);
-      use(v, MomentCurve(member, m, ordinates));
+      use(MomentCurve(member, m, ordinates));
     }
   };
-  forEachCurve(
-      [&](const MomentValues&, const Curve& curve) { ShadeCurve(plot, curve, options.moment.colour); });
+  forEachCurve([&](const Curve& curve) { ShadeCurve(plot, curve, options.moment.colour); });
 
   PlotSetPen(plot, options.moment.style, options.moment.width);
-  forEachCurve([&](const MomentValues& v, const Curve& curve) {
-    DrawClosing(plot, curve.footStart, curve.points.front(), v.start, options.moment.colour);
+  forEachCurve([&](const Curve& curve) {
+    DrawClosing(plot, curve.footStart, curve.points.front(), options.moment.colour);
     DrawPolyline(plot, curve.points, options.moment.colour, options.momentValue.visible ? &labels : nullptr);
-    DrawClosing(plot, curve.points.back(), curve.footEnd, v.end, options.moment.colour);
+    DrawClosing(plot, curve.points.back(), curve.footEnd, options.moment.colour);
   });
 
   ValueLabels values(plot, labels, options.momentValue, options.DecimalsMoment, DisplayFactor(figure.model));

@@ -16,15 +16,10 @@ void AppendField(std::string& line, double value) {
   AppendReal(line, value);
 }
 
-/// No text ends a field or a line.
+/// No text ends a line. A comma in it stays: the fields behind the text are counted from the line's end.
 void AppendTextField(std::string& line, std::string_view text) {
   line += ", ";
-  for (const char c : text) {
-    if (c == ',')
-      line += "，";
-    else
-      line += static_cast<unsigned char>(c) < 0x20 || c == 0x7F ? ' ' : c;
-  }
+  for (const char c : text) line += static_cast<unsigned char>(c) < 0x20 || c == 0x7F ? ' ' : c;
 }
 
 }  // namespace

@@ -26,8 +26,7 @@ struct DrawOperation {
 };
 
 /// "LINE, MODEL, 0, 0, 1440, 0, 255". The fields stand with ", " between them, numbers in their plain form. A
-/// text has no comma and no control character of its own there: a comma stands as its full-width form "，",
-/// the others as blanks, so that no text ends a field or a line.
+/// text keeps its commas; control characters in it stand as blanks, so that no text ends a line.
 std::string OperationLine(const DrawOperation& operation);
 
 /// The whole list as the file has it, lines ending in CR LF.

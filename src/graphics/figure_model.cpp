@@ -212,9 +212,9 @@ FigureModel ReadFigureTables(const TypedRows& typed) {
 bool LoadFigureResults(FigureModel& model, const std::string& folder) try {
   const int cases = model.maxLoadCase, nodes = static_cast<int>(model.nodes.size()),
             elements = static_cast<int>(model.elements.size());
-  const std::vector<double> moved = ReadReals(folder + "FT021", ValueCount(cases, nodes, 3));
+  const std::vector<double> moved = ReadReals(folder + "FT021", ValueCount(cases, nodes, 3), Behind::Nothing);
   const std::vector<double> forces =
-      ReadReals(folder + "FT031", ValueCount(cases, elements, kForcesPerElement));
+      ReadReals(folder + "FT031", ValueCount(cases, elements, kForcesPerElement), Behind::Nothing);
   model.DisplacementTable.clear();
   model.StressTable.clear();
   for (std::size_t at = 0; at + 3 <= ValueCount(cases, nodes, 3); at += 3)

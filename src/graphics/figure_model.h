@@ -77,7 +77,7 @@ using TypedRows = std::map<std::string, std::vector<TableRow>, std::less<>>;
 FigureModel ReadFigureTables(const TypedRows& typed = {});
 
 /// Adds displacements and member forces from FT021 and FT031 of `folder`. False, with nothing added, when a
-/// file is missing or too short for the model.
+/// file is missing or has not just as many numbers as the model needs: it was changed since.
 bool LoadFigureResults(FigureModel& model, const std::string& folder);
 
 }  // namespace zorlan

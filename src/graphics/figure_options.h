@@ -44,7 +44,7 @@ struct FigureOptions {
   Rgb axialTension = 0xFF0000, axialCompression = 0x0000FF;  // in place of one colour of the axial force
   TextOption axialValue, shearValue, momentValue;
   float HeightDisplacement = 1, HeightNormal = 1, HeightShear = 1, HeightMoment = 1;  // cm
-  int DecimalsDisplacement = 2, DecimalsNormal = 2, DecimalsShear = 2, DecimalsMoment = 2;
+  int DecimalsNormal = 2, DecimalsShear = 2, DecimalsMoment = 2;
   bool ScaleOverAllCases = true;
 
   std::array<RatioClass, 6> ratioClass;

@@ -38,9 +38,9 @@ struct DesignOptions {
 
 struct AnalysisOptions {
   OptionRows<kAnalysisRows.size()> rows;
-  float HeightDisplacement = 2, HeightNormal = 2, HeightMoment = 2;  // cm
+  float HeightDisplacement = 1, HeightNormal = 1, HeightMoment = 1;  // cm
   std::string DecimalsNormal = "2", DecimalsShear = "2", DecimalsMoment = "2";
-  float HeightShear = 2;                      // cm
+  float HeightShear = 1;                      // cm
   Rgb tension = 16711680, compression = 255;  // of the axial force diagram
   bool ScaleOverAllCases = true;
   bool operator==(const AnalysisOptions&) const = default;

@@ -70,9 +70,12 @@ std::string ProgramTree(std::string_view documents) {
 
 std::string InstallFolder(const std::string& sourceData) {
   std::error_code ignored;  // without it the build's folder is left
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-  const std::string installed =
-      FolderText(PathText(program.parent_path().parent_path() / "share" / "zorlan"));
+  return InstallFolderOf(PathText(std::filesystem::read_symlink("/proc/self/exe", ignored)), sourceData);
+}
+
+std::string InstallFolderOf(const std::string& program, const std::string& sourceData) {
+  const std::filesystem::path folder = NativePath(program).parent_path().parent_path();
+  const std::string installed = FolderText(PathText(folder / "share" / "zorlan"));
   return FolderExists(installed) ? installed : FolderText(sourceData);
 }
 

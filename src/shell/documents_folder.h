@@ -20,6 +20,8 @@ std::string ProgramTree(std::string_view documents);
 /// The install folder of this program: "share/zorlan" beside the folder of the running program, else the
 /// folder that the build names.
 std::string InstallFolder(const std::string& sourceData);
+/// The same of the program at a path.
+std::string InstallFolderOf(const std::string& program, const std::string& sourceData);
 
 /// "マニュアル.pdf" of the install folder.
 std::string ManualPath(const std::string& install);

@@ -54,7 +54,7 @@ struct ShellWindows {
   /// their row, InpELEM as ends of elements. False: no such form is there.
   std::function<bool(const std::vector<int>& nodes)> takeNodes;
   /// Opens the form of a table, or brings it to the front, and goes to the row of this number in its key
-  /// column on a page (1 for a table without pages). False: no row has it.
+  /// column on a page, or on the first page that has it (0). False: no row has it.
   std::function<bool(const std::string& key, int page, int number)> showRow;
   /// The control or unit data have changed: open table forms follow the header of InpModel.
   std::function<void()> followControl;

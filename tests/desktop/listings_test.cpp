@@ -203,6 +203,26 @@ TEST_F(ListingsTest, PrintingWithoutAPrinterGoesToAFileOfTheUsersChoice) {
   EXPECT_THAT(ReadBytes(file), StartsWith("%PDF"));
 }
 
+TEST_F(ListingsTest, ThePreviewTakesTheKeysThatAMenuEntryHasToo) {
+  OpenSample(QStringLiteral("連続梁"));  // with it Ctrl+P prints the input list
+  Form* const preview = Show(kPrintOther, true, Numbered(100));
+  for (const char* const focus : {"pages", "page", "zoom"}) {
+    Script().Expect(QString(), [](QWidget& window) {
+      EXPECT_NE(dynamic_cast<QPrintDialog*>(&window), nullptr);
+      static_cast<QDialog&>(window).reject();
+    });
+    auto* const widget = Child<QWidget>(preview, focus);
+    widget->setFocus();
+    QTest::keyClick(widget, Qt::Key_P, Qt::ControlModifier);
+    EXPECT_TRUE(Script().Done()) << focus;
+  }
+  EXPECT_NE(FromQt(preview->windowTitle()).find("text"), std::string::npos);
+  QApplication::clipboard()->clear();
+  Child<QWidget>(preview, "pages")->setFocus();
+  QTest::keyClick(Child<QWidget>(preview, "pages"), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_THAT(FromQt(QApplication::clipboard()->text()), HasSubstr("行 1\n"));
+}
+
 TEST_F(ListingsTest, TheSettingsOfThePreviewAreKeptAndThePagesFollowThem) {
   Form* const preview = Show(kPrintOther, true, Numbered(200));
   Script().Expect(QStringLiteral("frmPrinterSet2"), [](QWidget& dialog) {

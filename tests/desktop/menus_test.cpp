@@ -145,6 +145,16 @@ TEST_F(DesktopTest, WindowsComeUpWhereTheyWereLeft) {
   EXPECT_EQ(OpenForm("frmKakuninText")->parentWidget()->geometry(), reader);
 }
 
+TEST_F(DesktopTest, ANewWindowLeavesTheInputMenuInSight) {
+  Window().resize(1000, 700);
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  Choose("mnuFileItem(9)");  // the preview asks for nearly all of this width
+  const QRect menu = OpenForm("frmInputMenu")->parentWidget()->geometry();
+  const QRect preview = OpenForm("frmPrnText")->parentWidget()->geometry();
+  EXPECT_FALSE(menu.intersects(preview));
+  EXPECT_LE(preview.right(), Window().Forms().width());
+}
+
 TEST_F(DesktopTest, TheManualNeedsAProgramThatTheFileAssociationsName) {
   const QByteArray path = qgetenv("PATH");
   const std::string programs = Documents() + "programs/", query = programs + "xdg-mime";

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPixmap>
@@ -41,6 +42,16 @@ class PicturesTest : public DesktopTest {
       Look(dialog, picture);
       Click(dialog, button);
     });
+  }
+  /// Types a text into a cell of a table form, and looks at it with the box open.
+  void LookAtBox(const char* form, std::pair<int, int> cell, const char* text, const char* picture) {
+    auto* const grid = Child<QTableView>(OpenForm(form), "grid");
+    grid->setCurrentIndex(grid->model()->index(cell.first - 1, cell.second - 1));
+    QInputMethodEvent typed;
+    typed.setCommitString(QString::fromUtf8(text));
+    QApplication::sendEvent(grid, &typed);
+    Look(*OpenForm(form), picture);
+    QTest::keyClick(grid, Qt::Key_Left);
   }
   static void LookAndReject(QWidget& dialog, const char* picture) {
     Look(dialog, picture);
@@ -187,13 +198,25 @@ TEST_F(PicturesTest, TableForms) {
   Look(Window(), "tables");
   Choose("mnuWindowItem(1)");
   Look(Window(), "tables-tiled");
-  Window().Forms().UnloadAll();
+  const auto leave = [this] {
+    Window().Forms().UnloadAll();
+    ModelChanged = false;
+  };
+  leave();
+  OpenSample(QStringLiteral("斜面に載る渡り廊下"));
+  Choose("mnuDataItem(4)");
+  LookAtBox("InpNODE", {1, 4}, "4", "InpNODE-rollers");
+  leave();
+  OpenSample(QStringLiteral("格子梁"));
+  Choose("mnuLoad(1)");
+  LookAtBox("InpELOD", {1, 2}, "-1.25", "InpELOD-grid");
+  leave();
   OpenSample(QStringLiteral("木造トラス"));
   Choose("mnuDataItem(6)");
-  auto* const grid = Child<QTableView>(OpenForm("InpSECT"), "grid");
-  grid->setCurrentIndex(grid->model()->index(2, 10));
-  QTest::keyClicks(grid, QStringLiteral("x"));
-  Look(*OpenForm("InpSECT"), "InpSECT-timber");
+  LookAtBox("InpSECT", {3, 11}, "樹種の長い名前（甲種構造材）２級", "InpSECT-timber");
+  LookAtBox("InpSECT", {3, 3}, "-123456.789E-12", "InpSECT-wide");
+  Look(Window(), "InpSECT-status");
+  leave();
 }
 
 }  // namespace

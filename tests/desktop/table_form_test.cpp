@@ -1,6 +1,7 @@
 // The table form by keys: typing, moving, clipboard, undo, tabs, closing.
 #include "desktop/table_form_test.h"
 
+#include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -125,6 +126,19 @@ TEST_F(TableFormTest, ASelectionGrowsFromWhereItBeganInAnyDirection) {
   EXPECT_EQ(Table().View().Selected(), (CellRange{3, 2, 5, 3}));
   for (int i = 0; i < 3; ++i) Press(Qt::Key_Down, Qt::ShiftModifier);
   EXPECT_EQ(Table().View().Selected(), (CellRange{5, 2, 6, 3}));
+}
+
+TEST_F(TableFormTest, AWholeColumnIsItsRowsInUse) {
+  OpenModel("1,2,0,0", "@NODE\n1,0,0,0,0,0\n2,0,0,0,0,0\n");
+  OpenNodes();
+  const QHeaderView* const columns = Table().View().horizontalHeader();
+  QTest::mouseClick(columns->viewport(), Qt::LeftButton, Qt::NoModifier,
+                    QPoint(columns->sectionViewportPosition(1) + 20, columns->height() / 2));
+  EXPECT_EQ(Table().View().Selected(), (CellRange{1, 2, 2, 2}));
+  const QHeaderView* const rows = Table().View().verticalHeader();
+  QTest::mouseClick(rows->viewport(), Qt::LeftButton, Qt::NoModifier,
+                    QPoint(rows->width() / 2, rows->sectionViewportPosition(1) + 8));
+  EXPECT_EQ(Table().View().Selected(), (CellRange{2, 1, 2, 6}));
 }
 
 TEST_F(TableFormTest, AShiftClickSelectsUpToTheCell) {
@@ -393,6 +407,17 @@ TEST_F(TableFormTest, ARowIsFoundByItsNumber) {
   EXPECT_FALSE(TheWindows().showRow("PLOD", 2, 4));
   EXPECT_FALSE(TheWindows().showRow("PLOD", 3, 4));
   EXPECT_FALSE(TheWindows().showRow("TITL", 1, 1));
+}
+
+TEST_F(TableFormTest, AMessageOfTheCheckLeadsToItsRow) {
+  OpenModel("1,2,0,0", "@NODE\n1,0,0,1,1,1\n2,6,0,0,0,0\n@PLOD\n1,1,1,0,0\n2,2,1,0,0\n2,8,1,0,0\n");
+  Press(Qt::Key_F9);
+  ASSERT_NE(OpenForm("frmKakuninText"), nullptr);
+  Press(Qt::Key_Return);
+  auto* const form = qobject_cast<TableWindow*>(OpenForm("InpPLOD"));
+  ASSERT_NE(form, nullptr);
+  EXPECT_EQ(form->View().Current(), (CellPlace{2, 2, 1}));
+  EXPECT_TRUE(form->View().hasFocus());
 }
 
 TEST_F(TableFormTest, CodeColumnsAreExplainedInStatusBarAndToolTip) {

@@ -125,8 +125,8 @@ TEST(TableForm, CodeColumnsAreExplainedInTheWordsOfTheHelp) {
 }
 
 TEST(TableForm, ASectionsSizesAreExplainedByItsType) {
-  EXPECT_EQ(TipOf("InpSECT", kFrame, 5, {"1", "2"}), "P3：tw (mm)\nTYPE 2 Ｈ形鋼（強軸）");
-  EXPECT_EQ(TipOf("InpSECT", kFrame, 5, {"1", "4"}), "P3：使いません\nTYPE 4 ○形鋼管");
+  EXPECT_EQ(TipOf("InpSECT", kFrame, 5, {"1", "2"}), "P3：tw(mm)\nTYPE 2 Ｈ形鋼 強軸");
+  EXPECT_EQ(TipOf("InpSECT", kFrame, 5, {"1", "4"}), "P3：使いません\nTYPE 4 ○形鋼");
   EXPECT_EQ(TipOf("InpSECT", kFrame, 5, {"1", "13"}), "");
   EXPECT_EQ(TipOf("InpSECT", kFrame, 3, {"1", "-1"}), "");
 }
@@ -138,7 +138,7 @@ TEST(TableForm, ATipOnOneLineHasNoColumns) {
 
 TEST(TableForm, TheTipOfATypeBeginsWithTheRowsOwn) {
   EXPECT_THAT(TipOf("InpSECT", kFrame, 2, {"1", "2"}),
-              testing::StartsWith("TYPE 2：Ｈ形鋼（強軸）\n\n0：直接入力\n"));
+              testing::StartsWith("TYPE 2：Ｈ形鋼 強軸\n\n0：直接入力\n"));
   EXPECT_THAT(TipOf("InpSECT", kFrame, 2, {"1"}), testing::StartsWith("TYPE\n0：直接入力\n"));
 }
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -142,15 +143,14 @@ TEST_F(DiagramTest, MomentOfAMemberEnteredFromTheRightIsTheSame) {
 }
 
 // A column fixed below, pushed at its top; entered from above: M(J) = 6, so M(C) = -0.5 (0 - 6). From its
-// foot the ordinate falls from 1.44 to 0 on the left. No closing line leads to an ordinate of 0.
+// foot the ordinate falls from 1.44 to 0 on the left; the closing line there is a point.
 TEST_F(DiagramTest, MomentOfAVerticalMemberStartsAtItsLowerEnd) {
   AddMember({2, 5}, {2, 1}, {.momentI = 0, .momentC = 3, .momentJ = 6});
   std::vector<Point> points = CurveThrough({7000, 9000},
                                            [](int k) {
                                              return Point{5560.0 + 72 * k, 9000.0 - 200 * k};
                                            },
-                                           {});
-  points.pop_back();
+                                           {7000, 5000});
   ExpectList(Draw(DrawMomentData), LinesThrough(points, 255));
 }
 
@@ -174,8 +174,7 @@ TEST_F(DiagramTest, MomentOfACantileverFallsToItsFreeEnd) {
                                            [](int k) {
                                              return Point{6000.0 + 200 * k, 3560.0 + 72 * k};
                                            },
-                                           {});
-  points.pop_back();
+                                           {10000, 5000});
   ExpectList(Draw(DrawMomentData), LinesThrough(points, 255));
 }
 
@@ -282,7 +281,20 @@ TEST_F(DiagramTest, MemberWithoutLengthIsSkipped) {
   // Its values have no part in the scale either.
   ExpectList(Draw(DrawMomentData), LinesThrough(kFixedBeamCurve, 255));
   EXPECT_EQ(Draw(DrawNormalData).size(), 3U);
-  EXPECT_EQ(Draw(DrawNormalShearData).size(), 2U);
+  EXPECT_EQ(Draw(DrawNormalShearData).size(), 3U);
+}
+
+TEST_F(DiagramTest, AMemberWithoutForceHasItsLinesAndValuesToo) {
+  figure_.options.shearValue.visible = true;
+  AddMember({1, 5}, {5, 5}, {.momentI = 4, .momentC = 2, .momentJ = -4, .shearI = 3, .shearJ = -3});
+  AddMember({1, 2}, {5, 2}, {});
+  EXPECT_EQ(Draw(DrawMomentData).size(), 44U);
+  EXPECT_EQ(Draw(DrawNormalShearData).size(), 10U);
+}
+
+TEST_F(DiagramTest, WhatRoundingLeavesHasNoOrdinates) {
+  AddMember({1, 5}, {5, 5}, {.momentI = 4e-13, .momentC = 2e-13, .momentJ = -4e-13});
+  EXPECT_TRUE(Draw(DrawMomentData).empty());
 }
 
 TEST_F(DiagramTest, MembersOutOfTheRangeKeepTheScale) {
@@ -315,6 +327,23 @@ TEST_F(DiagramTest, ResultsThatAreMissingOrTooShortDrawNothing) {
   figure_.model.StressTable.clear();
   figure_.loadCase = 1;
   EXPECT_TRUE(Draw(DrawMomentData).empty());
+}
+
+TEST_F(DiagramTest, ResultsThatAreNoNumbersHarmNothing) {
+  constexpr double kNone = std::numeric_limits<double>::infinity(),
+                   kNaN = std::numeric_limits<double>::quiet_NaN();
+  FigureOptions& o = figure_.options;
+  o.axialValue.visible = o.shearValue.visible = o.momentValue.visible = true;
+  for (const double wrong : {kNone, kNaN, 1e308, -1e-320})
+    AddMember({1, 5}, {5, 5}, {wrong, wrong, wrong, wrong, wrong, wrong, wrong});
+  figure_.model.DisplacementTable = {{kNaN, kNone, 0}, {1e308, -1e308, 0}};
+  figure_.model.ratios = {kNaN, kNone, 1e308, -1};
+  for (const Routine routine :
+       {DrawMomentData, DrawNormalData, DrawNormalShearData, DrawDisplacementData, DrawRatioData})
+    for (const DrawOperation& operation : Draw(routine)) {
+      EXPECT_TRUE(std::isfinite(operation.x) && std::isfinite(operation.y));
+      EXPECT_TRUE(std::isfinite(operation.x2) && std::isfinite(operation.y2));
+    }
 }
 
 TEST_F(DiagramTest, ATintLiesUnderTheCurveAndNotInTheList) {

@@ -7,14 +7,22 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <vector>
 
+#include "base/text.h"
 #include "base/text_file.h"
+#include "figures.h"
 #include "graphics/dxf.h"
+#include "model/deck.h"
+#include "model/model_state.h"
 #include "temporary_folder.h"
 
 namespace zorlan {
 namespace {
+
+using Kind = DrawOperation::Kind;
 
 struct Finished {
   int code = -1;
@@ -48,10 +56,10 @@ constexpr const char* kList =
 class DxfReaders : public testing::Test {
  protected:
   /// The list as a DXF file.
-  std::string FileOf(const std::string& list) const {
-    ReplaceTextFile(folder_.Path() + "page.tmp", list);
-    EXPECT_TRUE(WriteDXF(folder_.Path() + "page.tmp", folder_.Path() + "page.dxf"));
-    return folder_.Path() + "page.dxf";
+  std::string FileOf(const std::string& list, const std::string& name = "page") const {
+    ReplaceTextFile(folder_.Path() + name + ".tmp", list);
+    EXPECT_TRUE(WriteDXF(folder_.Path() + name + ".tmp", folder_.Path() + name + ".dxf"));
+    return folder_.Path() + name + ".dxf";
   }
   TemporaryFolder folder_;
 };
@@ -61,14 +69,16 @@ class Ezdxf : public DxfReaders {
   void SetUp() override {
     if (!Installed("/usr/bin/python3 -c 'import ezdxf'")) GTEST_SKIP() << "python3-ezdxf isn't installed";
   }
-  std::string Read(const std::string& dxf) const {
-    return RunCommand("/usr/bin/python3 -B '" ZORLAN_SOURCE_DIR "/tests/graphics/read_dxf.py' '" + dxf + "'")
-        .output;
+  /// What read_dxf.py prints of the files.
+  std::string Read(const std::vector<std::string>& files) const {
+    std::string command = "/usr/bin/python3 -B '" ZORLAN_SOURCE_DIR "/tests/graphics/read_dxf.py'";
+    for (const std::string& file : files) command += " '" + file + "'";
+    return RunCommand(command).output;
   }
 };
 
 TEST_F(Ezdxf, ReadsGeometryLayersColoursAndTextsWithACleanAudit) {
-  EXPECT_EQ(Read(FileOf(kList)),
+  EXPECT_EQ(Read({FileOf(kList)}),
             "AC1009 cp932\n"
             "layer MODEL 1\n"
             "layer KAJYU 5\n"
@@ -78,11 +88,12 @@ TEST_F(Ezdxf, ReadsGeometryLayersColoursAndTextsWithACleanAudit) {
             "LINE MODEL 3 1000.000 6160.000 1000.000 2160.000\n"
             "CIRCLE KAJYU 5 5000.000 4160.000 1000.000\n"
             "TEXT TITLE_TXT 6 3000.000 2160.000 320.000 0.0 STYLE2 'タイトル：表示 (ﾓｰﾒﾝﾄ図)'\n"
-            "TEXT MOMENT_TXT 4 8400.000 3159.999 400.000 90.0 STYLE2 '-12.34'\n");
+            "TEXT MOMENT_TXT 4 8400.000 3159.999 400.000 90.0 STYLE2 '-12.34'\n"
+            "end\n");
 }
 
 TEST_F(Ezdxf, ReadsAnEmptyDrawing) {
-  EXPECT_EQ(Read(FileOf("")), "AC1009 cp932\n");
+  EXPECT_EQ(Read({FileOf("")}), "AC1009 cp932\nend\n");
 }
 
 TEST_F(Ezdxf, ReadsAThousandLayers) {
@@ -93,7 +104,79 @@ TEST_F(Ezdxf, ReadsAThousandLayers) {
     expected += "layer " + name + " 7\n";
     entities += "LINE " + name + " 7 0.000 10.000 10.000 0.000\n";
   }
-  EXPECT_EQ(Read(FileOf(list)), expected + entities);
+  EXPECT_EQ(Read({FileOf(list)}), expected + entities + "end\n");
+}
+
+/// What ezdxf shall make of a list: an entity for every operation, every text as it was.
+std::vector<std::string> EntitiesOf(const std::vector<DrawOperation>& list) {
+  constexpr std::array kTypes = {"LINE ", "CIRCLE ", "TEXT ", "TEXT "};
+  std::vector<std::string> entities;
+  for (const DrawOperation& operation : list) {
+    const bool text = operation.kind == Kind::Text || operation.kind == Kind::TextRotated;
+    entities.push_back(kTypes[static_cast<std::size_t>(operation.kind)] + operation.layer + " " +
+                       std::to_string(ColourToACI(operation.colour)) +
+                       (text ? " '" + std::string(NoSpc(operation.text)) + "'" : ""));
+  }
+  return entities;
+}
+
+/// The same of the next file that ezdxf printed, without the numbers of the geometry; what is neither an
+/// entity nor a layer goes to `others`.
+std::vector<std::string> TakeEntities(std::string_view& output, std::vector<std::string>& others) {
+  std::vector<std::string> entities;
+  for (auto line = TakeLine(output); line && *line != "end"; line = TakeLine(output)) {
+    if (line->starts_with("layer ")) continue;
+    if (!line->starts_with("LINE ") && !line->starts_with("CIRCLE ") && !line->starts_with("TEXT ")) {
+      others.emplace_back(*line);
+      continue;
+    }
+    std::size_t end = line->find(' ');
+    for (int field = 0; field < 2; ++field) end = std::min(line->find(' ', end + 1), line->size());
+    const std::size_t text = std::min(line->find(" '"), line->size());
+    entities.push_back(std::string(line->substr(0, end)) + std::string(line->substr(text)));
+  }
+  return entities;
+}
+
+/// A model's figure with results that nobody has computed.
+Figure FigureWithResults(const std::string& deck) {
+  ReadDeck(deck, /*checkMode=*/false);
+  Figure figure = test::FigureOf(InpModel);
+  FigureModel& model = figure.model;
+  for (std::size_t k = 0; k < model.elements.size(); ++k) {
+    const double v = static_cast<double>(k) - 3;
+    model.StressTable.push_back({-v, v, 2 * v, v / 3, v, v, -v});
+    model.ratios.push_back(static_cast<double>(k % 13) / 10);
+  }
+  model.DisplacementTable.assign(model.nodes.size(), {0.01, -0.02, 0});
+  return figure;
+}
+
+TEST_F(Ezdxf, ReadsEveryKindOfFigureOfEverySampleModel) {
+  const test::Messages messages;
+  std::vector<std::string> files;
+  std::vector<std::vector<std::string>> expected;
+  for (const auto& entry : std::filesystem::directory_iterator(ZORLAN_SOURCE_DIR "/data/DATA/例題－１.zor")) {
+    if (entry.path().extension() != ".inp") continue;
+    Figure figure = FigureWithResults(PathText(entry.path()));
+    for (int kind = kModelFigure; kind <= kRcRatioFigure; ++kind) {
+      test::Recorder page = test::PageRecorder(11906, 16838);
+      Plot plot(page);
+      plot.RecordDrawing = true;
+      DrawFrameFigure(plot, "", figure, kind);
+      files.push_back(FileOf(DrawingListText(plot.drawingList), "page" + std::to_string(files.size())));
+      expected.push_back(EntitiesOf(plot.drawingList));
+    }
+  }
+  ASSERT_GE(files.size(), 8U * 8U);
+  const std::string output = Read(files);
+  std::string_view rest = output;
+  for (std::size_t k = 0; k < files.size(); ++k) {
+    std::vector<std::string> others;
+    EXPECT_EQ(TakeEntities(rest, others), expected[k]) << files[k];
+    EXPECT_EQ(others, std::vector<std::string>{"AC1009 cp932"}) << files[k];
+  }
+  EXPECT_TRUE(messages.texts.empty());
 }
 
 /// A picture in the plain pixel form "P6".
@@ -186,6 +269,23 @@ TEST_F(LibreCad, SetsTextsInTheirBoxes) {
   EXPECT_NEAR(turned.right, red.left + 6000 * pixels, slack);
   EXPECT_NEAR(turned.bottom, red.top + 4000 * pixels, slack);
   EXPECT_GT(turned.Height(), turned.Width());
+}
+
+// Without their own colours the entities show those of their layers: the lines of MODEL are red by the first.
+TEST_F(LibreCad, KnowsTheLayersAndTheirColours) {
+  const std::string path = FileOf(kList);
+  std::string dxf = ReadBytes(path);
+  const std::size_t entities = dxf.find("ENTITIES");
+  for (std::size_t at = dxf.find("\r\n62\r\n", entities); at != std::string::npos;
+       at = dxf.find("\r\n62\r\n", at))
+    dxf.erase(at, dxf.find("\r\n", at + 6) - at);
+  ReplaceBytes(path, dxf);
+  const Picture picture = Print(path);
+  const Box red = BoxOf(picture, 0x0000FF), green = BoxOf(picture, 0x00FF00), blue = BoxOf(picture, 0xFF0000);
+  ASSERT_GT(red.Width(), 700);
+  EXPECT_NEAR(red.Height(), 4000 * red.Width() / 8000.0, 2);
+  EXPECT_EQ(green.right, -1);
+  EXPECT_NEAR(blue.Width(), 2000 * red.Width() / 8000.0, 2);
 }
 
 TEST_F(LibreCad, TakesAnEmptyDrawing) {

@@ -177,6 +177,19 @@ TEST_F(FigureModelTest, ResultsAreReadByCaseAndRow) {
   EXPECT_EQ(s.momentC, 17);
 }
 
+TEST_F(FigureModelTest, ResultsOfALargerModelAreRefused) {
+  ModelBuilder b;
+  b.Node(0, 0);
+  b.Node(1, 0);
+  b.Element(1, 2);
+  FigureModel model = FigureModelOf(b.model);
+  Write(Root() + "FT021", "1 2 3 4 5 6\n");
+  Write(Root() + "FT031", "1 2 3 4 5 6 7\n11 12 13 14 15 16 17\n");
+  EXPECT_FALSE(LoadFigureResults(model, Root()));
+  Write(Root() + "FT031", "1 2 3 4 5 6 7 \r\n");
+  EXPECT_TRUE(LoadFigureResults(model, Root()));
+}
+
 TEST_F(FigureModelTest, MissingOrShortResultsLeaveTheModelAsItWas) {
   ModelBuilder b;
   b.Node(0, 0);

@@ -189,14 +189,14 @@ TEST(Plot, AShadeReachesTheSurfaceAlone) {
   EXPECT_THAT(plot.drawingList, IsEmpty());
 }
 
-TEST(DrawingList, ATextNeverEndsAFieldOrALine) {
+TEST(DrawingList, ATextNeverEndsALineAndKeepsItsCommas) {
   DrawOperation operation;
   operation.kind = DrawOperation::Kind::Text;
   operation.layer = "TITLE_TXT";
   operation.text = "柱, 梁\r\n壁";
   operation.width = 100;
   operation.height = 50;
-  EXPECT_EQ(OperationLine(operation), "TEXT, TITLE_TXT, 0, 0, 柱， 梁  壁, 100, 50, 0");
+  EXPECT_EQ(OperationLine(operation), "TEXT, TITLE_TXT, 0, 0, 柱, 梁  壁, 100, 50, 0");
 }
 
 TEST(DrawingList, NumbersStandInTheirPlainForm) {

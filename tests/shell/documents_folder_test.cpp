@@ -55,8 +55,16 @@ TEST(Version, HasTwoDigitsBehindThePoint) {
   EXPECT_EQ(VersionText(), "Version 6.00 [Rev.0]");
 }
 
-TEST(InstallFolder, IsTheBuildsFolderForAProgramThatIsNotInstalled) {
-  EXPECT_EQ(InstallFolder("/home/me/zorlan/data"), "/home/me/zorlan/data/");
+TEST(InstallFolder, LiesBesideTheFolderOfTheProgram) {
+  const TemporaryFolder prefix;
+  MakeFolder(prefix.Path() + "share/zorlan");
+  EXPECT_EQ(InstallFolderOf(prefix.Path() + "bin/zorlan", "/home/me/zorlan/data"),
+            prefix.Path() + "share/zorlan/");
+}
+
+TEST(InstallFolder, IsTheSourcesFolderForAProgramThatIsNotInstalled) {
+  const TemporaryFolder prefix;
+  EXPECT_EQ(InstallFolderOf(prefix.Path() + "bin/zorlan", "/home/me/zorlan/data"), "/home/me/zorlan/data/");
 }
 
 }  // namespace
