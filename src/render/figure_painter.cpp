@@ -62,9 +62,12 @@ class PicturePainter {
 
   void Paint(const FigurePicture& picture) {
     painter_.save();
-    painter_.setRenderHint(QPainter::Antialiasing, style_.antialiasing);
     painter_.setBrush(Qt::NoBrush);
+    // A tint's edge lies under a line.
+    painter_.setRenderHint(QPainter::Antialiasing, !style_.pixels);
     for (const FigurePicture::Tint& tint : picture.TheTints()) PaintTint(tint);
+    painter_.setRenderHint(QPainter::Antialiasing,
+                           style_.antialiasing && !(style_.pixels && IsDense(picture)));
     for (const FigurePicture::Lines& lines : picture.TheLines()) PaintLines(lines);
     for (const FigurePicture::Discs& discs : picture.TheDiscs()) PaintDiscs(discs);
     for (const FigurePicture::Texts& texts : picture.TheTexts()) PaintTexts(texts);
@@ -87,6 +90,14 @@ class PicturePainter {
     drawn.setStyle(StyleOf(pen.style));
     drawn.setCapStyle(pen.style == LineStyle::Solid ? Qt::RoundCap : Qt::FlatCap);
     return drawn;
+  }
+
+  /// So many lines that smooth ones would look no better and take too long.
+  static bool IsDense(const FigurePicture& picture) {
+    constexpr std::size_t kManyLines = 20000;
+    std::size_t lines = 0;
+    for (const FigurePicture::Lines& group : picture.TheLines()) lines += group.lines.size();
+    return lines > kManyLines;
   }
 
   void PaintTint(const FigurePicture::Tint& tint) {
