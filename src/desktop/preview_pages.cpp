@@ -24,22 +24,23 @@ constexpr double kUnitsPerTwip = kUnitsPerMm / kTwipsPerMm;
 /// Paints a sheet's picture on dots: at the places of the dots themselves, so that thin lines stay sharp, and
 /// no more of it than the window shows.
 void PaintOnDots(QPainter& painter, const FigurePicture& picture, const QSizeF& sheet) {
-  const QTransform toDots = painter.deviceTransform();
-  const QRectF whole = toDots.mapRect(QRectF(QPointF(), sheet));
-  const double ratio = painter.device()->devicePixelRatioF();
-  const QRectF device(0, 0, painter.device()->width() * ratio, painter.device()->height() * ratio);
-  const QRect part = whole.intersected(device).toAlignedRect();
+  // Not the device's transform: that of a widget also has its place in the window.
+  const QTransform toPixels = painter.combinedTransform();
+  const QRectF whole = toPixels.mapRect(QRectF(QPointF(), sheet));
+  const QRect part = whole.intersected(QRectF(painter.viewport())).toAlignedRect();
   if (part.isEmpty()) return;
-  QImage image(part.size(), QImage::Format_RGB32);
+  const double ratio = painter.device()->devicePixelRatioF();
+  QImage image((QSizeF(part.size()) * ratio).toSize(), QImage::Format_RGB32);
   image.fill(Qt::white);
   {
-    PictureStyle style = SheetStyle(toDots.m11() * kUnitsPerTwip);
-    style.origin = whole.topLeft() - part.topLeft();
+    PictureStyle style = SheetStyle(toPixels.m11() * ratio * kUnitsPerTwip);
+    style.origin = (whole.topLeft() - part.topLeft()) * ratio;
     QPainter dots(&image);
     PaintPicture(dots, picture, style);
   }
+  image.setDevicePixelRatio(ratio);
   painter.save();
-  painter.setWorldTransform(toDots.inverted() * painter.worldTransform());
+  painter.setWorldTransform(QTransform());
   painter.drawImage(part.topLeft(), image);
   painter.restore();
 }

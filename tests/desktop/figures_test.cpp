@@ -2,8 +2,10 @@
 #include <algorithm>
 #include <functional>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -423,6 +425,43 @@ TEST_F(FigurePagesTest, FiveFiguresInFourCellsGiveTwoPages) {
   OpenForm("frmPrnText")->CloseForm();
   EXPECT_TRUE(QTest::qWaitFor([&] { return !FileExists(AppPath + "SelctLC.Txt"); }));
   EXPECT_TRUE(FileExists(AppPath + "AllPrnSet.txt"));
+}
+
+/// Whether a picture has anything but white in a rectangle, in shares of its sides.
+bool HasInk(const QImage& image, const QRectF& where) {
+  const QRect part = QRectF(where.x() * image.width(), where.y() * image.height(),
+                            where.width() * image.width(), where.height() * image.height())
+                         .toRect();
+  for (int y = part.top(); y <= part.bottom(); ++y)
+    for (int x = part.left(); x <= part.right(); ++x)
+      if (image.pixel(x, y) != qRgb(255, 255, 255)) return true;
+  return false;
+}
+
+TEST_F(FigurePagesTest, APageHasItsNumberBelowAndIsCopiedAsAPicture) {
+  Choice([](QWidget& dialog) { Click(dialog, "all2"); });
+  EXPECT_EQ(PrinterSettings.pageNumbers, kPageNumbers);
+  Click(*OpenForm("frmPrnText"), "copy");
+  const QImage page = QApplication::clipboard()->image();
+  EXPECT_EQ(page.size(), QSize(1654, 2339));                  // A4 with 200 dots an inch
+  EXPECT_TRUE(HasInk(page, QRectF(0.1, 0.03, 0.5, 0.05)));    // the title
+  EXPECT_TRUE(HasInk(page, QRectF(0.45, 0.945, 0.1, 0.03)));  // "Page-1"
+  EXPECT_FALSE(HasInk(page, QRectF(0, 0.98, 1, 0.02)));
+}
+
+TEST_F(FigurePagesTest, ThePreviewShowsThePageToItsLowerEdge) {
+  Choice([](QWidget& dialog) { Click(dialog, "all2"); });
+  Child<QComboBox>(OpenForm("frmPrnText"), "zoom")->setCurrentText(QStringLiteral("全体表示"));
+  auto* const view = Child<PageView>(OpenForm("frmPrnText"), "pages");
+  const QImage shown = view->viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+  // The sheet's rows: from the first white pixel of the middle column to the last.
+  const int middle = shown.width() / 2;
+  int top = shown.height(), bottom = 0;
+  for (int y = 0; y < shown.height(); ++y)
+    if (shown.pixel(middle, y) == qRgb(255, 255, 255)) top = std::min(top, y), bottom = y;
+  ASSERT_GT(bottom - top, 200);
+  const int number = top + static_cast<int>((bottom - top) * 0.945);
+  EXPECT_TRUE(HasInk(shown.copy(middle - 20, number, 40, (bottom - top) / 33), QRectF(0, 0, 1, 1)));
 }
 
 TEST_F(FigurePagesTest, TheLastChoiceIsOfferedAgain) {
