@@ -1,5 +1,6 @@
 #include "desktop/boxes.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QCursor>
 #include <QMessageBox>
@@ -36,7 +37,9 @@ QMessageBox::StandardButton Run(QMessageBox::Icon icon, std::string_view text, s
 }
 
 bool SomethingWouldBeLost(std::string_view text) {
-  return text.find("削除") != std::string_view::npos || text.find("上書き") != std::string_view::npos;
+  constexpr std::string_view kWords[] = {"削除", "上書き", "破棄"};
+  return std::ranges::any_of(
+      kWords, [&](std::string_view word) { return text.find(word) != std::string_view::npos; });
 }
 
 }  // namespace

@@ -92,6 +92,7 @@ FormArea::FormArea(QWidget* parent)
     : QMdiArea(parent), cascade_(kCascadeStart), frameStyle_(std::make_unique<FrameStyle>()) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setActivationOrder(ActivationHistoryOrder);  // behind a form that closes comes the one before it
 }
 
 std::vector<Form*> FormArea::Forms() const {
@@ -159,8 +160,21 @@ void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
   if (place.maximized) frame->setWindowState(Qt::WindowMaximized);
 }
 
+void FormArea::Fit(Form* form, Fitting fitting) {
+  auto* const frame = qobject_cast<QMdiSubWindow*>(form->parentWidget());
+  if (frame == nullptr || frame->isMaximized() || frame->isMinimized()) return;
+  const QSize room = viewport()->size();
+  QSize size = frame->sizeHint();
+  if (fitting == Fitting::Grow) size = size.expandedTo(frame->size());
+  size = size.boundedTo(room);
+  const QPoint corner(std::clamp(frame->x(), 0, std::max(0, room.width() - size.width())),
+                      std::clamp(frame->y(), 0, std::max(0, room.height() - size.height())));
+  frame->setGeometry(QRect(corner, size));
+}
+
 void FormArea::UnloadAll() {
   for (Form* const form : Forms()) {
+    if (!form->BelongsToModel()) continue;
     form->Unload();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   }
@@ -168,6 +182,15 @@ void FormArea::UnloadAll() {
 
 void FormArea::RenewAll() {
   for (Form* const form : Forms()) form->Renew();
+}
+
+bool FormArea::CloseOthers() {
+  for (Form* const form : Forms()) {
+    if (form->BelongsToModel()) continue;
+    Show(form);  // what it may ask about must be seen
+    if (!form->CloseForm()) return false;
+  }
+  return true;
 }
 
 void FormArea::SetFormsEnabled(bool enabled, const std::vector<std::string>& except) {

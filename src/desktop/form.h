@@ -30,6 +30,13 @@ class Form : public QWidget {
   /// arranged beside it.
   virtual bool KeepsItsSize() const { return false; }
 
+  /// A grid that the Edit menu works on.
+  virtual bool HasGrid() const { return false; }
+
+  /// Whether the form goes with the model in hand. One that doesn't stays when another model comes, and is
+  /// asked to close at the program's end.
+  virtual bool BelongsToModel() const { return true; }
+
   /// Called behind every command: a form that shows a file shows it as it is now.
   virtual void Renew() {}
 
@@ -67,7 +74,14 @@ class FormArea : public QMdiArea {
   /// Shows a form: a new one where it was left last time, or else at the next place of the cascade and as
   /// large as its content asks for; one that is open comes to the front.
   void Show(Form* form);
+  enum class Fitting { Grow, Exact };
+  /// A form whose content has changed becomes as large as it asks for (Grow: no smaller than it is), as far
+  /// as the area has room, and is moved into it.
+  void Fit(Form* form, Fitting fitting);
+  /// Unloads the forms of the model in hand.
   void UnloadAll();
+  /// Closes the others; false as soon as one refuses.
+  bool CloseOthers();
   void RenewAll();
   /// Every form but those named takes input, or takes none.
   void SetFormsEnabled(bool enabled, const std::vector<std::string>& except);

@@ -29,6 +29,7 @@
 #include "desktop/printer_set.h"
 #include "desktop/prn_text.h"
 #include "desktop/remark.h"
+#include "desktop/section_table_window.h"
 #include "desktop/shell_windows.h"
 #include "desktop/table_window.h"
 #include "desktop/to_zor2.h"
@@ -70,6 +71,18 @@ std::string FrontForm(const FormArea& forms) {
   const QMdiSubWindow* const front = forms.activeSubWindow();
   return front == nullptr || front->widget() == nullptr ? std::string()
                                                         : FromQt(front->widget()->objectName());
+}
+
+/// Whether the Edit menu has something to work on.
+bool HasGridInFront(const FormArea& forms) {
+  const QMdiSubWindow* const front = forms.activeSubWindow();
+  const auto* const form = front == nullptr ? nullptr : qobject_cast<const Form*>(front->widget());
+  return form != nullptr && (form->HasGrid() || IsTableForm(FromQt(form->objectName())));
+}
+
+template <SheetKind kind>
+void OpenSheet(MainWindow& window) {
+  OpenSectionTable(window, kind);
 }
 
 void OpenOneRow(MainWindow& window, Command command) {
@@ -153,6 +166,13 @@ constexpr std::array kCommands = {
                [](MainWindow& window) { OpenOptions(window, OptionSet::Model); }},
     CommandRow{Command::ResultOptions, "frmAnalysisOption",
                [](MainWindow& window) { OpenOptions(window, OptionSet::Analysis); }},
+    CommandRow{Command::TableH, "frmEditKozaiTable", OpenSheet<SheetKind::H>},
+    CommandRow{Command::TableBox, "frmEditKozaiTable", OpenSheet<SheetKind::Box>},
+    CommandRow{Command::TablePipe, "frmEditKozaiTable", OpenSheet<SheetKind::Pipe>},
+    CommandRow{Command::TableMizo, "frmEditKozaiTable", OpenSheet<SheetKind::Channel>},
+    CommandRow{Command::TableYama, "frmEditKozaiTable", OpenSheet<SheetKind::Angle>},
+    CommandRow{Command::TimberGrades, "frmEditMokuzaiTable", OpenSheet<SheetKind::Grades>},
+    CommandRow{Command::TimberSections, "frmEditMokuzaiTable", OpenSheet<SheetKind::TimberSections>},
     CommandRow{Command::Cascade, "CascadeForms", [](MainWindow& window) { window.Forms().CascadeForms(); }},
     CommandRow{Command::TileHorizontal, "TileForms",
                [](MainWindow& window) { window.Forms().TileForms(Qt::Vertical); }},
@@ -246,7 +266,7 @@ void MainWindow::ComeToFront(const QString& deck) {
 
 void MainWindow::Refresh() {
   setWindowTitle(ToQt(MainCaption()));
-  const MenuFacts facts = CurrentMenuFacts(IsTableForm(FrontForm(*forms_)));
+  const MenuFacts facts = CurrentMenuFacts(HasGridInFront(*forms_));
   menu_->Update(facts);
   if (auto* const tables = qobject_cast<frmInputMenu*>(forms_->Find("frmInputMenu"))) tables->Update(facts);
   if (loaded_) menu_->ShowRecent(RecentModels());
@@ -278,6 +298,7 @@ void MainWindow::ShowStatus() {
 }
 
 void MainWindow::Leave() {
+  if (!forms_->CloseOthers()) return;
   const ExitWay way = LeaveProgram();
   if (way == ExitWay::Stay) return;
   if (way == ExitWay::UnloadAll) forms_->UnloadAll();

@@ -4,19 +4,31 @@
 #include <cmath>
 #include <QBoxLayout>
 #include <QFontMetricsF>
-#include <QMdiSubWindow>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTextDocument>
 
 #include "render/fonts.h"
 #include "render/qt_text.h"
+#include "shell/settings.h"
 
 namespace zorlan {
 namespace {
 
 constexpr double kPoints = 10.5;
 constexpr int kEmptyColumns = 40, kEmptyLines = 3;  // of a page without text
+
+/// Moves the help beside the form that it speaks of: to its right, below it, or to the right edge.
+void MoveBeside(const FormArea& forms, QWidget& help, const QRect& form) {
+  const QRect room = forms.viewport()->rect();
+  const QPoint edge(room.width() - help.width(), form.top());
+  for (const QPoint& corner : {form.topRight() + QPoint(1, 0), form.bottomLeft() + QPoint(0, 1), edge})
+    if (room.contains(QRect(corner, help.size())) || corner == edge) {
+      help.move(std::max(0, corner.x()),
+                std::clamp(corner.y(), 0, std::max(0, room.height() - help.height())));
+      return;
+    }
+}
 
 }  // namespace
 
@@ -56,16 +68,15 @@ QSize frmREMARK::sizeHint() const {
 void OpenInputHelp(FormArea& forms, const std::string& form) {
   auto* help = qobject_cast<frmREMARK*>(forms.Find("frmREMARK"));
   if (help == nullptr) help = new frmREMARK;
+  WindowPlace kept;
+  const bool first = help->parentWidget() == nullptr && !LoadWindowPlace("frmREMARK", kept);
+  const Form* const asking = forms.Find(form);
   help->ShowPage(InputHelpOf(form, CurrentFormSetting()));
   forms.Show(help);
-  // The size is the page's, whatever size was kept; the place is where it was left, moved into the frame.
-  auto* const frame = qobject_cast<QMdiSubWindow*>(help->parentWidget());
-  if (frame == nullptr || frame->isMaximized()) return;
-  const QSize room = forms.viewport()->size();
-  const QSize size = frame->sizeHint().boundedTo(room);
-  const QPoint corner(std::clamp(frame->x(), 0, std::max(0, room.width() - size.width())),
-                      std::clamp(frame->y(), 0, std::max(0, room.height() - size.height())));
-  frame->setGeometry(QRect(corner, size));
+  // The size is the page's, whatever size was kept; the place is where it was left.
+  forms.Fit(help, FormArea::Fitting::Exact);
+  if (first && asking != nullptr)
+    MoveBeside(forms, *help->parentWidget(), asking->parentWidget()->geometry());
 }
 
 }  // namespace zorlan

@@ -6,6 +6,7 @@
 #include <QUrl>
 
 #include "desktop/add_num.h"
+#include "desktop/danmen_input.h"
 #include "desktop/figure_windows.h"
 #include "desktop/folder_dialog_window.h"
 #include "desktop/form.h"
@@ -86,6 +87,7 @@ void InstallMainWindow(MainWindow& window) {
     return ShowTableRow(window, key, page, number);
   };
   table.followControl = [&window] { FollowControl(window); };
+  table.sectionEntry = [&window](std::vector<std::string>& cells) { return EnterSection(cells, &window); };
   table.addNum = [&window](std::string_view mode) { return AskNumber(mode, &window); };
   table.showText = [&window](TextWindow where, int flag, const std::string& path) {
     ShowTextIn(window, where, flag, path);

@@ -9,12 +9,11 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <QToolTip>
 
 #include "desktop/cell_box.h"
+#include "desktop/ledger_delegate.h"
 #include "forms/typing.h"
 #include "render/fonts.h"
 #include "render/qt_text.h"
@@ -23,49 +22,10 @@ namespace zorlan {
 namespace {
 
 constexpr double kPoints = 10.5;
-constexpr int kSidePadding = 5;  // pixels beside a cell's text
-constexpr int kLinePadding = 3;  // above and below it
+constexpr int kLinePadding = 3;  // pixels above and below a cell's text
 constexpr int kMinColumn = 9;    // half-width characters
 constexpr int kNameColumn = 20;
 constexpr int kShownRows = 20;
-
-/// The colour of a selection, thinned: what is written on it stays legible in both themes.
-QColor Tint(const QPalette& palette, double share) {
-  const QColor full = palette.color(QPalette::Highlight), base = palette.color(QPalette::Base);
-  const auto mixed = [&](int a, int b) { return qRound(share * a + (1 - share) * b); };
-  return {mixed(full.red(), base.red()), mixed(full.green(), base.green()), mixed(full.blue(), base.blue())};
-}
-
-/// Paints a cell of the ledger: the current row tinted, the selection over it, a frame on the current cell.
-class LedgerDelegate : public QStyledItemDelegate {
- public:
-  explicit LedgerDelegate(const TableView* view) : QStyledItemDelegate(nullptr), view_(view) {}
-
-  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    const QPalette& palette = option.palette;
-    const QModelIndex current = view_->currentIndex();
-    // The style has filled a selected cell already.
-    if (index.row() == current.row() && !option.state.testFlag(QStyle::State_Selected))
-      painter->fillRect(option.rect, Tint(QGuiApplication::palette(), 0.09));
-    const QString text = index.data(Qt::DisplayRole).toString();
-    if (!text.isEmpty()) {
-      const QRect room = option.rect.adjusted(kSidePadding, 0, -kSidePadding, 0);
-      painter->setPen(palette.color(QPalette::Text));
-      const bool right = index.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight;
-      const bool cut = option.fontMetrics.horizontalAdvance(text) > room.width();
-      // A number that is cut shows it: without its end it would be another number.
-      painter->drawText(room, Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft),
-                        cut ? option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()) : text);
-    }
-    if (index == current) {
-      painter->setPen(QPen(QGuiApplication::palette().color(QPalette::Highlight), 2));
-      painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
-    }
-  }
-
- private:
-  const TableView* view_;
-};
 
 }  // namespace
 
@@ -77,9 +37,7 @@ TableView::TableView(const TableEditor& editor, TableModel* model) : editor_(edi
   light.setColor(QPalette::HighlightedText, light.color(QPalette::Text));
   setPalette(light);
   setModel(model);
-  auto* const delegate = new LedgerDelegate(this);
-  delegate->setParent(this);
-  setItemDelegate(delegate);
+  setItemDelegate(new LedgerDelegate(this));
   setEditTriggers(NoEditTriggers);
   setSelectionMode(ContiguousSelection);
   setWordWrap(false);
@@ -116,7 +74,7 @@ void TableView::FitColumns() {
   QHeaderView* const rows = verticalHeader();
   rows->setSectionResizeMode(QHeaderView::Fixed);  // measuring every row would take a second
   rows->setDefaultSectionSize(qRound(metrics.height()) + 2 * kLinePadding);
-  rows->setFixedWidth(qRound(6 * half) + 2 * kSidePadding);
+  rows->setFixedWidth(qRound(6 * half) + 2 * kCellPadding);
   rows->setHighlightSections(true);
   QHeaderView* const header = horizontalHeader();
   header->setSectionResizeMode(QHeaderView::Interactive);
@@ -124,8 +82,9 @@ void TableView::FitColumns() {
   header->setDefaultAlignment(Qt::AlignCenter);
   for (int c = 0; c < model_->columnCount(); ++c) {
     const Column& column = editor_.ColumnAt(c + 1);
-    const int characters = std::max({column.width, column.IsNumber() ? kMinColumn : kNameColumn});
-    header->resizeSection(c, qRound(characters * half) + 2 * kSidePadding + 2);
+    const int usual = column.IsNumber() ? kMinColumn : kNameColumn;
+    const int characters = column.fixedWidth ? column.width : std::max(column.width, usual);
+    header->resizeSection(c, qRound(characters * half) + 2 * kCellPadding + 2);
   }
 }
 
@@ -134,7 +93,7 @@ QSize TableView::sizeHint() const {
                     verticalScrollBar()->sizeHint().width() + 2 * frameWidth() + 2;
   const int height = horizontalHeader()->sizeHint().height() +
                      kShownRows * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
-  return {std::max(width, 360), height};
+  return {std::max(width, 300), height};
 }
 
 CellPlace TableView::Current() const {
@@ -199,7 +158,7 @@ void TableView::PlaceBox() {
   if (open_ == nullptr) return;
   QRect cell = visualRect(model_->IndexOf(openAt_));
   // A box grows with its text, away from the side that the text stands at.
-  const int wanted = open_->fontMetrics().horizontalAdvance(open_->text()) + 4 * kSidePadding;
+  const int wanted = open_->fontMetrics().horizontalAdvance(open_->text()) + 4 * kCellPadding;
   const bool right = open_->alignment().testFlag(Qt::AlignRight);
   const int room = right ? cell.right() + 1 : viewport()->width() - cell.left();
   const int grown = std::clamp(wanted, cell.width(), std::max(room, cell.width()));
@@ -399,7 +358,7 @@ bool TableView::viewportEvent(QEvent* event) {
     const auto* const help = static_cast<QHelpEvent*>(event);
     const QModelIndex index = indexAt(help->pos());
     const QString text = index.data(Qt::DisplayRole).toString();
-    const bool cut = fontMetrics().horizontalAdvance(text) > visualRect(index).width() - 2 * kSidePadding;
+    const bool cut = fontMetrics().horizontalAdvance(text) > visualRect(index).width() - 2 * kCellPadding;
     if (index.isValid() && cut) {
       QToolTip::showText(help->globalPos(), text, viewport());
       return true;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <QAction>
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -29,12 +30,18 @@ namespace {
 
 constexpr int kHintTime = 5000;  // ms
 constexpr int kMaxGroups = 1000;
+constexpr int kButtonRoom = 12;  // pixels beside a caption
+
+/// The entries of the grid's context menu.
+constexpr Command kGridEntries[] = {Command::Cut,       Command::Copy, Command::Paste, Command::InsertRow,
+                                    Command::DeleteRow, Command::Add,  Command::Assign};
 
 QPushButton* Button(const char* caption, const char* name, const char* tip) {
   auto* const button = new QPushButton(QString::fromUtf8(caption));
   button->setObjectName(QString::fromLatin1(name));
   button->setToolTip(QString::fromUtf8(tip));
   button->setAutoDefault(true);
+  button->setMinimumWidth(button->sizeHint().width() + kButtonRoom);
   return button;
 }
 
@@ -84,6 +91,12 @@ QLayout* TableWindow::ButtonRow() {
 void TableWindow::Build() {
   model_ = new TableModel(editor_, this);
   view_ = new TableView(editor_, model_);
+  view_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  for (const Command command : kGridEntries) {
+    auto* const entry = new QAction(ToQt(RowOf(command).caption), view_);
+    connect(entry, &QAction::triggered, this, [this, command] { Edit(command); });
+    view_->addAction(entry);
+  }
   notice_ = new QLabel(ToQt(editor_.UnshownText()));
   notice_->setObjectName(QStringLiteral("notice"));
   notice_->setWordWrap(true);
@@ -142,9 +155,12 @@ void TableWindow::ShowTabs() {
   places_.resize(static_cast<std::size_t>(pages));
   if (tabs_ == nullptr) return;
   const QSignalBlocker quiet(tabs_);
+  const bool shown = tabs_->isVisible();
+  tabs_->hide();  // a visible bar would lay itself out for every tab
   while (tabs_->count() > pages) tabs_->removeTab(tabs_->count() - 1);
   while (tabs_->count() < pages) tabs_->addTab(ToQt(PageTitle(editor_.Form().pages, tabs_->count() + 1)));
   tabs_->setCurrentIndex(std::min(model_->Page(), pages) - 1);
+  tabs_->setVisible(shown || !isVisible());
   if (groups_ == nullptr) return;
   const QSignalBlocker still(groups_);
   groups_->setValue(pages);
@@ -362,7 +378,7 @@ bool TableWindow::TakeNodes(const std::vector<int>& nodes) {
 }
 
 QSize TableWindow::sizeHint() const {
-  return Form::sizeHint().expandedTo({420, 320});
+  return Form::sizeHint().expandedTo({320, 320});
 }
 
 TableWindow* OpenTableWindow(MainWindow& window, std::string_view name) {

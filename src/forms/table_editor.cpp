@@ -26,6 +26,17 @@ TableEditor::TableEditor(const TableForm& form, const FormSetting& setting)
       columns_(ColumnsOf(form, setting)),
       grid_(static_cast<int>(columns_.size()), form.pages == Pages::LoadCases ? setting.maxLoadCase : 1) {}
 
+TableEditor::TableEditor(const TableForm& form, std::vector<Column> columns)
+    : form_(&form), columns_(std::move(columns)), grid_(static_cast<int>(columns_.size())) {}
+
+void TableEditor::SetRows(std::vector<GridRow> rows) {
+  grid_ = Grid(static_cast<int>(columns_.size()));
+  for (GridRow& row : rows) grid_.AppendRow(1, std::move(row));
+  steps_.clear();
+  next_ = 0;
+  changed_ = false;
+}
+
 int TableEditor::LastKeyRow(int page) const {
   int row = grid_.LastRow(page);
   while (row > 0 && View(page, row).Blank(1)) --row;
@@ -115,6 +126,21 @@ void TableEditor::Clear(int page, const CellRange& range) {
 
 Pasted TableEditor::Paste(const CellPlace& place, std::string_view text) {
   Step step;
+  const Pasted pasted = Paste(step, place, text);
+  Finish(std::move(step));
+  return pasted;
+}
+
+Pasted TableEditor::InsertCopied(const CellPlace& place, std::string_view text) {
+  Step step;
+  for (std::size_t rows = ClipboardCells(text).size(); rows > 0; --rows)
+    step.push_back(RowInserted{place.page, place.row, grid_.InsertRow(place.page, place.row)});
+  const Pasted pasted = Paste(step, place, text);
+  Finish(std::move(step));
+  return pasted;
+}
+
+Pasted TableEditor::Paste(Step& step, const CellPlace& place, std::string_view text) {
   Pasted pasted{{place.row, place.column, place.row, place.column}};
   CellPlace at = place;
   for (const std::vector<std::string>& cells : ClipboardCells(text)) {
@@ -131,7 +157,6 @@ Pasted TableEditor::Paste(const CellPlace& place, std::string_view text) {
     }
     ++at.row;
   }
-  Finish(std::move(step));
   return pasted;
 }
 

@@ -34,6 +34,14 @@ class TableEditor {
  public:
   TableEditor(const TableForm& form, const FormSetting& setting);
 
+  /// A grid of one page that isn't a model's table: its rows come and go through SetRows and Cells. `form`
+  /// outlives the editor; of it the name and caption count.
+  TableEditor(const TableForm& form, std::vector<Column> columns);
+  /// Puts rows in place of all; nothing is changed or can be undone then.
+  void SetRows(std::vector<GridRow> rows);
+  /// The rows as they stand were saved.
+  void MarkSaved() { changed_ = false; }
+
   const TableForm& Form() const { return *form_; }
   const FormSetting& Setting() const { return setting_; }
   const std::vector<Column>& Columns() const { return columns_; }
@@ -63,6 +71,8 @@ class TableEditor {
   /// The text of a clipboard goes in from this cell on.
   Pasted Paste(const CellPlace& place, std::string_view text);
   void InsertRow(int page, int row);
+  /// Rows for the text of a clipboard go in at this cell's row, and the text into them from this cell on.
+  Pasted InsertCopied(const CellPlace& place, std::string_view text);
   void DeleteRows(int page, int first, int last);
   /// Adds to the value of each cell, a blank one counting as 0; names stay.
   void Add(int page, const CellRange& range, double number);
@@ -126,6 +136,8 @@ class TableEditor {
   void Redo(const Change& change);
   void Undo(const Change& change);
   CellPlace PlaceOf(const Change& change) const;
+  /// The text of a clipboard as part of a step.
+  Pasted Paste(Step& step, const CellPlace& place, std::string_view text);
   /// Changes a cell as part of a step.
   void Put(Step& step, const CellPlace& place, std::string text);
   /// Ends a step: rows that were blank get the text of new rows, and the step can be undone.

@@ -136,6 +136,7 @@ struct Column {
   std::string unit;   // "(t/cm2)", or empty
   int width = 0;      // of the header cell, in half-width characters
   bool right = false;
+  bool fixedWidth = false;  // as wide as told, and not what its kind usually takes
   std::string_view mask;
   bool IsNumber() const { return mask != kAnyText; }
 };

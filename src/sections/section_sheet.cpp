@@ -8,6 +8,7 @@
 #include "base/number.h"
 #include "base/number_format.h"
 #include "base/text.h"
+#include "base/text_file.h"
 #include "sections/steel_tables.h"
 #include "sections/table_lines.h"
 #include "sections/timber_tables.h"
@@ -209,7 +210,7 @@ SectionSheet SheetOf(SheetKind kind) {
 }
 
 std::string SheetPath(const SectionSheet& sheet) {
-  return (sheet.steel ? SteelTableFolder : TimberTableFolder) + sheet.file;
+  return PathIn(sheet.steel ? SteelTableFolder : TimberTableFolder, sheet.file);
 }
 
 SheetText ParseSheet(const SectionSheet& sheet, std::string_view bytes) {
@@ -261,13 +262,13 @@ std::optional<SheetFault> FindSheetFault(const SectionSheet& sheet, const std::v
 std::string SheetListing(const SectionSheet& sheet, const std::vector<SheetRow>& rows) {
   constexpr std::string_view kNumberHead = "   No";
   std::string listing = sheet.title + "\r\n\r\n";
-  const auto add = [&](std::string line) {
-    line.erase(line.find_last_not_of(' ') + 1);
-    listing += line + "\r\n";
-  };
+  // Every line is as long as the longest: a page that is too narrow makes all of them smaller alike.
+  std::size_t width = kNumberHead.size();
+  for (const SheetColumn& column : sheet.columns) width += 1 + static_cast<std::size_t>(column.width);
+  const auto add = [&](const std::string& line) { listing += PadRight(line, width) + "\r\n"; };
   const auto padded = [](const SheetColumn& column, std::string_view cell) {
-    const auto width = static_cast<std::size_t>(column.width);
-    return " " + (column.text ? PadRight(cell, width) : PadLeft(cell, width));
+    const auto room = static_cast<std::size_t>(column.width);
+    return " " + (column.text ? PadRight(cell, room) : PadLeft(cell, room));
   };
   // Captions stand on two lines where one of the sheet's does; those on one line stand above the units.
   const bool two = std::ranges::any_of(sheet.columns, [](const SheetColumn& column) {

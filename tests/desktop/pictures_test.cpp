@@ -14,8 +14,11 @@
 #include "desktop/busy.h"
 #include "desktop/desktop_test.h"
 #include "desktop/figure_view.h"
+#include "desktop/kozai_sentaku.h"
 #include "desktop/model.h"
+#include "desktop/remark.h"
 #include "desktop/splash.h"
+#include "sections/steel_tables.h"
 #include "shell/commands.h"
 #include "shell/project_copies.h"
 #include "shell/windows.h"
@@ -43,6 +46,8 @@ class PicturesTest : public DesktopTest {
       Click(dialog, button);
     });
   }
+  /// Looks at a child window in its frame.
+  void LookAtForm(const char* form, const char* picture) { Look(*OpenForm(form)->parentWidget(), picture); }
   /// Types a text into a cell of a table form, and looks at it with the box open.
   void LookAtBox(const char* form, std::pair<int, int> cell, const char* text, const char* picture) {
     auto* const grid = Child<QTableView>(OpenForm(form), "grid");
@@ -161,6 +166,76 @@ TEST_F(PicturesTest, DialogsOfTheFileMenu) {
   name.name = "例題－１の写し";
   LookAtModal("frmName", "name");
   TheWindows().nameDialog(name);
+}
+
+TEST_F(PicturesTest, OneRowForms) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  Choose("mnuDataItem(0)");
+  auto* const title = Child<QLineEdit>(OpenForm("InpTITL"), "title");
+  LookAtForm("InpTITL", "title");
+  title->setText(
+      QStringLiteral("二層二スパン鉄骨ラーメンの応力解析・断面算定, 柱脚固定 % @ 第三案の再検討用"));
+  LookAtForm("InpTITL", "title-long");
+  OpenForm("InpTITL")->Unload();
+  Choose("mnuDataItem(2)");
+  LookAtForm("InpCONT", "control");
+  Child<QComboBox>(OpenForm("InpCONT"), "model")->setCurrentIndex(1);
+  Child<QComboBox>(OpenForm("InpCONT"), "loadCases")->setCurrentIndex(19);
+  Child<QComboBox>(OpenForm("InpCONT"), "rollers")->setCurrentIndex(1);
+  LookAtForm("InpCONT", "control-rollers");
+  Child<QComboBox>(OpenForm("InpCONT"), "model")->setCurrentIndex(2);
+  LookAtForm("InpCONT", "control-grid");
+  OpenForm("InpCONT")->Unload();
+  Choose("mnuDataItem(3)");
+  LookAtForm("InpUNIT", "unit");
+  LookAtModal("AddNum", "add-num");
+  TheWindows().addNum("Add");
+}
+
+TEST_F(PicturesTest, InputHelp) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  Choose("mnuDataItem(3)");
+  Choose("mnuRemark");
+  Look(Window(), "help-beside");
+  for (const char* const form : {"InpNODE", "InpSECT", "InpELOD", "InpTITL"}) {
+    OpenInputHelp(Window().Forms(), form);
+    LookAtForm("frmREMARK", (std::string("help-") + form).c_str());
+  }
+}
+
+TEST_F(PicturesTest, SectionTables) {
+  for (const auto& [entry, picture] :
+       {std::pair("H_Table", "table-h"), std::pair("YAMA_TABLE", "table-yama")}) {
+    Choose(entry);
+    LookAtForm("frmEditKozaiTable", picture);
+  }
+  Look(Window(), "table-in-window");
+  ReplaceTextFile(SteelTableFolder + "PIPE.CSV", "a\r\nb\r\nc\r\n1,1,1,1,1,1,1\r\n2,x\r\n0\r\n1\r\n");
+  Choose("PIPE_Table");
+  LookAtForm("frmEditKozaiTable", "table-notices");
+  OpenForm("frmEditKozaiTable")->Unload();
+  for (const auto& [entry, picture] :
+       {std::pair("Kijyun_Table", "table-grades"), std::pair("Danmen_Table", "table-timber")}) {
+    Choose(entry);
+    LookAtForm("frmEditMokuzaiTable", picture);
+  }
+  Click(*OpenForm("frmEditMokuzaiTable"), "print");
+  Look(Window(), "table-print");
+}
+
+TEST_F(PicturesTest, SectionChoice) {
+  LookAtModal("frmKozaiSentaku", "chooser");
+  ChooseSteelSection("BOX", "BOX-400x200x9", &Window());
+  const std::pair<std::vector<std::string>, const char*> kRows[] = {
+      {{"1", "0", "120.5", "23500", "", "60"}, "section-direct"},
+      {{"1", "2", "400", "200", "8", "13"}, "section-h"},
+      {{"1", "7", "38", "140", "1.2", "5320", "1", "9.6", "0.6", "206", "D．Fir-L 1級"}, "section-timber"},
+      {{"1", "11"}, "section-angle"}};
+  for (const auto& [cells, picture] : kRows) {
+    LookAtModal("frmDanmenInput", picture);
+    std::vector<std::string> row = cells;
+    TheWindows().sectionEntry(row);
+  }
 }
 
 TEST_F(PicturesTest, OtherDialogs) {

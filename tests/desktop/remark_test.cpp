@@ -32,7 +32,17 @@ TEST_F(RemarkTest, F1OpensThePageOfTheFormInFront) {
             "[単位]\nＳＩ単位変換係数を省力下場合 : 9.80665");
   QTest::keyClick(Text(OpenForm("frmREMARK")), Qt::Key_Escape);
   EXPECT_EQ(OpenForm("frmREMARK"), nullptr);
-  EXPECT_NE(OpenForm("InpUNIT"), nullptr);
+  ASSERT_NE(OpenForm("InpUNIT"), nullptr);
+  EXPECT_TRUE(QTest::qWaitFor(
+      [this] { return Window().Forms().activeSubWindow() == OpenForm("InpUNIT")->parentWidget(); }));
+}
+
+TEST_F(RemarkTest, OnFirstUseTheWindowStandsBesideItsForm) {
+  Choose("mnuFileItem(0)");
+  Choose("mnuDataItem(3)");
+  Choose("mnuRemark");
+  const QRect form = OpenForm("InpUNIT")->parentWidget()->geometry();
+  EXPECT_FALSE(OpenForm("frmREMARK")->parentWidget()->geometry().intersects(form));
 }
 
 TEST_F(RemarkTest, AFormWithoutAPageLeavesTheBoxEmpty) {

@@ -213,6 +213,14 @@ TEST_F(TableFormTest, TheEditMenuInsertsDeletesAddsAndAssigns) {
   EXPECT_EQ(Cell(2, 2), "6");
 }
 
+TEST_F(TableFormTest, TheGridsOwnMenuHasTheEditCommands) {
+  OpenModel("1,2,0,0", "@NODE\n1,0,0,0,0,0\n2,6,0,0,0,0\n");
+  OpenNodes();
+  for (QAction* const entry : Table().View().actions())
+    if (entry->text().contains(QStringLiteral("行削除"))) entry->trigger();
+  EXPECT_EQ(Cell(1, 1), "2");
+}
+
 /// What an input method sends when a composition grows and when it is confirmed.
 void Compose(const char* preedit, const char* committed) {
   QInputMethodEvent event(QString::fromUtf8(preedit), {});
@@ -289,6 +297,8 @@ TEST_F(TableFormTest, TheBoxOfGroupsAddsAndRemovesPages) {
   EXPECT_EQ(tabs->count(), 2);
   EXPECT_EQ(Cell(1, 1, 2), "3");
   EXPECT_EQ(Child<QSpinBox>(&Table(), "groups")->value(), 2);
+  Child<QSpinBox>(&Table(), "groups")->setValue(1000);
+  EXPECT_EQ(tabs->count(), 1000);
 }
 
 TEST_F(TableFormTest, ARefusedRowIsShownInTheMiddleWithItsCellSelected) {

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -59,6 +60,26 @@ class WholeModelTest : public TableFormTest {
     TypeRows(rows);
     CloseByKey(form);
   }
+  /// The column's section is typed, the beam's is chosen from the table of H sections.
+  void TypeSections() {
+    OpenTable("mnuDataItem(6)", "InpSECT");
+    TypeRow("1 3 300 300 12 12 1 205000 79000");
+    Write("2");
+    Press(Qt::Key_Tab);
+    Script().Expect(QStringLiteral("frmDanmenInput"), [](QWidget& dialog) {
+      for (int type = 0; type < 2; ++type)
+        QTest::keyClick(Child<QListWidget>(&dialog, "kinds"), Qt::Key_Down);
+      QTest::keyClicks(Child<QLineEdit>(&dialog, "search"), "400x200x8x13");
+      auto* const choices = Child<QTableView>(&dialog, "choices");
+      choices->setFocus();
+      QTest::keyClick(choices, Qt::Key_Down);
+      QTest::keyClick(choices, Qt::Key_Return);
+    });
+    Press(Qt::Key_F4);
+    for (int column = 2; column < 7; ++column) Press(Qt::Key_Right);
+    TypeRow("1 205000 79000");
+    CloseByKey("InpSECT");
+  }
   void TypeRows(std::initializer_list<const char*> rows) {
     for (const char* const row : rows) TypeRow(row);
   }
@@ -76,8 +97,7 @@ TEST_F(WholeModelTest, ATwoStoreyFrameIsTypedSavedCheckedAndAnalysed) {
             {"1 0 0 1 1 1", "2 6 0 1 1 1", "3 0 3.5 0 0 0", "4 6 3.5 0 0 0", "5 0 7 0 0 0", "6 6 7 0 0 0"});
   TypeTable("mnuDataItem(5)", "InpELEM",
             {"1 1 3 0 0 1", "2 2 4 0 0 1", "3 3 5 0 0 1", "4 4 6 0 0 1", "5 3 4 0 0 2 1", "6 5 6 0 0 2 1"});
-  TypeTable("mnuDataItem(6)", "InpSECT",
-            {"1 3 300 300 12 12 1 205000 79000", "2 2 400 200 8 13 1 205000 79000"});
+  TypeSections();
   TypeTable("mnuDataItem(10)", "InpRIGD", {"1 0.025 0.03"});
   OpenTable("mnuLoad(0)", "InpPLOD");
   Press(Qt::Key_PageDown, Qt::ControlModifier);

@@ -1,6 +1,8 @@
 // A table through its form: loading, committing, and the bytes that stand in the file.
 #include "forms/table_editor.h"
 
+#include <random>
+
 #include "forms/form_test.h"
 
 namespace zorlan::test {
@@ -196,6 +198,33 @@ TEST_F(TableEditorTest, AGroupNumberBeyondAllModelsMakesNoPages) {
   TableEditor editor = Open("InpDISP");
   EXPECT_EQ(editor.Cells().PageCount(), 2);
   EXPECT_EQ(editor.UnshownText(), "グループ番号が範囲外のデータが 2 行あります");
+}
+
+TEST_F(TableEditorTest, ACommittedTableComesBackAsItStood) {
+  constexpr const char* kTexts[] = {"", "0", "1", "1", "2", "0.25", "-3.5", "99999", "1e3", "杉 甲"};
+  std::mt19937 random(7);
+  const auto pick = [&](int high) { return std::uniform_int_distribution<int>(0, high)(random); };
+  int written = 0;
+  for (const TableForm& form : TableForms())
+    for (int round = 0; round < 200; ++round) {
+      TableEditor editor(form, kFrame);
+      if (form.pages == Pages::Groups) editor.SetPageCount(3);
+      for (int cell = 0; cell < 12; ++cell)
+        editor.SetText(
+            {1 + pick(editor.Cells().PageCount() - 1), 1 + pick(2), 1 + pick(editor.Cells().Columns() - 1)},
+            kTexts[pick(9)]);
+      answers.assign(20, Answer::Yes);
+      if (Commit(editor) != CommitEnd::Written) continue;
+      const std::string file = Table(TableKey(form));
+      TableEditor again = Open(form.name, kFrame);
+      EXPECT_EQ(again.UnshownText(), "") << file;
+      again.MarkChanged();
+      answers.assign(20, Answer::Yes);
+      EXPECT_EQ(Commit(again), CommitEnd::Written) << form.name << "\n" << file;
+      EXPECT_EQ(Table(TableKey(form)), file) << form.name;
+      ++written;
+    }
+  EXPECT_GT(written, 200);
 }
 
 TEST_F(TableEditorTest, AForeignFileIsShownAsFarAsItCanBe) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "base/cp932.h"
+#include "base/text.h"
 #include "base/text_file.h"
 #include "sections/table_folder.h"
 
@@ -35,6 +36,15 @@ TEST(SectionSheet, WidthsAreFixedByTheMasks) {
   EXPECT_EQ(sheet.columns[5].unit, "(cm2)");
   EXPECT_EQ(SheetOf(SheetKind::Grades).columns.size(), 7U);
   EXPECT_EQ(SheetOf(SheetKind::TimberSections).columns.size(), 14U);
+}
+
+class SheetPathTest : public TableFolder {};
+
+TEST_F(SheetPathTest, IsThatOfTheFileAsTheFolderNamesIt) {
+  Write("pipe.csv", "");
+  EXPECT_EQ(SheetPath(SheetOf(SheetKind::Pipe)), Path("pipe.csv"));
+  EXPECT_EQ(SheetPath(SheetOf(SheetKind::H)), Path("H.CSV"));
+  EXPECT_EQ(SheetPath(SheetOf(SheetKind::TimberSections)), Path("断面.CSV"));
 }
 
 TEST(SectionSheet, EveryShippedTableComesBackToTheByte) {
@@ -149,24 +159,36 @@ TEST(SectionSheet, ATimberRowMustHaveANameThatItsFileCanHold) {
   EXPECT_EQ(FindSheetFault(SheetOf(SheetKind::Grades), {{"杉"}}), std::nullopt);
 }
 
+/// The lines of a listing without the blanks that make them equally long; lines of another length fail.
+std::string Trimmed(const std::string& listing, std::size_t width) {
+  std::string trimmed;
+  std::string_view rest = listing;
+  for (int number = 0; const std::optional<std::string_view> line = TakeLine(rest); ++number) {
+    EXPECT_TRUE(number < 2 || HalfWidth(*line) == width) << *line;
+    trimmed.append(line->substr(0, line->find_last_not_of(' ') + 1)).append("\n");
+  }
+  return trimmed;
+}
+
 TEST(SectionSheet, TheListingNumbersTheRowsUnderCaptionsAndUnits) {
-  EXPECT_EQ(SheetListing(SheetOf(SheetKind::Pipe),
-                         {{"101.6", "4.2", "12.85", "153", "3.45", "30.1"}, {}, {"50", "3"}}),
-            "○形鋼管 断面性能テーブル\r\n\r\n"
-            "   No    Ｄ     t 断面積     Ｉx     ｉx     Ｚx\r\n"
-            "       (mm)  (mm)  (cm2)   (cm4)    (cm)   (cm3)\r\n"
-            "    1 101.6   4.2  12.85     153    3.45    30.1\r\n"
-            "    2    50     3\r\n");
+  const std::string listing = SheetListing(
+      SheetOf(SheetKind::Pipe), {{"101.6", "4.2", "12.85", "153", "3.45", "30.1"}, {}, {"50", "3"}});
+  EXPECT_EQ(Trimmed(listing, 5 + 2 * 6 + 7 + 3 * 8),
+            "○形鋼管 断面性能テーブル\n\n"
+            "   No    Ｄ     t 断面積     Ｉx     ｉx     Ｚx\n"
+            "       (mm)  (mm)  (cm2)   (cm4)    (cm)   (cm3)\n"
+            "    1 101.6   4.2  12.85     153    3.45    30.1\n"
+            "    2    50     3\n");
 }
 
 TEST(SectionSheet, CaptionsOfTwoLinesTakeTwoLinesOfTheListing) {
   const std::string listing = SheetListing(SheetOf(SheetKind::Grades), {{"杉 1級", "杉1"}});
-  EXPECT_EQ(listing,
-            "材種テーブル\r\n\r\n"
-            "                           表示用\r\n"
-            "   No 樹種 名称            略称        圧縮:Fc  引張:Ft  曲げ:Fb  剪断:Fs 弾性係数\r\n"
-            "                                       (N/mm2)  (N/mm2)  (N/mm2)  (N/mm2)  (N/mm2)\r\n"
-            "    1 杉 1級               杉1\r\n");
+  EXPECT_EQ(Trimmed(listing, 5 + 21 + 11 + 5 * 9),
+            "材種テーブル\n\n"
+            "                           表示用\n"
+            "   No 樹種 名称            略称        圧縮:Fc  引張:Ft  曲げ:Fb  剪断:Fs 弾性係数\n"
+            "                                       (N/mm2)  (N/mm2)  (N/mm2)  (N/mm2)  (N/mm2)\n"
+            "    1 杉 1級               杉1\n");
 }
 
 }  // namespace
