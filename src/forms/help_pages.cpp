@@ -164,9 +164,9 @@ constexpr HelpLine kRigidZone[] = {
 };
 constexpr HelpLine kSpring[] = {
     {"[支点ばね]"},
-    {" K-x : Ｘ方向のバネ定数", Always, "2"},
-    {" K-y : Ｙ方向のバネ定数", Always, "3"},
-    {" K-θ: 回転のバネ定数", Always, "4"},
+    {" K-x : Ｘ方向のバネ定数"},
+    {" K-y : Ｙ方向のバネ定数"},
+    {" K-θ: 回転のバネ定数"},
 };
 constexpr HelpLine kForcedDisplacement[] = {
     {"[強制変位]"},
@@ -244,17 +244,6 @@ std::string ColumnHelp(std::string_view form, int column, const FormSetting& set
   std::string text;
   for (const std::string& line : LinesOf(*page, column, setting))
     text.append(text.empty() ? "" : "\n").append(line);
-  return text;
-}
-
-std::string SectionTypeHelp(int type) {
-  if (type < 0 || type >= kSectionKinds) return {};
-  const SectionKind& kind = SectionKindOf(type);
-  std::string text = "TYPE " + std::to_string(type) + " ";
-  text.append(kind.shape);
-  for (std::size_t i = 0; i < kind.fields.size(); ++i)
-    if (kind.fields[i] != "-")
-      text.append("　P").append(std::to_string(i + 1)).append(":").append(kind.fields[i]);
   return text;
 }
 

@@ -24,8 +24,4 @@ InputHelp InputHelpOf(std::string_view form, const FormSetting& setting);
 /// column, the sign of a load. Empty where the page says nothing of it.
 std::string ColumnHelp(std::string_view form, int column, const FormSetting& setting);
 
-/// What P1 to P4 of a section TYPE hold, on one line: "TYPE 2 Ｈ形鋼 強軸　P1:H(mm)　P2:B(mm) ..."; empty
-/// for a number that is no TYPE.
-std::string SectionTypeHelp(int type);
-
 }  // namespace zorlan

@@ -5,6 +5,7 @@
 #include "base/cp932.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "forms/help_pages.h"
 #include "model/model_state.h"
 
 namespace zorlan {
@@ -166,7 +167,7 @@ std::string CellTip(const TableForm& form, const FormSetting& setting, int colum
   for (const ColumnTip& tip : form.tips)
     if (tip.column == column && Applies(tip.when, setting))
       return tip.ofRow != nullptr ? tip.ofRow(row) : std::string(tip.text);
-  return {};
+  return ColumnHelp(form.name, column, setting);
 }
 
 std::string TipLine(std::string_view tip) {

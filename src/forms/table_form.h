@@ -111,7 +111,7 @@ struct TableForm {
   std::span<const HeaderText> headers;
   std::span<const std::string_view> masks;  // by column; a header may show fewer
   std::span<const RowCheck> checks;         // behind the key's own
-  std::span<const ColumnTip> tips;
+  std::span<const ColumnTip> tips = {};     // of columns that the input help doesn't explain as they are
   Pages pages = Pages::None;
   std::span<const RowFix> fixes = {};
   std::span<const RowQuestion> questions = {};

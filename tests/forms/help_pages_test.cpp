@@ -124,12 +124,5 @@ TEST(ColumnHelp, IsEmptyWhereThePageSaysNothing) {
   EXPECT_EQ(ColumnHelp("InpTITL", 1, Frame()), "");
 }
 
-TEST(ColumnHelp, ATypesFieldsStandOnOneLine) {
-  EXPECT_EQ(SectionTypeHelp(2), "TYPE 2 Ｈ形鋼 強軸　P1:H(mm)　P2:B(mm)　P3:tw(mm)　P4:tf(mm)");
-  EXPECT_EQ(SectionTypeHelp(4), "TYPE 4 ○形鋼　P1:D(mm)　P2:t(mm)");
-  EXPECT_EQ(SectionTypeHelp(13), "");
-  EXPECT_EQ(SectionTypeHelp(-1), "");
-}
-
 }  // namespace
 }  // namespace zorlan
