@@ -29,7 +29,6 @@ namespace zorlan {
 namespace {
 
 constexpr int kHintTime = 5000;  // ms
-constexpr int kMaxGroups = 1000;
 constexpr int kButtonRoom = 12;  // pixels beside a caption
 
 /// The entries of the grid's context menu.
@@ -131,7 +130,7 @@ void TableWindow::Connect() {
   });
   connect(view_, &TableView::pageAsked, this, [this](int steps) {
     const int page = model_->Page() + steps;
-    if (page >= 1 && page <= editor_.Cells().PageCount()) ShowPage(page);
+    if (page >= 1 && page <= editor_.PageCount()) ShowPage(page);
   });
   if (tabs_ != nullptr)
     connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) { ShowPage(tab + 1); });
@@ -151,7 +150,7 @@ void TableWindow::Connect() {
 }
 
 void TableWindow::ShowTabs() {
-  const int pages = editor_.Cells().PageCount();
+  const int pages = editor_.PageCount();
   places_.resize(static_cast<std::size_t>(pages));
   if (tabs_ == nullptr) return;
   const QSignalBlocker quiet(tabs_);
@@ -180,9 +179,9 @@ void TableWindow::ShowPage(int page) {
 }
 
 void TableWindow::ShowAll() {
-  if (editor_.Cells().PageCount() != static_cast<int>(places_.size())) {
+  if (editor_.PageCount() != static_cast<int>(places_.size())) {
     ShowTabs();
-    if (model_->Page() > editor_.Cells().PageCount()) ShowPage(editor_.Cells().PageCount());
+    if (model_->Page() > editor_.PageCount()) ShowPage(editor_.PageCount());
   }
   model_->ShowChange();
 }
@@ -195,7 +194,7 @@ void TableWindow::GoTo(const CellPlace& place, bool middle) {
 void TableWindow::Walk(std::optional<CellPlace> place) {
   ShowAll();
   if (!place) return;
-  place->page = std::min(place->page, editor_.Cells().PageCount());
+  place->page = std::min(place->page, editor_.PageCount());
   place->column = std::min(place->column, model_->columnCount());
   GoTo(*place, /*middle=*/false);
 }
@@ -357,7 +356,7 @@ void TableWindow::Follow() {
 
 bool TableWindow::GoToNumber(int page, int number) {
   view_->CloseBox();
-  for (int p = 1; p <= editor_.Cells().PageCount(); ++p)
+  for (int p = 1; p <= editor_.PageCount(); ++p)
     for (int row = 1; (page == 0 || page == p) && row <= editor_.LastKeyRow(p); ++row)
       if (!editor_.View(p, row).Blank(1) && editor_.View(p, row).Real(1) == number) {
         GoTo({p, row, 1}, /*middle=*/true);
