@@ -312,7 +312,7 @@ void TableWindow::Redraw() {
   } catch (const std::exception& fault) {
     Tell(fault.what());
   }
-  LookAtResults();
+  if (editor_.Form().dropsListing) LookAtListing();
   std::vector<TypedTable> tables = {{TableKey(editor_.Form()), editor_.Rows()}};
   if (editor_.Form().name == "InpELEM")
     if (TableWindow* const nodes = OpenWindowOf(window_, "InpNODE"))
@@ -321,12 +321,20 @@ void TableWindow::Redraw() {
   TheWindows().refresh();
 }
 
+void TableWindow::RedrawCommitted() {
+  try {
+    Redraw();
+  } catch (const std::exception& fault) {
+    Tell(fault.what());  // the table stands; a figure that can't be drawn doesn't hold the form
+  }
+}
+
 bool TableWindow::Commit() {
   view_->CloseBox();
   std::optional<CellPlace> place;
   try {
     const CommitEnd end = editor_.Commit(place);
-    if (end == CommitEnd::Written) Redraw();
+    if (end == CommitEnd::Written) RedrawCommitted();
     if (end != CommitEnd::Refused) return true;
   } catch (const std::exception& fault) {
     Tell(fault.what());
@@ -340,10 +348,11 @@ bool TableWindow::Commit() {
 
 void TableWindow::Follow() {
   view_->CloseBox();
+  std::string fault;
   try {
     editor_.Follow(CurrentFormSetting());
-  } catch (const std::exception& fault) {
-    Tell(fault.what());
+  } catch (const std::exception& unread) {
+    fault = unread.what();
   }
   const CellPlace place = view_->Current();
   model_->ShowHeader();
@@ -352,6 +361,7 @@ void TableWindow::Follow() {
   notice_->setText(ToQt(editor_.UnshownText()));
   notice_->setVisible(!notice_->text().isEmpty());
   Walk(place);
+  if (!fault.empty()) Tell(fault);  // once the grid has its columns: the box lets it be painted
 }
 
 bool TableWindow::GoToNumber(int page, int number) {
