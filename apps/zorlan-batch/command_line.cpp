@@ -5,6 +5,7 @@
 
 #include "base/host.h"
 #include "shell/documents_folder.h"
+#include "shell/figure_deck.h"
 
 namespace zorlan::batch {
 namespace {
@@ -42,10 +43,21 @@ std::string Complaint(const CLI::App& app, const CLI::ParseError& error) {
   return std::string("引数が正しくありません ： ") + error.what();
 }
 
+std::string FigureRefusal(const Request& request) {
+  if (request.decks.size() > 1) return "図は、入力データファイルを一つだけ指定して出力します";
+  if (request.output.empty()) return "出力するファイル（--output）を指定してください";
+  if (!FigureFormOf(request.output))
+    return request.output + " ： ファイルの種類は .dxf .pdf .svg .png .tmp のどれかです";
+  if (!FigureKindOf(request.figureKind))
+    return "図の種類（--kind）を " + FigureKindWords() + " から指定してください";
+  return {};
+}
+
 /// What keeps a well-formed command from being carried out; empty: nothing.
-std::string_view Refusal(const Request& request) {
+std::string Refusal(const Request& request) {
   if (request.command->words == Command::Words::ListingAndPdf && request.output.empty())
     return "ＰＤＦファイル（--output）を指定してください";
+  if (request.command->words == Command::Words::DeckAndFigure) return FigureRefusal(request);
   if (request.command->words != Command::Words::DecksAndCsv) return {};
   if (request.csvFolder.empty()) return "出力先フォルダを指定してください";
   if (!request.csvName.empty() && request.decks.size() > 1)
@@ -98,6 +110,17 @@ std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
           ->required()
           ->type_name("");
     }
+    if (command.words == Command::Words::DeckAndFigure) {
+      level->add_option("--kind", request.figureKind, "図の種類 ： " + FigureKindWords())
+          ->type_name("KIND")
+          ->group(kOptionGroup);
+      level->add_option("--case", request.loadCase, "荷重ケース（省略時は 1）")
+          ->type_name("N")
+          ->group(kOptionGroup);
+      level->add_option("--output", request.output, "出力するファイル .dxf .pdf .svg .png .tmp")
+          ->type_name("FILE")
+          ->group(kOptionGroup);
+    }
     if (command.words == Command::Words::DecksAndCsv) {
       level->add_option("--folder", request.csvFolder, "出力先フォルダ")
           ->type_name("DIR")
@@ -110,7 +133,7 @@ std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
 
   try {
     app.parse(argc, argv);
-    const std::string_view refusal = Refusal(request);
+    const std::string refusal = Refusal(request);
     if (refusal.empty()) return request;
     Tell(refusal);
     return kUsage;

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -15,6 +14,7 @@
 #include "analysis/static_analysis.h"
 #include "base/fault.h"
 #include "base/host.h"
+#include "base/text.h"
 #include "base/text_file.h"
 #include "batch_host.h"
 #include "model/deck.h"
@@ -23,6 +23,7 @@
 #include "output/csv_output.h"
 #include "program_folders.h"
 #include "shell/convert.h"
+#include "shell/figure_deck.h"
 #include "summary.h"
 
 namespace zorlan::batch {
@@ -112,13 +113,31 @@ ExitCode Convert(const Request& request) {
 
 /// Becomes the program that knows pages: the others stay free of its libraries, whose start alone takes
 /// longer than the analysis of a small deck.
-ExitCode Print(const Request& request) {
+[[noreturn]] void BecomePrinter(std::vector<std::string> words) {
   const std::string program = ProgramFolder + "zorlan-print";
-  std::array<std::string, 4> words = {program, request.decks.front(), request.output, AppPath};
-  std::array<char*, 5> arguments = {words[0].data(), words[1].data(), words[2].data(), words[3].data(),
-                                    nullptr};
+  std::vector<char*> arguments = {const_cast<char*>(program.c_str())};
+  for (std::string& word : words) arguments.push_back(word.data());
+  arguments.push_back(nullptr);
   ::execv(program.c_str(), arguments.data());
   throw FileFault(program, std::strerror(errno));
+}
+
+ExitCode Print(const Request& request) {
+  BecomePrinter({"listing", AppPath, request.decks.front(), request.output});
+}
+
+ExitCode DrawFigure(const Request& request) {
+  const SelectedFigure choice{*FigureKindOf(request.figureKind), request.loadCase};
+  switch (*FigureFormOf(request.output)) {
+    case FigureForm::DrawingList:
+      return WriteFigureList(choice, request.output) ? kDone : kFailed;
+    case FigureForm::Dxf:
+      return WriteFigureDxf(choice, request.output) ? kDone : kFailed;
+    case FigureForm::Painted:
+      break;
+  }
+  BecomePrinter({"figure", AppPath, request.decks.front(), request.figureKind,
+                 std::to_string(request.loadCase), request.output});
 }
 
 constexpr Command kCommands[] = {
@@ -128,6 +147,8 @@ constexpr Command kCommands[] = {
     {"csv", "解析結果を３つのＣＳＶファイルに出力します", Csv, Command::Words::DecksAndCsv},
     {"convert", "旧版（Ver1）のモデルのフォルダを入力データファイルに変換します", Convert,
      Command::Words::OldModelAndDeck},
+    {"figure", "図を１つ、ファイル（.dxf .pdf .svg .png .tmp）に出力します", DrawFigure,
+     Command::Words::DeckAndFigure},
     {"print", "リストを印刷の形でＰＤＦファイルに出力します", Print, Command::Words::ListingAndPdf},
 };
 
@@ -154,6 +175,15 @@ ExitCode RunOnDeck(const Request& request, const std::string& deck) {
 
 std::span<const Command> Commands() {
   return kCommands;
+}
+
+std::optional<FigureForm> FigureFormOf(std::string_view path) {
+  const std::string name = UpperCase(path);
+  if (name.ends_with(".TMP")) return FigureForm::DrawingList;
+  if (name.ends_with(".DXF")) return FigureForm::Dxf;
+  for (const std::string_view ending : {".PDF", ".SVG", ".PNG"})
+    if (name.ends_with(ending)) return FigureForm::Painted;
+  return std::nullopt;
 }
 
 ExitCode RunCommand(const Request& request) {

@@ -1,8 +1,10 @@
 // The commands of zorlan-batch, each on one deck.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zorlan::batch {
@@ -17,8 +19,8 @@ struct Command {
   const char* description;
   ExitCode (*run)(const Request& request);  // on the model in hand; a Fault is a failure
   /// What stands behind the command: decks; decks, and where the CSV files go; an old model and the deck to
-  /// make of it; a listing, and the PDF file to make of it.
-  enum class Words { Decks, DecksAndCsv, OldModelAndDeck, ListingAndPdf } words = Words::Decks;
+  /// make of it; a listing, and the PDF file to make of it; a deck, and the figure to make of it.
+  enum class Words { Decks, DecksAndCsv, OldModelAndDeck, ListingAndPdf, DeckAndFigure } words = Words::Decks;
 };
 
 /// What stands on the command line.
@@ -29,9 +31,15 @@ struct Request {
   std::string oldModel;   // the folder that a conversion reads
   std::string csvFolder, csvName;
   std::string output;
+  std::string figureKind;  // a word of FigureKindOf
+  int loadCase = 1;
 };
 
 std::span<const Command> Commands();
+
+/// The form of a figure's file, by its ending; nothing for an unknown one.
+enum class FigureForm { DrawingList, Dxf, Painted };
+std::optional<FigureForm> FigureFormOf(std::string_view path);
 
 /// Runs the command on every deck in turn; a failure of one doesn't stop the next. Answers the gravest exit
 /// code.

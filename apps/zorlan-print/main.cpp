@@ -1,17 +1,25 @@
-// zorlan-print LISTING PDF TREE: a listing on the pages that the desktop prints, by the printer settings of
-// the program's tree. It serves `zorlan-batch print`.
+// zorlan-print listing TREE LISTING PDF: a listing on the pages that the desktop prints.
+// zorlan-print figure TREE DECK KIND CASE FILE: a figure of a deck as PDF, SVG or PNG.
+// The printer settings and display options are those of the program's tree. It serves `zorlan-batch`, which
+// has looked at the words already.
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <QGuiApplication>
 #include <QTemporaryDir>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "base/host.h"
+#include "base/text.h"
 #include "base/text_file.h"
 #include "model/model_state.h"
 #include "output/print_flag.h"
+#include "render/figure_painter.h"
 #include "render/fonts.h"
 #include "render/text_page_painter.h"
+#include "shell/figure_deck.h"
 #include "shell/page_setup.h"
 #include "shell/settings.h"
 
@@ -26,11 +34,49 @@ void PrintMessage(std::string_view text, std::string_view title) {
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-void WritePages(const std::string& listing, const std::string& pdf) {
+bool WritePages(std::span<char*> words) {
+  const std::string listing = words[0];
   const std::string text = ReadTextFile(listing);
   const TextPages pages =
       LayOutTextPages(text, StyleOfFlag(FlagOfListing(listing)), PageSetupOf(StoredPrinterInfo()));
-  ReplaceBytes(pdf, TextPagesPdf(pages));
+  ReplaceBytes(words[1], TextPagesPdf(pages));
+  return true;
+}
+
+/// The deck's folder serves as the project folder.
+void SetModelInHand(const std::string& deck) {
+  const std::size_t nameAt = deck.rfind('/') + 1;
+  DataPath = deck.substr(0, nameAt);
+  ModelFile = deck.substr(nameAt);
+}
+
+std::string FigureFile(const FigurePicture& picture, const std::string& path) {
+  const std::string name = UpperCase(path);
+  if (name.ends_with(".SVG")) return PictureSvg(picture);
+  if (name.ends_with(".PNG")) return PicturePng(picture);
+  return PicturesPdf({&picture, 1});
+}
+
+bool WriteFigure(std::span<char*> words) {
+  SetModelInHand(words[0]);
+  const SelectedFigure choice{FigureKindOf(words[1]).value_or(kModelFigure), std::atoi(words[2])};
+  FigurePicture picture(SheetOfFigure(choice).sheet);
+  if (!DrawFigureOfDeck(picture, choice)) return false;
+  ReplaceBytes(words[3], FigureFile(picture, words[3]), Flush::No);
+  return true;
+}
+
+struct Job {
+  std::string_view name;
+  int words;                            // behind the tree
+  bool (*run)(std::span<char*> words);  // false: it failed, which was told
+};
+constexpr Job kJobs[] = {{"listing", 2, WritePages}, {"figure", 4, WriteFigure}};
+
+const Job* JobOf(int argc, char** argv) {
+  for (const Job& job : kJobs)
+    if (argc == job.words + 3 && job.name == argv[1]) return &job;
+  return nullptr;
 }
 
 }  // namespace
@@ -39,8 +85,9 @@ int main(int argc, char** argv) {
   Host host;
   host.message = PrintMessage;
   InstallHost(std::move(host));
-  if (argc != 4) {
-    Tell("zorlan-batch print を使ってください");
+  const Job* const job = JobOf(argc, argv);
+  if (job == nullptr) {
+    Tell("zorlan-batch print または zorlan-batch figure を使ってください");
     return kUsage;
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -54,9 +101,8 @@ int main(int argc, char** argv) {
     return kFailed;
   }
   try {
-    AppPath = argv[3];
-    WritePages(argv[1], argv[2]);
-    return kDone;
+    AppPath = argv[2];
+    return job->run(std::span(argv, static_cast<std::size_t>(argc)).subspan(3)) ? kDone : kFailed;
   } catch (const std::exception& fault) {
     Tell(fault.what());
     return kFailed;

@@ -18,12 +18,14 @@
 
 #include "desktop/busy.h"
 #include "desktop/csv_file.h"
+#include "desktop/figure_windows.h"
 #include "desktop/form.h"
 #include "desktop/hand_over.h"
 #include "desktop/icons.h"
 #include "desktop/input_menu.h"
 #include "desktop/main_menu.h"
 #include "desktop/one_row_forms.h"
+#include "desktop/option_dialog.h"
 #include "desktop/printer_set.h"
 #include "desktop/prn_text.h"
 #include "desktop/remark.h"
@@ -137,6 +139,7 @@ constexpr std::array kCommands = {
     CommandRow{Command::InputHelp, "frmREMARK",
                [](MainWindow& window) { OpenInputHelp(window.Forms(), FrontForm(window.Forms())); }},
     CommandRow{Command::Check, "CheckInput", [](MainWindow&) { CheckInput(); }},
+    CommandRow{Command::ModelFigure, "Model", [](MainWindow& window) { OpenFigure(window, kModelFigure); }},
     CommandRow{Command::Analyse, "AnalyseModel", [](MainWindow&) { AnalyseModel(); }},
     CommandRow{Command::ReadListing, "ShowAnalysisListing", [](MainWindow&) { ShowAnalysisListing(); }},
     CommandRow{Command::PrintListing, "PrintAnalysisListing", [](MainWindow&) { PrintAnalysisListing(); }},
@@ -148,6 +151,21 @@ constexpr std::array kCommands = {
                [](MainWindow&) { ShowText(kPrintSteelDesign, /*preview=*/true); }},
     CommandRow{Command::PrintConcreteDesign, "ShowText",
                [](MainWindow&) { ShowText(kPrintConcreteDesign, /*preview=*/true); }},
+    CommandRow{Command::SteelFigure, "Model",
+               [](MainWindow& window) { OpenFigure(window, kSteelRatioFigure); }},
+    CommandRow{Command::ConcreteFigure, "Model",
+               [](MainWindow& window) { OpenFigure(window, kRcRatioFigure); }},
+    CommandRow{Command::LoadFigure, "Model", [](MainWindow& window) { OpenFigure(window, kLoadCheck); }},
+    CommandRow{Command::DisplacementFigure, "Model",
+               [](MainWindow& window) { OpenFigure(window, kDisplacementFigure); }},
+    CommandRow{Command::NormalFigure, "Model", [](MainWindow& window) { OpenFigure(window, kAxialFigure); }},
+    CommandRow{Command::ShearFigure, "Model", [](MainWindow& window) { OpenFigure(window, kShearFigure); }},
+    CommandRow{Command::MomentFigure, "Model", [](MainWindow& window) { OpenFigure(window, kMomentFigure); }},
+    CommandRow{Command::PrintFigures, "frmSelctLC", [](MainWindow& window) { PrintFigures(window); }},
+    CommandRow{Command::DisplayOptions, "frmModelOption",
+               [](MainWindow& window) { OpenOptions(window, OptionSet::Model); }},
+    CommandRow{Command::ResultOptions, "frmAnalysisOption",
+               [](MainWindow& window) { OpenOptions(window, OptionSet::Analysis); }},
     CommandRow{Command::TableH, "frmEditKozaiTable", OpenSheet<SheetKind::H>},
     CommandRow{Command::TableBox, "frmEditKozaiTable", OpenSheet<SheetKind::Box>},
     CommandRow{Command::TablePipe, "frmEditKozaiTable", OpenSheet<SheetKind::Pipe>},
@@ -200,6 +218,7 @@ Started MainWindow::Load(const StartUp& start) {
   const Started started = RunStartUp(start);
   loaded_ = started == Started::Ready;
   if (loaded_) {
+    LoadDisplayOptions();
     RestorePlace();
     auto* const watch = new HandOverWatch(this);
     connect(watch, &HandOverWatch::arrived, this, &MainWindow::ComeToFront);

@@ -1,48 +1,38 @@
 #include "desktop/model_picture.h"
 
 #include <algorithm>
+#include <QImage>
 #include <QPainter>
 #include <QPalette>
-#include <QPen>
-#include <QPointF>
-#include <unordered_map>
+#include <utility>
+
+#include "desktop/hush.h"
+#include "graphics/option_figures.h"
+#include "graphics/plot.h"
+#include "render/figure_painter.h"
 
 namespace zorlan {
 namespace {
 
-constexpr double kMargin = 16;  // pixels
-constexpr double kNodeRadius = 2.2;
-constexpr int kCrowded = 400;  // more nodes than this are drawn without dots
+constexpr double kTwipsPerPixel = 15;
 
-/// From metres into pixels, y upwards, as large as the widget allows.
-class Fit {
+/// A picture without its texts: they would be too many for its size.
+class Drawing final : public PlotTarget {
  public:
-  Fit(const ModelRec& model, const QSizeF& room) {
-    double left = model.Node[1].X, right = left, bottom = model.Node[1].Y, top = bottom;
-    for (int n = 2; n <= model.NodeCount; ++n) {
-      left = std::min(left, model.Node[n].X);
-      right = std::max(right, model.Node[n].X);
-      bottom = std::min(bottom, model.Node[n].Y);
-      top = std::max(top, model.Node[n].Y);
-    }
-    const double width = std::max(right - left, 1e-9), height = std::max(top - bottom, 1e-9);
-    scale_ = std::min((room.width() - 2 * kMargin) / width, (room.height() - 2 * kMargin) / height);
-    if (right == left && top == bottom) scale_ = 0;
-    middle_ = QPointF((left + right) / 2, (bottom + top) / 2);
-    centre_ = QPointF(room.width() / 2, room.height() / 2);
+  explicit Drawing(const Surface& surface) : picture_(surface) {}
+  const FigurePicture& Picture() const { return picture_; }
+
+  Surface TheSurface() const override { return picture_.TheSurface(); }
+  void Line(Point from, Point to, const Pen& pen) override { picture_.Line(from, to, pen); }
+  void Circle(Point centre, double radius, const Pen& pen, bool filled) override {
+    picture_.Circle(centre, radius, pen, filled);
   }
-  QPointF operator()(const NodeRec& node) const {
-    return {centre_.x() + (node.X - middle_.x()) * scale_, centre_.y() - (node.Y - middle_.y()) * scale_};
-  }
+  void Text(Point, std::string_view, double, double, Rgb) override {}
+  void Shade(std::span<const Point> polygon, Rgb colour) override { picture_.Shade(polygon, colour); }
 
  private:
-  double scale_ = 1;
-  QPointF middle_, centre_;
+  FigurePicture picture_;
 };
-
-bool IsSupported(const NodeRec& node) {
-  return std::ranges::any_of(node.code, [](std::int16_t code) { return code != kFree; });
-}
 
 }  // namespace
 
@@ -50,37 +40,40 @@ ModelPicture::ModelPicture(QWidget* parent) : QWidget(parent) {
   setMinimumSize(160, 120);
 }
 
-void ModelPicture::Show(ModelRec model) {
-  model_ = std::move(model);
+void ModelPicture::Show(const ModelRec& model) {
+  figure_.model = FigureModelOf(model);
+  figure_.options = FigureOptionsInForce(kModelFigure);
+  for (TextOption* const number :
+       {&figure_.options.nodeNumber, &figure_.options.elementNumber, &figure_.options.sectionNumber})
+    number->visible = false;
   update();
 }
 
 void ModelPicture::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), palette().base());
+  painter.fillRect(rect(), Qt::white);
+  if (!figure_.model.nodes.empty()) {
+    Surface surface;
+    surface.width = std::max(1, width()) * kTwipsPerPixel;
+    surface.height = std::max(1, height()) * kTwipsPerPixel;
+    Drawing drawing(surface);
+    Plot plot(drawing);
+    figure_.FigureFlags = kRedrawAll;
+    {
+      const Hush hush;  // the panel beside it tells what there is to tell
+      DrawFrameFigure(plot, "PICTURE1", figure_);
+    }
+    QImage image((QSizeF(size()) * devicePixelRatioF()).toSize(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    {
+      QPainter dots(&image);
+      PaintPicture(dots, drawing.Picture(), ScreenStyle(devicePixelRatioF()));
+    }
+    image.setDevicePixelRatio(devicePixelRatioF());
+    painter.drawImage(QPointF(), image);
+  }
   painter.setPen(palette().color(QPalette::Mid));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
-  if (model_.NodeCount < 1) return;
-  painter.setRenderHint(QPainter::Antialiasing);
-  const Fit fit(model_, size());
-  std::unordered_map<int, QPointF> places;
-  for (int n = 1; n <= model_.NodeCount; ++n) places.emplace(model_.Node[n].number, fit(model_.Node[n]));
-  painter.setPen(QPen(palette().color(QPalette::Text), 1.4));
-  for (int e = 1; e <= model_.ElemCount; ++e) {
-    const auto i = places.find(model_.Elem[e].I), j = places.find(model_.Elem[e].J);
-    if (i != places.end() && j != places.end()) painter.drawLine(i->second, j->second);
-  }
-  painter.setPen(Qt::NoPen);
-  for (int n = 1; n <= model_.NodeCount; ++n) {
-    const bool supported = IsSupported(model_.Node[n]);
-    if (!supported && model_.NodeCount > kCrowded) continue;
-    painter.setBrush(supported ? QColor(0x1f, 0x4e, 0x79) : palette().color(QPalette::Text));
-    const QPointF place = fit(model_.Node[n]);
-    if (supported)
-      painter.drawRect(QRectF(place.x() - 3, place.y() - 3, 6, 6));
-    else
-      painter.drawEllipse(place, kNodeRadius, kNodeRadius);
-  }
 }
 
 }  // namespace zorlan

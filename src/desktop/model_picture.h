@@ -1,8 +1,9 @@
-// A small picture of a model: its elements and nodes.
+// A small picture of a model: its figure without numbers.
 #pragma once
 
 #include <QWidget>
 
+#include "graphics/frame_figure.h"
 #include "model/model_rec.h"
 
 namespace zorlan {
@@ -12,14 +13,14 @@ class ModelPicture : public QWidget {
  public:
   explicit ModelPicture(QWidget* parent = nullptr);
 
-  /// Shows the nodes and elements of a model; of an empty one nothing.
-  void Show(ModelRec model);
+  /// Shows the figure of a model; of an empty one nothing.
+  void Show(const ModelRec& model);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  ModelRec model_;
+  Figure figure_;
 };
 
 }  // namespace zorlan

@@ -10,6 +10,7 @@
 
 #include "base/fault.h"
 #include "base/host.h"
+#include "desktop/preview_pages.h"
 #include "output/text_pages.h"
 #include "render/qt_text.h"
 #include "render/text_page_painter.h"
@@ -56,18 +57,18 @@ class PrintBox : public QProgressDialog {
 
 }  // namespace
 
-void SetUpPrinterOf(QPrinter& printer, const PrinterRec& settings, const TextPages& pages) {
+void SetUpPrinterOf(QPrinter& printer, const PrinterRec& settings, const PreviewPages& pages) {
   if (!settings.name.empty()) printer.setPrinterName(ToQt(settings.name));
   printer.setFullPage(true);
   printer.setDocName(ToQt(kJobTitle));
   printer.setColorMode(settings.colourMode == kColour ? QPrinter::Color : QPrinter::GrayScale);
   printer.setDuplex(DuplexOf(settings.duplex));
-  SetSheet(printer, pages);
+  SetSheet(printer, QSizeF(pages.Sheet()) / kUnitsPerMm);
 }
 
-void PrintTextPages(QPrinter& printer, const TextPages& pages, QWidget* parent) {
+void PrintPages(QPrinter& printer, PreviewPages& pages, QWidget* parent) {
   printer.setFullPage(true);
-  const int count = static_cast<int>(pages.pages.size());
+  const int count = pages.Count();
   const bool range = printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0;
   const int first = range ? printer.fromPage() : 1;
   const int last = range ? std::min(printer.toPage(), count) : count;
@@ -87,7 +88,7 @@ void PrintTextPages(QPrinter& printer, const TextPages& pages, QWidget* parent) 
       }
       if (!fresh && !printer.newPage()) throw Fault("印刷の途中で、プリンタが応答しなくなりました");
       fresh = false;
-      PaintTextPage(painter, pages, page - 1);
+      pages.Paint(painter, page - 1);
     }
 }
 

@@ -7,12 +7,12 @@ class QWidget;
 namespace zorlan {
 
 struct PrinterRec;
-struct TextPages;
+class PreviewPages;
 
 /// Gives a printer the settings of the record and the sheet of the pages.
-void SetUpPrinterOf(QPrinter& printer, const PrinterRec& settings, const TextPages& pages);
+void SetUpPrinterOf(QPrinter& printer, const PrinterRec& settings, const PreviewPages& pages);
 
 /// Prints the printer's range of pages and its copies. Throws Fault when the printer doesn't take them.
-void PrintTextPages(QPrinter& printer, const TextPages& pages, QWidget* parent);
+void PrintPages(QPrinter& printer, PreviewPages& pages, QWidget* parent);
 
 }  // namespace zorlan

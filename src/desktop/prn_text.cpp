@@ -25,10 +25,9 @@
 #include "desktop/print_job.h"
 #include "desktop/printer_set.h"
 #include "model/model_state.h"
-#include "output/print_flag.h"
+#include "output/dxf_page.h"
 #include "render/qt_text.h"
 #include "render/text_page_painter.h"
-#include "shell/page_setup.h"
 
 namespace zorlan {
 namespace {
@@ -44,19 +43,20 @@ constexpr int kFirstZoom = 4;
 constexpr double kClipboardDpi = 200;
 constexpr int kButtonRoom = 12;  // pixels beside a caption
 
+/// The filter in the toolkit's own form: a name with its pattern in brackets.
+QString DxfFilter() {
+  const QStringList parts = ToQt(kDxfFilter).split(QLatin1Char('|'));
+  QStringList names;
+  for (qsizetype i = 0; i < parts.size(); i += 2) names.append(parts[i]);
+  return names.join(QLatin1String(";;"));
+}
+
 QPushButton* Button(const char* caption, const char* name, const char* tip) {
   auto* const button = new QPushButton(QString::fromUtf8(caption));
   button->setObjectName(QString::fromLatin1(name));
   button->setToolTip(QString::fromUtf8(tip));
   button->setMinimumWidth(button->sizeHint().width() + kButtonRoom);
   return button;
-}
-
-/// A page's lines as text, its columns kept.
-QString TextOfPage(const TextPage& page) {
-  QString text;
-  for (const PlacedLine& line : page.lines) text += ToQt(line.text) + QLatin1Char('\n');
-  return text;
 }
 
 }  // namespace
@@ -79,10 +79,8 @@ void frmPrnText::Build() {
   count_ = new QLabel;
   print_ = Button("印刷", "print", "プリンタで印刷します (Ctrl+P)");
   pdf_ = Button("ＰＤＦファイル出力", "pdf", "全ページをＰＤＦファイルに書き出します");
-  auto* const dxf = Button("ＤＸＦファイル出力", "dxf", "図のページをＤＸＦファイルに書き出します");
-  dxf->setEnabled(false);
-  auto* const options = Button("表示属性設定", "options", "図の色や文字の大きさを設定します");
-  options->setEnabled(false);
+  dxf_ = Button("ＤＸＦファイル出力", "dxf", "図のページをＤＸＦファイルに書き出します");
+  options_ = Button("表示属性設定", "options", "図の色や文字の大きさを設定します");
   copy_ = Button("クリップボードへコピー", "copy", "表示ページを文字と画像でコピーします (Ctrl+C)");
   auto* const setUp = Button("プリンタ設定", "setUp", "用紙と向き、頁番号を設定します");
   auto* const closing = Button("閉じる", "close", "プレビューを閉じます (Esc)");
@@ -94,7 +92,7 @@ void frmPrnText::Build() {
   row->addWidget(page_);
   row->addWidget(count_);
   row->addStretch();
-  for (QPushButton* const button : {print_, pdf_, dxf, options, copy_, setUp, closing})
+  for (QPushButton* const button : {print_, pdf_, dxf_, options_, copy_, setUp, closing})
     row->addWidget(button);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(6, 6, 6, 6);
@@ -113,6 +111,10 @@ void frmPrnText::Build() {
   connect(page_, &QSpinBox::valueChanged, this, [this](int number) { view_->GoTo(number - 1); });
   connect(print_, &QPushButton::clicked, this, &frmPrnText::Print);
   connect(pdf_, &QPushButton::clicked, this, &frmPrnText::WritePdf);
+  connect(dxf_, &QPushButton::clicked, this, &frmPrnText::WriteDxf);
+  connect(options_, &QPushButton::clicked, this, [this] {
+    if (const std::optional<int> kind = pages_->KindOn(view_->Page())) emit optionsAsked(*kind);
+  });
   connect(copy_, &QPushButton::clicked, this, &frmPrnText::CopyPage);
   connect(setUp, &QPushButton::clicked, this, &frmPrnText::SetUpPrinter);
   connect(closing, &QPushButton::clicked, this, &frmPrnText::CloseForm);
@@ -120,35 +122,37 @@ void frmPrnText::Build() {
 }
 
 void frmPrnText::ShowListing(int flag, const std::string& path) {
-  const bool same = flag == flag_ && path == file_.Path() && !path.empty();
-  flag_ = flag;
-  file_.Look(path);
-  setWindowTitle(QStringLiteral("印刷プレビュー　") + ToQt(path.substr(path.rfind('/') + 1)));
-  ReadFile();
-  LayOut(same ? PageView::Place::Kept : PageView::Place::First);
+  const auto* const shown = dynamic_cast<const ListingPages*>(pages_.get());
+  const bool same = shown != nullptr && shown->IsOf(flag, path);
+  ShowPages(std::make_unique<ListingPages>(flag, path),
+            same ? PageView::Place::Kept : PageView::Place::First);
+}
+
+void frmPrnText::ShowFigures(std::unique_ptr<FigurePreview> pages) {
+  ShowPages(std::move(pages), PageView::Place::First);
+}
+
+void frmPrnText::ShowPages(std::unique_ptr<PreviewPages> pages, PageView::Place place) {
+  pages_ = std::move(pages);
+  setWindowTitle(QStringLiteral("印刷プレビュー　") + pages_->Caption());
+  LayOut(place);
 }
 
 void frmPrnText::Renew() {
-  // The input list's scratch file also takes the deck of a check: the list stays as it was made.
-  if (flag_ == kPrintInputList || !file_.Changed()) return;
-  file_.Look(file_.Path());
-  ReadFile();
-  LayOut();
+  if (pages_ != nullptr && pages_->Renew()) LayOut();
 }
 
-void frmPrnText::ReadFile() {
-  pages_ = {};  // they point into the text
-  text_ = FileExists(file_.Path()) ? ReadTextFile(file_.Path()) : std::string();
+void frmPrnText::FollowOptions() {
+  view_->viewport()->update();
 }
 
 void frmPrnText::LayOut(PageView::Place place) {
-  pages_ = LayOutTextPages(text_, StyleOfFlag(flag_), PageSetupOf(PrinterSettings));
-  RemoveFile(WorkPath + "Dum.txt");  // the scan's scratch file of former releases
-  if (!FileExists(file_.Path())) pages_.pages.clear();
-  const int count = static_cast<int>(pages_.pages.size());
+  pages_->LayOut();
+  const int count = Count();
+  const QSize sheet = pages_->Sheet();
   view_->SetPages(
-      count, pages_.width, pages_.height,
-      [this](QPainter& painter, int page) { PaintTextPage(painter, pages_, page); }, place);
+      count, sheet.width(), sheet.height(),
+      [this](QPainter& painter, int page) { pages_->Paint(painter, page); }, place);
   {
     const QSignalBlocker quiet(page_);
     page_->setRange(std::min(1, count), count);
@@ -158,6 +162,7 @@ void frmPrnText::LayOut(PageView::Place place) {
   for (QWidget* const widget : {static_cast<QWidget*>(page_), static_cast<QWidget*>(print_),
                                 static_cast<QWidget*>(pdf_), static_cast<QWidget*>(copy_)})
     widget->setEnabled(count > 0);
+  for (QPushButton* const button : {dxf_, options_}) button->setEnabled(pages_->KindOn(0).has_value());
 }
 
 void frmPrnText::SetZoomOf(int row) {
@@ -165,26 +170,25 @@ void frmPrnText::SetZoomOf(int row) {
 }
 
 void frmPrnText::Print() {
-  if (pages_.pages.empty()) return;
+  if (Count() == 0) return;
   QPrinter printer(QPrinter::HighResolution);
-  SetUpPrinterOf(printer, PrinterSettings, pages_);
+  SetUpPrinterOf(printer, PrinterSettings, *pages_);
   QPrintDialog dialog(&printer, this);
   dialog.setWindowTitle(QStringLiteral("印刷"));
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
                     QAbstractPrintDialog::PrintCollateCopies);
-  dialog.setMinMax(1, static_cast<int>(pages_.pages.size()));
+  dialog.setMinMax(1, Count());
   if (dialog.exec() != QDialog::Accepted) return;
   try {
-    PrintTextPages(printer, pages_, this);
+    PrintPages(printer, *pages_, this);
   } catch (const std::exception& fault) {
     ReportError("frmPrnText", fault.what());
   }
 }
 
 void frmPrnText::WritePdf() {
-  if (pages_.pages.empty()) return;
-  const QFileInfo listing(ToQt(file_.Path()));
-  const QString proposed = ToQt(DataPath + ProjectName) + listing.completeBaseName() + QStringLiteral(".pdf");
+  if (Count() == 0) return;
+  const QString proposed = ToQt(DataPath + ProjectName) + pages_->FileName() + QStringLiteral(".pdf");
   const QString target = QFileDialog::getSaveFileName(this, QStringLiteral("ＰＤＦファイル出力"), proposed,
                                                       QStringLiteral("ＰＤＦ (*.pdf)"));
   if (target.isEmpty()) return;
@@ -192,8 +196,7 @@ void frmPrnText::WritePdf() {
   std::string failure;
   SetBusy(true);
   try {
-    const std::string pdf =
-        TextPagesPdf(pages_, [](double share) { ShowProgress("ＰＤＦファイル出力", share); });
+    const std::string pdf = pages_->Pdf([](double share) { ShowProgress("ＰＤＦファイル出力", share); });
     ReplaceBytes(FromQt(named ? target : target + QStringLiteral(".pdf")), pdf);
   } catch (const UserStop&) {
     // Nothing was written; the user knows.
@@ -204,19 +207,31 @@ void frmPrnText::WritePdf() {
   if (!failure.empty()) Tell(failure);
 }
 
+void frmPrnText::WriteDxf() {
+  const int page = view_->Page();
+  const QString proposed =
+      ToQt(DataPath + ProjectName) + ToQt(DxfPageName(page + 1)) + QStringLiteral(".dxf");
+  const QString target =
+      QFileDialog::getSaveFileName(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter());
+  if (target.isEmpty()) return;
+  const bool named = !QFileInfo(target).suffix().isEmpty();
+  SetBusy(true);
+  pages_->WriteDxf(page, FromQt(named ? target : target + QStringLiteral(".dxf")));
+  EndBusy();
+}
+
 void frmPrnText::CopyPage() {
-  if (pages_.pages.empty()) return;
+  if (Count() == 0) return;
   const int page = view_->Page();
   constexpr double kDotsPerUnit = kClipboardDpi / (25.4 * kUnitsPerMm);
-  QImage image(static_cast<int>(pages_.width * kDotsPerUnit), static_cast<int>(pages_.height * kDotsPerUnit),
-               QImage::Format_RGB32);
+  QImage image((QSizeF(pages_->Sheet()) * kDotsPerUnit).toSize(), QImage::Format_RGB32);
   image.fill(Qt::white);
   QPainter painter(&image);
   UsePageUnits(painter, kClipboardDpi);
-  PaintTextPage(painter, pages_, page);
+  pages_->Paint(painter, page);
   painter.end();
   auto* const copied = new QMimeData;
-  copied->setText(TextOfPage(pages_.pages[static_cast<std::size_t>(page)]));
+  if (const QString text = pages_->Text(page); !text.isEmpty()) copied->setText(text);
   copied->setImageData(image);
   QApplication::clipboard()->setMimeData(copied);
 }

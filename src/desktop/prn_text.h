@@ -1,12 +1,12 @@
-// The page preview: the pages of a listing, printing, PDF, clipboard.
+// The page preview: pages of a listing or of figures; printing, PDF, DXF, clipboard.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "desktop/form.h"
 #include "desktop/page_view.h"
-#include "desktop/shown_file.h"
-#include "output/text_pages.h"
+#include "desktop/preview_pages.h"
 #include "shell/settings.h"
 
 class QComboBox;
@@ -24,12 +24,20 @@ class frmPrnText : public Form {
   /// Shows the pages of a PrintFlag's listing. A file that doesn't exist shows an empty preview. The listing
   /// that is already shown stays at its page.
   void ShowListing(int flag, const std::string& path);
+  /// Shows pages of figures.
+  void ShowFigures(std::unique_ptr<FigurePreview> pages);
   void Renew() override;
 
-  /// Lays the listing out by the printer settings as they are now.
+  /// Lays the pages out by the printer settings as they are now.
   void LayOut(PageView::Place place = PageView::Place::Kept);
 
+  /// The display options have changed.
+  void FollowOptions();
+
   QSize sizeHint() const override;
+
+ signals:
+  void optionsAsked(int kind);
 
  protected:
   bool event(QEvent* event) override;
@@ -41,23 +49,22 @@ class frmPrnText : public Form {
   /// What a key does in the preview: copies, prints; null for any other key.
   static Action ActionOf(const QKeyEvent& key);
   void Build();
-  void ReadFile();
+  int Count() const { return pages_ == nullptr ? 0 : pages_->Count(); }
+  void ShowPages(std::unique_ptr<PreviewPages> pages, PageView::Place place);
   void SetZoomOf(int row);
   void Print();
   void WritePdf();
+  void WriteDxf();
   void CopyPage();
   void SetUpPrinter();
 
   const SystemPrinters& printers_;
-  int flag_ = 0;
-  ShownFile file_;
-  std::string text_;
-  TextPages pages_;
+  std::unique_ptr<PreviewPages> pages_;
   PageView* view_;
   QComboBox* zoom_;
   QSpinBox* page_;
   QLabel* count_;
-  QPushButton *print_, *pdf_, *copy_;
+  QPushButton *print_, *pdf_, *dxf_, *options_, *copy_;
 };
 
 }  // namespace zorlan

@@ -127,11 +127,11 @@ void ProjectDialogWindow::ShowBoxes() {
 }
 
 void ProjectDialogWindow::ShowInformation() {
-  ModelInformation information = InformationOf(dialog_);
+  const ModelInformation information = InformationOf(dialog_);
   QString text;
   for (const std::string& line : information.lines) text += ToQt(line) + QLatin1Char('\n');
   information_->setText(text);
-  picture_->Show(std::move(information.model));
+  picture_->Show(information.model);
 }
 
 void ProjectDialogWindow::accept() {

@@ -4,8 +4,6 @@
 #include <exception>
 #include <QAction>
 #include <QBoxLayout>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -15,19 +13,16 @@
 #include <QTabBar>
 
 #include "base/host.h"
-#include "base/number.h"
 #include "base/text_file.h"
 #include "desktop/cell_box.h"
 #include "desktop/main_window.h"
 #include "desktop/table_view.h"
-#include "forms/small_forms.h"
 #include "forms/typing.h"
 #include "output/print_flag.h"
 #include "render/qt_text.h"
 #include "sections/steel_tables.h"
 #include "sections/timber_tables.h"
 #include "shell/commands.h"
-#include "shell/windows.h"
 
 namespace zorlan {
 namespace {
@@ -127,7 +122,7 @@ SectionTableWindow::SectionTableWindow(const TableForm& form, std::span<const Sh
   connect(save, &QPushButton::clicked, this, [this] {
     if (Save()) Hint(QStringLiteral("保存しました"));
   });
-  connect(insert, &QPushButton::clicked, this, [this] { Paste(/*insert=*/true); });
+  connect(insert, &QPushButton::clicked, this, [this] { Shown().cells->InsertCopied(); });
   connect(print, &QPushButton::clicked, this, &SectionTableWindow::Print);
   connect(cancel, &QPushButton::clicked, this, &SectionTableWindow::Cancel);
 }
@@ -146,6 +141,8 @@ void SectionTableWindow::Read(Sheet& sheet) {
 void SectionTableWindow::Build(Sheet& sheet) {
   sheet.model = new TableModel(*sheet.editor, this);
   sheet.view = new TableView(*sheet.editor, sheet.model);
+  sheet.cells = std::make_unique<GridEdit>(*sheet.editor, *sheet.model, *sheet.view,
+                                           [this](const QString& text) { Hint(text); });
   AddEntries(*sheet.view);
   auto* const notice = new QLabel(ToQt(sheet.text.notices));
   notice->setObjectName(QStringLiteral("notice"));
@@ -181,7 +178,7 @@ void SectionTableWindow::AddEntries(TableView& view) {
     auto* const entry = new QAction(ToQt(copied ? kInsertCopied : RowOf(command).caption), &view);
     connect(entry, &QAction::triggered, this, [this, command, copied] {
       if (copied)
-        Paste(/*insert=*/true);
+        Shown().cells->InsertCopied();
       else
         Edit(command);
     });
@@ -234,62 +231,12 @@ void SectionTableWindow::Edit(Command command) {
       return Form::Edit(command);
   }
   View().CloseBox();
-  TableEditor& editor = *Shown().editor;
-  const CellRange range = View().Selected();
-  switch (command) {
-    case Command::Undo:
-      return Walk(editor.Undo());
-    case Command::Redo:
-      return Walk(editor.Redo());
-    case Command::Copy:
-      return Copy();
-    case Command::Cut:
-      Copy();
-      editor.Clear(1, range);
-      return Walk(std::nullopt);
-    case Command::Paste:
-      return Paste(/*insert=*/false);
-    case Command::InsertRow:
-      editor.InsertRow(1, View().Current().row);
-      return Walk(std::nullopt);
-    case Command::DeleteRow:
-      editor.DeleteRows(1, range.top, range.bottom);
-      return Walk(CellPlace{1, range.top, View().Current().column});
-    case Command::Add:
-      return AskNumber(/*add=*/true);
-    case Command::Assign:
-      return AskNumber(/*add=*/false);
-    default:
-      return;
-  }
-}
-
-void SectionTableWindow::Copy() {
-  QGuiApplication::clipboard()->setText(ToQt(Shown().editor->CopyText(1, View().Selected())));
-}
-
-void SectionTableWindow::Paste(bool insert) {
-  View().CloseBox();
-  const CellRange range = View().Selected();
-  const std::string text = FromQt(QGuiApplication::clipboard()->text());
-  if (text.empty()) return;
-  const CellPlace place{1, range.top, range.left};
-  const Pasted pasted =
-      insert ? Shown().editor->InsertCopied(place, text) : Shown().editor->Paste(place, text);
-  Shown().model->ShowChange();
-  View().Select(pasted.range);
-  if (pasted.lost > 0)
-    Hint(QStringLiteral("表の外になる %1 個のデータは貼り付けられませんでした").arg(pasted.lost));
-}
-
-void SectionTableWindow::AskNumber(bool add) {
-  const std::string answer = TheWindows().addNum(add ? kAddMode : "");
-  if (answer == kCancelled) return;
-  if (add)
-    Shown().editor->Add(1, View().Selected(), ReadReal(answer));
+  if (command == Command::Undo)
+    Walk(Shown().editor->Undo());
+  else if (command == Command::Redo)
+    Walk(Shown().editor->Redo());
   else
-    Shown().editor->Assign(1, View().Selected(), answer);
-  Walk(std::nullopt);
+    Shown().cells->Do(command);
 }
 
 std::vector<SheetRow> SectionTableWindow::RowsOf(const Sheet& sheet) const {

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "desktop/form.h"
+#include "desktop/grid_edit.h"
 #include "forms/table_editor.h"
 #include "sections/section_sheet.h"
 
@@ -45,6 +46,7 @@ class SectionTableWindow : public Form {
     std::unique_ptr<TableEditor> editor;  // null: not read yet
     TableModel* model = nullptr;
     TableView* view = nullptr;
+    std::unique_ptr<GridEdit> cells;
     QWidget* page = nullptr;
   };
 
@@ -56,9 +58,6 @@ class SectionTableWindow : public Form {
   bool Changed() const;
   void Turn(int tab);
   void Walk(const std::optional<CellPlace>& place);
-  void Copy();
-  void Paste(bool insert);
-  void AskNumber(bool add);
   bool Save();
   void Print();
   void Cancel();

@@ -7,6 +7,7 @@
 
 #include "desktop/add_num.h"
 #include "desktop/danmen_input.h"
+#include "desktop/figure_windows.h"
 #include "desktop/folder_dialog_window.h"
 #include "desktop/form.h"
 #include "desktop/input_menu.h"
@@ -76,6 +77,9 @@ void InstallMainWindow(MainWindow& window) {
   table.openInputMenu = [&window, &forms] {
     forms.Show(FormOf<frmInputMenu>(forms, "frmInputMenu", window));
   };
+  table.openModelFigure = [&window] { OpenModelFigure(window); };
+  table.dropFigureData = [&window] { DropFigureData(window); };
+  table.drawTyped = [&window](const std::vector<TypedTable>& typed) { DrawTyped(window, typed); };
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
   table.takeNodes = [&window](const std::vector<int>& nodes) { return TakePickedNodes(window, nodes); };

@@ -4,8 +4,6 @@
 #include <exception>
 #include <QAction>
 #include <QBoxLayout>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QPushButton>
@@ -16,10 +14,8 @@
 #include <QTabBar>
 
 #include "base/host.h"
-#include "base/number.h"
 #include "desktop/cell_box.h"
 #include "desktop/main_window.h"
-#include "forms/small_forms.h"
 #include "forms/typing.h"
 #include "render/qt_text.h"
 #include "shell/projects.h"
@@ -90,6 +86,7 @@ QLayout* TableWindow::ButtonRow() {
 void TableWindow::Build() {
   model_ = new TableModel(editor_, this);
   view_ = new TableView(editor_, model_);
+  cells_ = std::make_unique<GridEdit>(editor_, *model_, *view_, [this](const QString& text) { Hint(text); });
   view_->setContextMenuPolicy(Qt::ActionsContextMenu);
   for (const Command command : kGridEntries) {
     auto* const entry = new QAction(ToQt(RowOf(command).caption), view_);
@@ -222,64 +219,16 @@ void TableWindow::Edit(Command command) {
                command == Command::Undo || command == Command::Redo))
     return Form::Edit(command);
   view_->CloseBox();
-  const int page = model_->Page();
-  const CellPlace current = view_->Current();
-  const CellRange range = view_->Selected();
   switch (command) {
     case Command::Undo:
       return Walk(editor_.Undo());
     case Command::Redo:
       return Walk(editor_.Redo());
-    case Command::Copy:
-      return CopyCells();
-    case Command::Cut:
-      CopyCells();
-      editor_.Clear(page, range);
-      break;
-    case Command::Paste:
-      return PasteCells();
-    case Command::InsertRow:
-      editor_.InsertRow(page, current.row);
-      break;
-    case Command::DeleteRow:
-      editor_.DeleteRows(page, range.top, range.bottom);
-      view_->GoTo({page, range.top, current.column});
-      break;
-    case Command::Add:
-      return AskNumber(/*add=*/true);
-    case Command::Assign:
-      return AskNumber(/*add=*/false);
     case Command::FindFault:
       return FindFault();
     default:
-      return;
+      cells_->Do(command);
   }
-  ShowAll();
-}
-
-void TableWindow::CopyCells() {
-  QGuiApplication::clipboard()->setText(ToQt(editor_.CopyText(model_->Page(), view_->Selected())));
-}
-
-void TableWindow::PasteCells() {
-  const CellRange range = view_->Selected();
-  const std::string text = FromQt(QGuiApplication::clipboard()->text());
-  if (text.empty()) return;
-  const Pasted pasted = editor_.Paste({model_->Page(), range.top, range.left}, text);
-  ShowAll();
-  view_->Select(pasted.range);
-  if (pasted.lost > 0)
-    Hint(QStringLiteral("表の外になる %1 個のデータは貼り付けられませんでした").arg(pasted.lost));
-}
-
-void TableWindow::AskNumber(bool add) {
-  const std::string answer = TheWindows().addNum(add ? kAddMode : std::string_view());
-  if (answer == kCancelled) return;
-  if (add)
-    editor_.Add(model_->Page(), view_->Selected(), ReadReal(answer));
-  else
-    editor_.Assign(model_->Page(), view_->Selected(), answer);
-  ShowAll();
 }
 
 void TableWindow::EnterSection() {

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "desktop/form.h"
+#include "desktop/grid_edit.h"
 #include "desktop/table_view.h"
 #include "forms/table_editor.h"
 
@@ -55,9 +56,6 @@ class TableWindow : public Form {
   void Store(const CellPlace& place, const QString& text);
   void Explain(const CellPlace& place);
   void Hint(const QString& text);
-  void CopyCells();
-  void PasteCells();
-  void AskNumber(bool add);
   void EnterSection();
   void SetGroups(int count);
   void FindFault();
@@ -66,6 +64,7 @@ class TableWindow : public Form {
   TableEditor editor_;
   TableModel* model_ = nullptr;
   TableView* view_ = nullptr;
+  std::unique_ptr<GridEdit> cells_;
   QTabBar* tabs_ = nullptr;
   QSpinBox* groups_ = nullptr;
   QLabel* notice_ = nullptr;

@@ -22,7 +22,7 @@ struct FormSetting {
   bool operator==(const FormSetting&) const = default;
 };
 
-/// The setting of the model in hand, from the header of InpModel.
+/// The setting of the model in hand, from the header of InpModel; 1 to 1000 load cases whatever a deck says.
 FormSetting CurrentFormSetting();
 
 /// When a header or a check counts. A plane grid has no rollers, whatever its flag says.

@@ -89,12 +89,18 @@ std::string TableFileText(std::string_view key) {
   return FileExists(path) ? ReadTextFile(path) : std::string();
 }
 
+/// The rows of a table: as typed, or else as its file has them.
+std::vector<TableRow> RowsOf(std::string_view key, const TypedRows& typed) {
+  const auto found = typed.find(key);
+  return found == typed.end() ? ParseTable(key, TableFileText(key)) : found->second;
+}
+
 /// Reads a table's rows of at least so many cells into records; false when a row can't be read.
 template <class Record, class Read>
-bool ReadRows(std::string_view key, std::size_t minCells, std::size_t limit, std::vector<Record>& records,
-              Read read) {
+bool ReadRows(const std::vector<TableRow>& rows, std::size_t minCells, std::size_t limit,
+              std::vector<Record>& records, Read read) {
   bool good = true;
-  for (const TableRow& row : ParseTable(key, TableFileText(key))) {
+  for (const TableRow& row : rows) {
     Cells cells(row);
     if (cells.Count() < minCells || records.size() == limit) {
       good = false;
@@ -149,17 +155,17 @@ void ReadHeader(FigureModel& model) {
   }
 }
 
-void ReadLoads(FigureModel& model) {
+void ReadLoads(FigureModel& model, const TypedRows& typed) {
   // A load row at fault is the input check's business; the figure shows the others.
-  ReadRows("PLOD", 3, kMaxTableRows, model.nodalLoads, [](Cells& cells) {
+  ReadRows(RowsOf("PLOD", typed), 3, kMaxTableRows, model.nodalLoads, [](Cells& cells) {
     return PlodRec{cells.Int(1), cells.Int(2), cells.Real(3), cells.Real(4), cells.Real(5)};
   });
-  ReadRows("ELOD", 6, kMaxTableRows, model.elementLoads, ReadElementLoad);
-  ReadRows("CLOD", 3, kMaxTableRows, model.cmqLoads, [](Cells& cells) {
+  ReadRows(RowsOf("ELOD", typed), 6, kMaxTableRows, model.elementLoads, ReadElementLoad);
+  ReadRows(RowsOf("CLOD", typed), 3, kMaxTableRows, model.cmqLoads, [](Cells& cells) {
     return ClodRec{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Real(4),
                    cells.Real(5), cells.Real(6), cells.Real(7), cells.Int(8)};
   });
-  ReadRows("TLOD", 7, kMaxTableRows, model.temperatureLoads, [](Cells& cells) {
+  ReadRows(RowsOf("TLOD", typed), 7, kMaxTableRows, model.temperatureLoads, [](Cells& cells) {
     return TlodRec{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Real(4),
                    cells.Real(5), cells.Real(6), cells.Real(7), cells.Int(8)};
   });
@@ -189,14 +195,14 @@ FigureModel FigureModelOf(const ModelRec& model) {
   return figure;
 }
 
-FigureModel ReadFigureTables() {
+FigureModel ReadFigureTables(const TypedRows& typed) {
   FigureModel model;
   model.name = ModelBaseName();
   ReadHeader(model);
-  if (!ReadRows("NODE", 6, kMaxNodes, model.nodes, ReadNode))
+  if (!ReadRows(RowsOf("NODE", typed), 6, kMaxNodes, model.nodes, ReadNode))
     TheHost().message("節点データに異常が有ります", kReadingTitle);
-  bool good = ReadRows("ELEM", 6, kMaxElements, model.elements, ReadElement);
-  ReadLoads(model);
+  bool good = ReadRows(RowsOf("ELEM", typed), 6, kMaxElements, model.elements, ReadElement);
+  ReadLoads(model, typed);
   ResolveNumbers(model);
   for (const FigureElement& element : model.elements) good = good && element.rowI >= 0 && element.rowJ >= 0;
   if (!good) TheHost().message("要素データに異常が有ります", kReadingTitle);

@@ -3,10 +3,13 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "model/model_rec.h"
+#include "model/table_file.h"
 
 namespace zorlan {
 
@@ -65,9 +68,13 @@ struct FigureModel {
 /// are -1.
 FigureModel FigureModelOf(const ModelRec& model);
 
+/// Rows that stand in for those of a table's file, by the table's key: what a form shows and hasn't
+/// committed.
+using TypedRows = std::map<std::string, std::vector<TableRow>, std::less<>>;
+
 /// The model in hand as its table files in the work folder stand, with the messages for a table at fault.
 /// What a table can't give is left out.
-FigureModel ReadFigureTables();
+FigureModel ReadFigureTables(const TypedRows& typed = {});
 
 /// Adds displacements and member forces from FT021 and FT031 of `folder`. False, with nothing added, when a
 /// file is missing or has not just as many numbers as the model needs: it was changed since.

@@ -60,14 +60,17 @@ void PaintTextPage(QPainter& painter, const TextPages& pages, int page) {
   DrawAt(painter, font, (pages.width - width) / 2, content.numberY, number);
 }
 
-void SetSheet(QPagedPaintDevice& device, const TextPages& pages) {
-  const bool landscape = pages.width > pages.height;
-  const QSizeF sheet(double(pages.width) / kUnitsPerMm, double(pages.height) / kUnitsPerMm);
+void SetSheet(QPagedPaintDevice& device, const QSizeF& sheet) {
+  const bool landscape = sheet.width() > sheet.height();
   // By its size in mm: the library's own B sizes are not the Japanese ones.
   const QPageSize size(landscape ? sheet.transposed() : sheet, QPageSize::Millimeter, QString(),
                        QPageSize::ExactMatch);
   const QPageLayout layout(size, landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF());
   device.setPageLayout(layout);
+}
+
+void SetSheet(QPagedPaintDevice& device, const TextPages& pages) {
+  SetSheet(device, QSizeF(double(pages.width) / kUnitsPerMm, double(pages.height) / kUnitsPerMm));
 }
 
 std::string TextPagesPdf(const TextPages& pages, const std::function<void(double share)>& pageDone) {

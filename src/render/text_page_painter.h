@@ -9,6 +9,7 @@
 
 class QPagedPaintDevice;
 class QPainter;
+class QSizeF;
 
 namespace zorlan {
 
@@ -28,7 +29,8 @@ inline constexpr int kPageResolution = 1200;
 /// The job's title.
 inline constexpr std::string_view kJobTitle = "ZORLAN For Windows";
 
-/// Sets a paged device to the sheet of these pages, without margins.
+/// Sets a paged device to a sheet in mm, or to that of these pages, without margins.
+void SetSheet(QPagedPaintDevice& device, const QSizeF& sheet);
 void SetSheet(QPagedPaintDevice& device, const TextPages& pages);
 
 /// The pages as a PDF file: its bytes. An empty `pages.pages` answers nothing. `pageDone` is told the share

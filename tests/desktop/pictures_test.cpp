@@ -13,7 +13,9 @@
 #include "desktop/boxes.h"
 #include "desktop/busy.h"
 #include "desktop/desktop_test.h"
+#include "desktop/figure_view.h"
 #include "desktop/kozai_sentaku.h"
+#include "desktop/model.h"
 #include "desktop/remark.h"
 #include "desktop/splash.h"
 #include "sections/steel_tables.h"
@@ -76,6 +78,65 @@ TEST_F(PicturesTest, MainWindowReaderAndPreview) {
   Look(Window(), "preview-whole");
   Choose("mnuWindowItem(1)");
   Look(Window(), "tiled");
+}
+
+TEST_F(PicturesTest, Figures) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  Look(Window(), "main-figure");
+  OpenForm("frmInputMenu")->CloseForm();
+  Choose("mnuAnalysisStatic(0)");
+  OpenForm("frmKakuninText")->CloseForm();
+  auto* const figure = qobject_cast<Model*>(OpenForm("Model"));
+  qobject_cast<QMdiSubWindow*>(figure->parentWidget())->showMaximized();
+  Look(Window(), "figure-model");
+  struct Figure {
+    const char *control, *picture;
+  };
+  for (const Figure& shown :
+       {Figure{"mnuViewModel", "figure-loads"}, Figure{"mnuViewDiagramDisplacement", "figure-displacement"},
+        Figure{"mnuViewDiagramNormal", "figure-axial"}, Figure{"mnuViewDiagramShear", "figure-shear"},
+        Figure{"mnuViewDiagramMoment", "figure-moment"}}) {
+    Choose(shown.control);
+    Look(Window(), shown.picture);
+  }
+  emit figure->View().clicked(Pick{Pick::What::Element, 6, 7});
+  Look(Window(), "figure-picked");
+  ReplaceTextFile(
+      AnalysisPath + "SIG_S",
+      "1.2\r\n0.3\r\n0.1\r\n0.95\r\n0\r\n0\r\n0.6\r\n0\r\n0\r\n0.4\r\n0\r\n0\r\n0.2\r\n0\r\n0\r\n");
+  Choose("mnuDesignModelItem(0)");
+  qobject_cast<QMdiSubWindow*>(OpenForm("ModelS")->parentWidget())->showMaximized();
+  Look(Window(), "figure-steel");
+}
+
+TEST_F(PicturesTest, DialogsOfTheFigures) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  Choose("mnuAnalysisStatic(0)");
+  OpenForm("frmKakuninText")->CloseForm();
+  LookAtModal("frmModelOption", "options-model");
+  Choose("minViewOption(0)");
+  LookAtModal("frmAnalysisOption", "options-results");
+  Choose("minViewOption(1)");
+  Choose("mnuDesignModelItem(0)");
+  LookAtModal("frmDesignOption", "options-design");
+  qobject_cast<Model*>(OpenForm("ModelS"))->Use(Tool::Options);
+  auto* const figure = qobject_cast<Model*>(OpenForm("Model"));
+  LookAtModal("SetLimit1", "range");
+  figure->Use(Tool::Range);
+  figure->findChild<QAction*>(QStringLiteral("figure-define"))->trigger();
+  emit figure->View().clicked(Pick{Pick::What::Element, 6, 7});
+  Look(Window(), "definition");
+  Script().Expect(QStringLiteral("frmSelctLC"), [](QWidget& dialog) {
+    Click(dialog, "all2");
+    Click(dialog, "all5");
+    Click(dialog, "layout5");
+    Look(dialog, "pages-choice");
+    Click(dialog, "ok");
+  });
+  Choose("mnuViewPrnAll");
+  Child<QComboBox>(OpenForm("frmPrnText"), "zoom")->setCurrentText(QStringLiteral("全体表示"));
+  qobject_cast<QMdiSubWindow*>(OpenForm("frmPrnText")->parentWidget())->showMaximized();
+  Look(Window(), "preview-figures");
 }
 
 TEST_F(PicturesTest, DialogsOfTheFileMenu) {

@@ -227,6 +227,17 @@ TEST_F(TableEditorTest, ACommittedTableComesBackAsItStood) {
   EXPECT_GT(written, 200);
 }
 
+TEST_F(TableEditorTest, AnyNumberOfLoadCasesMakesAForm) {
+  WriteTable("PLOD", "1,1,1\n");
+  for (const int cases : {-32768, -5, 0, 1, 20, 32767}) {
+    InpModel.ModelCode = kPlaneFrame;
+    InpModel.MaxLoadCase = static_cast<std::int16_t>(cases);
+    const TableEditor editor = Open("InpPLOD", CurrentFormSetting());
+    EXPECT_EQ(editor.Cells().PageCount(), std::clamp(cases, 1, 1000));
+    EXPECT_EQ(editor.Text({1, 1, 2}), "1");
+  }
+}
+
 TEST_F(TableEditorTest, AForeignFileIsShownAsFarAsItCanBe) {
   std::string binary = "\x01\x02PNG\r\n";
   for (int i = 0; i < 5000; ++i) binary += static_cast<char>(i * 37);

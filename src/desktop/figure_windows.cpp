@@ -1,0 +1,163 @@
+#include "desktop/figure_windows.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "base/host.h"
+#include "desktop/figure_view.h"
+#include "desktop/form.h"
+#include "desktop/main_window.h"
+#include "desktop/model.h"
+#include "desktop/option_dialog.h"
+#include "desktop/preview_pages.h"
+#include "desktop/prn_text.h"
+#include "desktop/selct_lc.h"
+#include "desktop/set_limit1.h"
+#include "desktop/show_define.h"
+#include "graphics/options.h"
+#include "model/model_state.h"
+#include "shell/settings.h"
+
+namespace zorlan {
+namespace {
+
+/// Model and results share a window; each design has its own.
+constexpr const char* kWindows[] = {"Model", "ModelS", "ModelRC"};
+
+const char* WindowOf(int kind) {
+  if (kind == kSteelRatioFigure) return kWindows[1];
+  return kind == kRcRatioFigure ? kWindows[2] : kWindows[0];
+}
+
+template <class Act>
+void ForEachFigure(MainWindow& window, Act act) {
+  for (const char* const name : kWindows)
+    if (auto* const figure = qobject_cast<Model*>(window.Forms().Find(name))) act(*figure);
+}
+
+frmPrnText* OpenPreview(MainWindow& window) {
+  return qobject_cast<frmPrnText*>(window.Forms().Find("frmPrnText"));
+}
+
+void FollowOptions(MainWindow& window) {
+  ForEachFigure(window, [](Model& figure) { figure.FollowOptions(); });
+  if (frmPrnText* const preview = OpenPreview(window)) preview->FollowOptions();
+}
+
+void ShowDefinition(MainWindow& window, const Pick& pick) {
+  auto* list = qobject_cast<InpShowDefine*>(window.Forms().Find("InpShowDefine"));
+  if (list == nullptr) {
+    list = new InpShowDefine;
+    window.Forms().Show(list);
+  }
+  list->Show(pick);
+}
+
+Model* FigureWindow(MainWindow& window, const char* name) {
+  if (auto* const open = qobject_cast<Model*>(window.Forms().Find(name))) return open;
+  auto* const figure = new Model(name);
+  QObject::connect(figure, &Model::optionsAsked, &window,
+                   [&window](int kind) { OpenOptions(window, OptionSetOf(kind)); });
+  QObject::connect(figure, &Model::rangeAsked, &window, [&window] { OpenRange(window); });
+  QObject::connect(figure, &Model::pagesAsked, &window,
+                   [&window](int kind, int loadCase) { PrintFigure(window, kind, loadCase); });
+  QObject::connect(figure, &Model::definitionAsked, &window,
+                   [&window](const Pick& pick) { ShowDefinition(window, pick); });
+  return figure;
+}
+
+}  // namespace
+
+void OpenFigure(MainWindow& window, int kind) {
+  Model* const figure = FigureWindow(window, WindowOf(kind));
+  window.Forms().Show(figure);
+  figure->ShowFigure(kind, Model::Asked::Yes);
+}
+
+void OpenModelFigure(MainWindow& window) {
+  Model* const figure = FigureWindow(window, kWindows[0]);
+  window.Forms().Show(figure);
+  figure->ShowFigure(kModelFigure, Model::Asked::No);
+}
+
+void DrawTyped(MainWindow& window, const std::vector<TypedTable>& typed) {
+  TypedRows rows;
+  for (const TypedTable& table : typed) rows[table.key] = table.rows;
+  Model* const figure = FigureWindow(window, kWindows[0]);
+  if (window.Forms().Find(kWindows[0]) == nullptr) window.Forms().Show(figure);
+  figure->ShowTyped(rows);
+}
+
+void DropFigureData(MainWindow& window) {
+  ForEachFigure(window, [](Model& figure) { figure.DropData(Model::Asked::No); });
+}
+
+void OpenOptions(MainWindow& window, OptionSet set) {
+  OptionDialog dialog(set, &window);
+  QObject::connect(&dialog, &OptionDialog::rangeAsked, &window, [&window] { OpenRange(window); });
+  if (dialog.exec() == QDialog::Accepted) FollowOptions(window);
+}
+
+void OpenRange(MainWindow& window) {
+  if (SetLimit1(DispOption.range, &window).exec() == QDialog::Accepted) FollowOptions(window);
+}
+
+namespace {
+
+/// The figure of the model in hand with its results.
+std::optional<Figure> FigureOfPages(bool results) {
+  Figure figure;
+  figure.model = ReadFigureTables();
+  if (results && !LoadFigureResults(figure.model, AnalysisPath)) {
+    Tell("入力データに合う解析結果がありません。静解析を行ってください");
+    return std::nullopt;
+  }
+  return figure;
+}
+
+void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> figures, int layout) {
+  auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout);
+  auto* preview = OpenPreview(window);
+  if (preview == nullptr) {
+    preview = new frmPrnText(window.Printers());
+    QObject::connect(preview, &frmPrnText::optionsAsked, &window,
+                     [&window](int kind) { OpenOptions(window, OptionSetOf(kind)); });
+  }
+  preview->ShowFigures(std::move(pages));
+  window.Forms().Show(preview);
+}
+
+/// Asks which figures go on pages, hands the choice over and shows them.
+void ChoosePages(MainWindow& window, FigureSelection choice) {
+  std::optional<Figure> figure = FigureOfPages(choice.batch || choice.figureKind != kLoadCheck);
+  if (!figure) return;
+  const int cases = figure->model.maxLoadCase;
+  choice = WithinCases(std::move(choice), cases);
+  if (frmSelctLC(choice, cases, &window).exec() != QDialog::Accepted) return;
+  PrinterSettings.orientation = static_cast<std::int16_t>(choice.orientation);
+  HandOverSelection(choice);
+  ShowPages(window, std::move(*figure), SelectedFigures(choice), choice.layout);
+}
+
+}  // namespace
+
+void PrintFigures(MainWindow& window) {
+  ChoosePages(window, KeptBatch());
+}
+
+void PrintFigure(MainWindow& window, int kind, int loadCase) {
+  if (HasLoadCase(kind)) {
+    FigureSelection choice;
+    choice.batch = false;
+    choice.figureKind = kind;
+    choice.cases = {loadCase};
+    choice.orientation = PrinterSettings.orientation;
+    return ChoosePages(window, std::move(choice));
+  }
+  ForEachFigure(window, [&](Model& shown) {
+    if (shown.Kind() == kind) ShowPages(window, shown.View().TheFigure(), {{kind, loadCase}}, 0);
+  });
+}
+
+}  // namespace zorlan

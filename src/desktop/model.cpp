@@ -1,0 +1,353 @@
+#include "desktop/model.h"
+
+#include <algorithm>
+#include <array>
+#include <QAction>
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QToolBar>
+#include <string_view>
+
+#include "base/host.h"
+#include "base/text_file.h"
+#include "desktop/figure_view.h"
+#include "desktop/hush.h"
+#include "desktop/pick_panel.h"
+#include "graphics/ratio_files.h"
+#include "model/model_state.h"
+#include "render/qt_text.h"
+#include "shell/figure_sheets.h"
+#include "shell/windows.h"
+
+namespace zorlan {
+namespace {
+
+struct ToolRow {
+  Tool tool;
+  std::string_view caption, icon, key, hint;
+  bool gap;  // a line in front of it
+};
+
+constexpr std::array kTools = {
+    ToolRow{Tool::Redraw, "再描画", "figure-redraw", "", "図を描き直します", false},
+    ToolRow{Tool::ZoomIn, "拡大", "figure-zoom-in", "+",
+            "拡大します。図をドラッグすると、囲んだ範囲を拡大します", false},
+    ToolRow{Tool::ZoomOut, "縮小", "figure-zoom-out", "-", "縮小します", false},
+    ToolRow{Tool::Move, "移動", "figure-pan", "",
+            "ドラッグで図を移動します（中ボタン、スペースキー、矢印キーでも移動できます）", false},
+    ToolRow{Tool::All, "全", "figure-all", "Home",
+            "図の全体を表示します（図のない所のダブルクリックでも表示できます）", false},
+    ToolRow{Tool::Enter, "マウス入力", "figure-pick", "", "クリックした節点を、入力中の表に入れます", true},
+    ToolRow{Tool::Define, "定義", "figure-define", "", "クリックした節点、要素の入力データを表示します",
+            false},
+    ToolRow{Tool::Options, "属性", "figure-options", "", "図の色や文字の大きさを設定します", false},
+    ToolRow{Tool::Range, "範囲設定", "figure-range", "", "表示する範囲を座標で設定します", false},
+    ToolRow{Tool::InputModel, "入力データモデル図", "figure-model", "", "入力データのモデル図を表示します",
+            true},
+    ToolRow{Tool::Loads, "架構図 荷重ケース", "figure-loads", "", "架構図に、荷重ケースの荷重を表示します",
+            false},
+    ToolRow{Tool::Displacement, "変位表示", "figure-displacement", "", "変位図を表示します", false},
+    ToolRow{Tool::AxialShear, "軸力・せん断力表示", "figure-shear", "",
+            "軸力図を表示します。もう一度押すと、せん断力図に替わります", false},
+    ToolRow{Tool::Moment, "モーメント表示", "figure-moment", "", "ﾓｰﾒﾝﾄ図を表示します", false},
+    ToolRow{Tool::Print, "印刷", "figure-print", "", "図を印刷プレビューに表示します", true},
+};
+
+constexpr int kIconSize = 20;
+constexpr double kZoomStep = 1.25;
+
+constexpr std::array<std::string_view, 8> kCaptions = {
+    "入力データモデル図",   "荷重チェック図",        "変位図", "軸力図", "せん断力図", "ﾓｰﾒﾝﾄ図",
+    "Ｓ断面算定用モデル図", "ＲＣ断面算定用モデル図"};
+
+bool IsResult(int kind) {
+  return kind >= kDisplacementFigure && kind <= kMomentFigure;
+}
+bool IsRatio(int kind) {
+  return kind >= kSteelRatioFigure;
+}
+
+/// The button that stands for the figure in sight.
+std::optional<Tool> ToolOf(int kind) {
+  switch (kind) {
+    case kModelFigure:
+      return Tool::InputModel;
+    case kLoadCheck:
+      return Tool::Loads;
+    case kDisplacementFigure:
+      return Tool::Displacement;
+    case kAxialFigure:
+    case kShearFigure:
+      return Tool::AxialShear;
+    case kMomentFigure:
+      return Tool::Moment;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+Model::Model(const char* name) : Form(name) {
+  Build();
+}
+
+void Model::Build() {
+  view_ = new FigureView;
+  panel_ = new PickPanel(*view_);
+  bar_ = new QToolBar;
+  bar_->setIconSize(QSize(kIconSize, kIconSize));
+  AddTools();
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(bar_);
+  column->addWidget(view_, 1);
+  SetFirst(view_);
+  connect(view_, &FigureView::clicked, this, &Model::TakePick);
+  connect(view_, &FigureView::opened, this, [](const Pick& pick) {
+    TheWindows().showRow(pick.what == Pick::What::Node ? "NODE" : "ELEM", 1, pick.number);
+  });
+  connect(view_, &FigureView::caseAsked, this,
+          [this](int steps) { ChooseCase(view_->TheFigure().loadCase + steps); });
+}
+
+void Model::AddTools() {
+  for (const ToolRow& row : kTools) {
+    if (row.gap) bar_->addSeparator();
+    if (row.tool == Tool::Print) {
+      auto* const label = new QLabel(QStringLiteral("荷重ケース "));
+      case_ = new QComboBox;
+      case_->setObjectName(QStringLiteral("loadCase"));
+      case_->setToolTip(QStringLiteral("荷重ケース (PageUp, PageDown)"));
+      auto* const list = new QWidget;
+      auto* const line = new QHBoxLayout(list);
+      line->setContentsMargins(4, 0, 4, 0);
+      line->addWidget(label);
+      line->addWidget(case_);
+      caseList_ = bar_->addWidget(list);
+      connect(case_, &QComboBox::activated, this, [this](int index) {
+        ChooseCase(index + 1);
+        view_->setFocus();
+      });
+    }
+    const QString caption = ToQt(row.caption);
+    auto* const action =
+        bar_->addAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(ToQt(row.icon))), caption);
+    action->setObjectName(ToQt(row.icon));
+    const QString key = row.key.empty() ? QString() : QStringLiteral(" (%1)").arg(ToQt(row.key));
+    action->setToolTip(caption + key);
+    action->setStatusTip(ToQt(row.hint));
+    const bool stays = row.tool == Tool::Move || row.tool == Tool::Enter || row.tool == Tool::Define ||
+                       row.tool == Tool::InputModel || row.tool == Tool::Loads ||
+                       row.tool == Tool::Displacement || row.tool == Tool::AxialShear ||
+                       row.tool == Tool::Moment;
+    action->setCheckable(stays);
+    const Tool tool = row.tool;
+    connect(action, &QAction::triggered, this, [this, tool] { Use(tool); });
+    const auto place = static_cast<std::size_t>(tool);
+    tools_.resize(std::max(tools_.size(), place + 1));
+    tools_[place] = action;
+  }
+  note_ = new QLabel;
+  note_->setObjectName(QStringLiteral("note"));
+  note_->setContentsMargins(8, 0, 8, 0);
+  bar_->addWidget(note_);
+}
+
+int Model::Kind() const {
+  return view_->TheFigure().DiagramType;
+}
+
+void Model::Use(Tool tool) {
+  switch (tool) {
+    case Tool::Redraw:
+      return DropData(Asked::Yes);
+    case Tool::ZoomIn:
+      return view_->ZoomBy(kZoomStep);
+    case Tool::ZoomOut:
+      return view_->ZoomBy(1 / kZoomStep);
+    case Tool::Move:
+      return view_->SetHand(tools_[static_cast<std::size_t>(tool)]->isChecked() ? FigureView::Hand::Move
+                                                                                : FigureView::Hand::Pick);
+    case Tool::All:
+      return view_->ShowAll();
+    case Tool::Enter:
+    case Tool::Define:
+      return;  // the next click asks for it
+    case Tool::Options:
+      emit optionsAsked(Kind());
+      return;
+    case Tool::Range:
+      emit rangeAsked();
+      return;
+    case Tool::InputModel:
+      return ShowFigure(kModelFigure, Asked::Yes);
+    case Tool::Loads:
+      return ShowFigure(kLoadCheck, Asked::Yes);
+    case Tool::Displacement:
+      return ShowFigure(kDisplacementFigure, Asked::Yes);
+    case Tool::AxialShear:
+      return ShowFigure(Kind() == kAxialFigure ? kShearFigure : kAxialFigure, Asked::Yes);
+    case Tool::Moment:
+      return ShowFigure(kMomentFigure, Asked::Yes);
+    case Tool::Print:
+      emit pagesAsked(Kind(), view_->TheFigure().loadCase);
+      return;
+  }
+}
+
+/// Draws, with boxes for what is wrong if the user has asked.
+template <class Act>
+void Model::Noting(Asked asked, Act act) {
+  fault_.clear();
+  if (asked == Asked::Yes) return act();
+  const Hush hush;
+  act();
+  fault_ =
+      ToQt(hush.Message()).section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QLatin1String("　"));
+  ShowNote();
+}
+
+void Model::ShowFigure(int kind, Asked asked) {
+  Noting(asked, [&] { Show(kind); });
+}
+
+void Model::Show(int kind) {
+  Figure& figure = view_->TheFigure();
+  ChooseFigure(figure, {kind, figure.loadCase});
+  if (!read_ || FilesChanged()) ReadData();
+  ReadResults();
+  ShowCaption();
+  const bool oblique = figure.model.IsGrid() && kind >= kDisplacementFigure;
+  // The part in sight stays in sight from one figure to the next.
+  Redraw(!drawn_ || oblique != oblique_ ? kRedrawAll : kDataUnchanged);
+  oblique_ = oblique;
+}
+
+void Model::ReadData() {
+  Figure& figure = view_->TheFigure();
+  figure.model = ReadFigureTables(typed_);
+  read_ = true;
+  Look();
+  FillCases();
+  view_->Mark(std::nullopt);
+  panel_->hide();
+}
+
+void Model::ReadResults() {
+  Figure& figure = view_->TheFigure();
+  const int kind = figure.DiagramType;
+  if (IsResult(kind) && figure.model.StressTable.empty() && !LoadFigureResults(figure.model, AnalysisPath))
+    Tell("入力データに合う解析結果がありません。静解析を行ってください");
+  figure.model.ratios.clear();
+  if (IsRatio(kind)) LoadFigureRatios(figure.model, kind, AnalysisPath);
+}
+
+void Model::Look() {
+  files_.clear();
+  const auto look = [this](const std::string& path) { files_.emplace_back().Look(path); };
+  for (const TableName& table : kTables) look(WorkPath + std::string(table.key));
+  for (const char* const result : {"FT021", "FT031", "SIG_S", "SIG_RC"}) look(AnalysisPath + result);
+}
+
+bool Model::FilesChanged() const {
+  return std::ranges::any_of(files_, [](const ShownFile& file) { return file.Changed(); });
+}
+
+void Model::Renew() {
+  if (drawn_ && FilesChanged()) DropData(Asked::No);
+}
+
+void Model::DropData(Asked asked) {
+  typed_.clear();
+  if (!drawn_) return;
+  Noting(asked, [this] {
+    ReadData();
+    ReadResults();
+    FollowOptions();
+  });
+}
+
+void Model::ShowTyped(const TypedRows& typed) {
+  typed_ = typed;
+  read_ = false;
+  // Half a table is no fault yet.
+  ShowFigure(drawn_ && !IsRatio(Kind()) && !IsResult(Kind()) ? Kind() : kModelFigure, Asked::No);
+}
+
+void Model::FollowOptions() {
+  Figure& figure = view_->TheFigure();
+  ChooseFigure(figure, {figure.DiagramType, figure.loadCase});
+  Redraw(view_->IsFitted() ? kRedrawAll : kDataUnchanged);
+}
+
+void Model::Redraw(int flags) {
+  ShowNote();
+  view_->Redraw(flags);
+  drawn_ = true;
+}
+
+void Model::FillCases() {
+  Figure& figure = view_->TheFigure();
+  const int count = std::max(1, figure.model.maxLoadCase);
+  figure.loadCase = std::clamp(figure.loadCase, 1, count);
+  case_->clear();
+  for (int c = 1; c <= count; ++c) case_->addItem(QString::number(c));
+  case_->setCurrentIndex(figure.loadCase - 1);
+}
+
+void Model::ChooseCase(int loadCase) {
+  Figure& figure = view_->TheFigure();
+  if (!HasLoadCase(figure.DiagramType)) return;
+  figure.loadCase = std::clamp(loadCase, 1, std::max(1, figure.model.maxLoadCase));
+  case_->setCurrentIndex(figure.loadCase - 1);
+  panel_->Show(view_->Marked());
+  Redraw(kDataUnchanged);
+}
+
+void Model::ShowCaption() {
+  const int kind = Kind();
+  setWindowTitle(ToQt(kCaptions[static_cast<std::size_t>(kind)]));
+  caseList_->setVisible(HasLoadCase(kind));
+  const std::optional<Tool> shown = ToolOf(kind);
+  for (const Tool tool :
+       {Tool::InputModel, Tool::Loads, Tool::Displacement, Tool::AxialShear, Tool::Moment}) {
+    QAction* const action = tools_[static_cast<std::size_t>(tool)];
+    action->setChecked(shown == tool);
+    action->setVisible(!IsRatio(kind));
+  }
+}
+
+void Model::ShowNote() {
+  const Figure& figure = view_->TheFigure();
+  QString note;
+  if (!typed_.empty()) note = QStringLiteral("入力中の表を表示しています");
+  if (IsRatio(figure.DiagramType) && figure.model.ratios.empty())
+    note = QStringLiteral("断面算定の結果がありません");
+  if (figure.range != ViewingRange()) note = QStringLiteral("表示範囲を限っています");
+  if (!fault_.isEmpty()) note = fault_;
+  note_->setText(note);
+}
+
+void Model::TakePick(const std::optional<Pick>& pick) {
+  view_->Mark(pick);
+  panel_->Show(pick);
+  if (!pick) return;
+  const auto isOn = [this](Tool tool) { return tools_[static_cast<std::size_t>(tool)]->isChecked(); };
+  if (isOn(Tool::Enter) && pick->what == Pick::What::Node && !TheWindows().takeNodes({pick->number}))
+    note_->setText(QStringLiteral("節点を入れる表が開いていません"));
+  if (isOn(Tool::Define)) emit definitionAsked(*pick);
+}
+
+void Model::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && view_->Marked())
+    TakePick(std::nullopt);
+  else
+    Form::keyPressEvent(event);
+}
+
+}  // namespace zorlan

@@ -1,0 +1,154 @@
+#include "desktop/preview_pages.h"
+
+#include <algorithm>
+#include <cmath>
+#include <QFileInfo>
+#include <QImage>
+#include <QPaintEngine>
+#include <QPainter>
+
+#include "base/text_file.h"
+#include "model/model_state.h"
+#include "output/dxf_page.h"
+#include "output/print_flag.h"
+#include "render/figure_painter.h"
+#include "render/qt_text.h"
+#include "render/text_page_painter.h"
+#include "shell/page_setup.h"
+
+namespace zorlan {
+namespace {
+
+constexpr double kUnitsPerTwip = kUnitsPerMm / kTwipsPerMm;
+
+/// Paints a sheet's picture on dots: at the places of the dots themselves, so that thin lines stay sharp, and
+/// no more of it than the window shows.
+void PaintOnDots(QPainter& painter, const FigurePicture& picture, const QSizeF& sheet) {
+  // Not the device's transform: that of a widget also has its place in the window.
+  const QTransform toPixels = painter.combinedTransform();
+  const QRectF whole = toPixels.mapRect(QRectF(QPointF(), sheet));
+  const QRect part = whole.intersected(QRectF(painter.viewport())).toAlignedRect();
+  if (part.isEmpty()) return;
+  const double ratio = painter.device()->devicePixelRatioF();
+  QImage image((QSizeF(part.size()) * ratio).toSize(), QImage::Format_RGB32);
+  image.fill(Qt::white);
+  {
+    PictureStyle style = SheetStyle(toPixels.m11() * ratio * kUnitsPerTwip);
+    style.origin = (whole.topLeft() - part.topLeft()) * ratio;
+    QPainter dots(&image);
+    PaintPicture(dots, picture, style);
+  }
+  image.setDevicePixelRatio(ratio);
+  painter.save();
+  painter.setWorldTransform(QTransform());
+  painter.drawImage(part.topLeft(), image);
+  painter.restore();
+}
+
+}  // namespace
+
+ListingPages::ListingPages(int flag, const std::string& path) : flag_(flag) {
+  file_.Look(path);
+  Read();
+}
+
+void ListingPages::Read() {
+  pages_ = {};
+  text_ = FileExists(file_.Path()) ? ReadTextFile(file_.Path()) : std::string();
+}
+
+QString ListingPages::Caption() const {
+  return ToQt(file_.Path().substr(file_.Path().rfind('/') + 1));
+}
+
+void ListingPages::LayOut() {
+  pages_ = LayOutTextPages(text_, StyleOfFlag(flag_), PageSetupOf(PrinterSettings));
+  RemoveFile(WorkPath + "Dum.txt");  // the scan's scratch file of former releases
+  if (!FileExists(file_.Path())) pages_.pages.clear();
+}
+
+void ListingPages::Paint(QPainter& painter, int page) {
+  PaintTextPage(painter, pages_, page);
+}
+
+std::string ListingPages::Pdf(const std::function<void(double share)>& pageDone) {
+  return TextPagesPdf(pages_, pageDone);
+}
+
+QString ListingPages::FileName() const {
+  return QFileInfo(ToQt(file_.Path())).completeBaseName();
+}
+
+QString ListingPages::Text(int page) const {
+  QString text;
+  for (const PlacedLine& line : pages_.pages[static_cast<std::size_t>(page)].lines)
+    text += ToQt(line.text) + QLatin1Char('\n');
+  return text;
+}
+
+bool ListingPages::Renew() {
+  // The input list's scratch file also takes the deck of a check: the list stays as it was made.
+  if (flag_ == kPrintInputList || !file_.Changed()) return false;
+  file_.Look(file_.Path());
+  Read();
+  return true;
+}
+
+FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout)
+    : figure_(std::move(figure)), sheets_(SheetsOf(PrinterSettings, std::move(figures), layout)) {}
+
+FigurePreview::~FigurePreview() {
+  RemoveSelection();
+}
+
+QString FigurePreview::Caption() const {
+  return ToQt(figure_.model.name);
+}
+
+void FigurePreview::LayOut() {
+  sheets_ = SheetsOf(PrinterSettings, std::move(sheets_.figures), sheets_.layout);
+}
+
+QSize FigurePreview::Sheet() const {
+  return {static_cast<int>(std::lround(sheets_.sheet.width * kUnitsPerTwip)),
+          static_cast<int>(std::lround(sheets_.sheet.height * kUnitsPerTwip))};
+}
+
+void FigurePreview::Paint(QPainter& painter, int page) {
+  FigurePicture picture(sheets_.sheet);
+  DrawSheet(picture, sheets_, page, figure_);
+  if (painter.paintEngine()->type() == QPaintEngine::Raster) {
+    PaintOnDots(painter, picture, Sheet());
+    return;
+  }
+  PictureStyle style;
+  style.scale = kUnitsPerTwip;
+  style.dot = kUnitsPerTwip * kTwipsPerPaperDot;
+  PaintPicture(painter, picture, style);
+}
+
+std::string FigurePreview::Pdf(const std::function<void(double share)>& pageDone) {
+  std::vector<FigurePicture> pages;
+  for (int page = 0; page < Count(); ++page) {
+    pages.emplace_back(sheets_.sheet);
+    DrawSheet(pages.back(), sheets_, page, figure_);
+    pageDone(double(page + 1) / (Count() + 1));
+  }
+  return PicturesPdf(pages);
+}
+
+QString FigurePreview::FileName() const {
+  return ToQt(figure_.model.name);
+}
+
+std::optional<int> FigurePreview::KindOn(int page) const {
+  const auto first = static_cast<std::size_t>(page * CellCount(sheets_.layout));
+  if (page < 0 || first >= sheets_.figures.size()) return std::nullopt;
+  return sheets_.figures[first].kind;
+}
+
+bool FigurePreview::WriteDxf(int page, const std::string& path) {
+  return WriteDxfPage(page + 1, RecordSheet(sheets_, page, figure_), path);
+}
+
+}  // namespace zorlan

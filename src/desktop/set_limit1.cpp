@@ -1,0 +1,115 @@
+#include "desktop/set_limit1.h"
+
+#include <cmath>
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
+
+#include "base/host.h"
+#include "base/number.h"
+#include "base/number_format.h"
+#include "desktop/dialog_buttons.h"
+#include "render/qt_text.h"
+
+namespace zorlan {
+namespace {
+
+/// A limit as the boxes show it: six digits before and behind the point.
+QString LimitText(double limit) {
+  constexpr NumberPattern kLimit = "######.######";
+  if (std::abs(limit) >= kExtentStart) return {};
+  std::string text = FormatNumber(limit, kLimit);
+  if (text.ends_with('.')) text.pop_back();
+  return text.empty() || text == "-" ? QStringLiteral("0") : ToQt(text);
+}
+
+double LimitOf(const QLineEdit& box, double none) {
+  const std::string text = FromQt(box.text().trimmed());
+  return text.empty() ? none : ReadReal(text);
+}
+
+QLineEdit* Box(const char* name) {
+  auto* const box = new QLineEdit;
+  box->setObjectName(QString::fromLatin1(name));
+  box->setAlignment(Qt::AlignRight);
+  static const QRegularExpression real(QStringLiteral("[-+]?[0-9]*\\.?[0-9]*([eE][-+]?[0-9]*)?"));
+  box->setValidator(new QRegularExpressionValidator(real, box));
+  box->setPlaceholderText(QStringLiteral("制限なし"));
+  box->setMinimumWidth(120);
+  return box;
+}
+
+}  // namespace
+
+SetLimit1::SetLimit1(ViewingRange& range, QWidget* parent) : QDialog(parent), range_(range) {
+  setObjectName(QStringLiteral("SetLimit1"));
+  setWindowTitle(QStringLiteral("表示範囲設定"));
+  xLower_ = Box("xLower");
+  xUpper_ = Box("xUpper");
+  yLower_ = Box("yLower");
+  yUpper_ = Box("yUpper");
+  bothEnds_ = new QRadioButton(QStringLiteral("線分が全て範囲内の時表示"));
+  bothEnds_->setObjectName(QStringLiteral("bothEnds"));
+  oneEnd_ = new QRadioButton(QStringLiteral("線分の片側節点が範囲内の時表示"));
+  oneEnd_->setObjectName(QStringLiteral("oneEnd"));
+
+  auto* const grid = new QGridLayout;
+  grid->addWidget(new QLabel(QStringLiteral("下限(m)")), 0, 1);
+  grid->addWidget(new QLabel(QStringLiteral("上限(m)")), 0, 3);
+  const auto addRow = [grid](int row, const QString& caption, QLineEdit* lower, QLineEdit* upper) {
+    grid->addWidget(new QLabel(caption), row, 0);
+    grid->addWidget(lower, row, 1);
+    grid->addWidget(new QLabel(QStringLiteral("～")), row, 2);
+    grid->addWidget(upper, row, 3);
+  };
+  addRow(1, QStringLiteral("Ｘ座標"), xLower_, xUpper_);
+  addRow(2, QStringLiteral("Ｙ座標"), yLower_, yUpper_);
+  auto* const buttons = OkCancelButtons();
+  auto* const none = buttons->addButton(QStringLiteral("制限なし"), QDialogButtonBox::ResetRole);
+  none->setObjectName(QStringLiteral("none"));
+  none->setToolTip(QStringLiteral("全ての節点を表示します"));
+  connect(none, &QPushButton::clicked, this, [this] { Fill(ViewingRange()); });
+  connect(buttons, &QDialogButtonBox::accepted, this, &SetLimit1::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &SetLimit1::reject);
+  auto* const column = new QVBoxLayout(this);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  column->addLayout(grid);
+  column->addSpacing(6);
+  column->addWidget(bothEnds_);
+  column->addWidget(oneEnd_);
+  column->addSpacing(8);
+  column->addWidget(buttons);
+  Fill(range);
+}
+
+void SetLimit1::Fill(const ViewingRange& range) {
+  xLower_->setText(LimitText(range.xLower));
+  xUpper_->setText(LimitText(range.xUpper));
+  yLower_->setText(LimitText(range.yLower));
+  yUpper_->setText(LimitText(range.yUpper));
+  (range.mode == RangeMode::OneEnd ? oneEnd_ : bothEnds_)->setChecked(true);
+}
+
+void SetLimit1::accept() {
+  ViewingRange range;
+  range.xLower = LimitOf(*xLower_, range.xLower);
+  range.xUpper = LimitOf(*xUpper_, range.xUpper);
+  range.yLower = LimitOf(*yLower_, range.yLower);
+  range.yUpper = LimitOf(*yUpper_, range.yUpper);
+  range.mode = oneEnd_->isChecked() ? RangeMode::OneEnd : RangeMode::BothEnds;
+  const bool crossed = range.xLower > range.xUpper || range.yLower > range.yUpper;
+  if (crossed) {
+    Tell("表示範囲の下限が上限を超えています");
+    (range.xLower > range.xUpper ? xLower_ : yLower_)->setFocus();
+    return;
+  }
+  range_ = range;
+  QDialog::accept();
+}
+
+}  // namespace zorlan

@@ -1,0 +1,157 @@
+#include "shell/figure_pick.h"
+
+#include <array>
+#include <cmath>
+#include <string_view>
+
+#include "base/fault.h"
+#include "base/number_format.h"
+#include "base/text_file.h"
+#include "model/deck.h"
+#include "model/model_state.h"
+
+namespace zorlan {
+namespace {
+
+constexpr NumberPattern kLength = "######0.000###", kForce = "######0.000", kAngle = "##0.0####",
+                        kRotation = "0.000000";
+
+using Directions = std::array<std::string_view, 3>;
+constexpr Directions kFrameDirections = {"Ｕ", "Ｖ", "θ"}, kGridDirections = {"Ｗ", "θｘ", "θｙ"};
+
+/// "Ｕ=1 Ｖ=1 θ=0"
+std::string StateText(const std::array<std::int16_t, 3>& code, bool grid) {
+  std::string text;
+  for (std::size_t d = 0; d < code.size(); ++d)
+    text.append(d == 0 ? "" : " ")
+        .append((grid ? kGridDirections : kFrameDirections)[d])
+        .append("=")
+        .append(std::to_string(code[d]));
+  return text;
+}
+
+std::string EndText(int condition) {
+  return condition == 1 ? "1：ピン" : std::to_string(condition) + (condition == 0 ? "：剛" : "");
+}
+
+template <class Node>
+std::vector<PickFact> NodeFacts(const Node& node, double x, double y, bool grid) {
+  std::vector<PickFact> facts = {{"節点番号", std::to_string(node.number)},
+                                 {"座標Ｘ", FormatNumber(x, kLength)},
+                                 {"座標Ｙ", FormatNumber(y, kLength)},
+                                 {"節点状態", StateText(node.code, grid)}};
+  facts.push_back({"傾斜ローラ角度", FormatNumber(node.rollerAngle, kAngle)});
+  return facts;
+}
+
+template <class Element>
+std::vector<PickFact> ElementFacts(const Element& element) {
+  return {{"要素番号", std::to_string(element.number)}, {"節点I", std::to_string(element.I)},
+          {"節点J", std::to_string(element.J)},         {"Ｉ端節点条件", EndText(element.II)},
+          {"Ｊ端節点条件", EndText(element.JJ)},        {"断面番号", std::to_string(element.section)}};
+}
+
+std::size_t ResultPlace(const Figure& figure, std::size_t count, int index) {
+  return static_cast<std::size_t>(figure.loadCase - 1) * count + static_cast<std::size_t>(index);
+}
+
+void AddDisplacements(std::vector<PickFact>& facts, const Figure& figure, int index) {
+  const std::size_t at = ResultPlace(figure, figure.model.nodes.size(), index);
+  if (at >= figure.model.DisplacementTable.size()) return;
+  const DisplacementRecord& moved = figure.model.DisplacementTable[at];
+  constexpr double kCmPerM = 100;
+  if (figure.model.IsGrid()) {
+    facts.push_back({"変位Ｚ(cm)", FormatNumber(moved.x * kCmPerM, kForce)});
+    return;
+  }
+  facts.push_back({"変位Ｘ(cm)", FormatNumber(moved.x * kCmPerM, kForce)});
+  facts.push_back({"変位Ｙ(cm)", FormatNumber(moved.y * kCmPerM, kForce)});
+  facts.push_back({"回転(rad)", FormatNumber(moved.rotation, kRotation)});
+}
+
+void AddForces(std::vector<PickFact>& facts, const Figure& figure, int index) {
+  const FigureModel& model = figure.model;
+  const std::size_t at = ResultPlace(figure, model.elements.size(), index);
+  if (at >= model.StressTable.size()) return;
+  const bool si = model.outUnit == 1;
+  const auto add = [&](std::string caption, double value, bool moment) {
+    const std::string_view unit = moment ? (si ? "(kN･m)" : "(t･m)") : (si ? "(kN)" : "(t)");
+    facts.push_back({caption.append(unit), FormatNumber(value * (si ? model.gravityFactor : 1), kForce)});
+  };
+  const StressRecord& stress = model.StressTable[at];
+  add("軸力Ｉ", stress.axialI, false);
+  add("軸力Ｊ", stress.axialJ, false);
+  add("せん断力Ｉ", stress.shearI, false);
+  add("せん断力Ｊ", stress.shearJ, false);
+  add("ﾓｰﾒﾝﾄＩ", stress.momentI, true);
+  add("ﾓｰﾒﾝﾄ中央", stress.momentC, true);
+  add("ﾓｰﾒﾝﾄＪ", stress.momentJ, true);
+}
+
+bool ShowsResults(int kind) {
+  return kind >= kDisplacementFigure && kind <= kMomentFigure;
+}
+
+}  // namespace
+
+std::string PickHeading(const Pick& pick) {
+  const bool node = pick.what == Pick::What::Node;
+  return "〔" + std::to_string(pick.number) + "〕" + (node ? "節点情報" : "要素情報");
+}
+
+std::vector<PickFact> PickFacts(const Figure& figure, const Pick& pick) {
+  const FigureModel& model = figure.model;
+  const auto index = static_cast<std::size_t>(pick.index);
+  if (pick.what == Pick::What::Node) {
+    if (index >= model.nodes.size()) return {};
+    const FigureNode& node = model.nodes[index];
+    std::vector<PickFact> facts = NodeFacts(node, node.x, node.y, model.IsGrid());
+    if (node.rollerAngle == 0) facts.pop_back();
+    if (ShowsResults(figure.DiagramType)) AddDisplacements(facts, figure, pick.index);
+    return facts;
+  }
+  if (index >= model.elements.size()) return {};
+  const FigureElement& element = model.elements[index];
+  std::vector<PickFact> facts = ElementFacts(element);
+  if (element.rowI >= 0 && element.rowJ >= 0) {
+    const FigureNode& i = model.nodes[static_cast<std::size_t>(element.rowI)];
+    const FigureNode& j = model.nodes[static_cast<std::size_t>(element.rowJ)];
+    facts.push_back({"要素の長さ", FormatNumber(std::hypot(j.x - i.x, j.y - i.y), kLength)});
+  }
+  if (ShowsResults(figure.DiagramType)) AddForces(facts, figure, pick.index);
+  if (index < model.ratios.size() && !std::isnan(model.ratios[index]))
+    facts.push_back({"判定値", FormatNumber(model.ratios[index], kForce)});
+  return facts;
+}
+
+std::vector<PickFact> NodeDefinition(const ModelRec& model, int number) {
+  for (int n = 1; n <= model.NodeCount; ++n)
+    if (model.Node[n].number == number)
+      return NodeFacts(model.Node[n], model.Node[n].X, model.Node[n].Y, model.ModelCode == kPlaneGrid);
+  return {};
+}
+
+std::vector<PickFact> ElementDefinition(const ModelRec& model, int number) {
+  for (int e = 1; e <= model.ElemCount; ++e) {
+    const ElemRec& element = model.Elem[e];
+    if (element.number != number) continue;
+    std::vector<PickFact> facts = ElementFacts(element);
+    facts.push_back({"剛域タイプ番号", std::to_string(element.rigid)});
+    facts.push_back({"要素の長さ", FormatNumber(element.length, kLength)});
+    return facts;
+  }
+  return {};
+}
+
+void RefreshInpModel() {
+  const std::string scratch = WorkPath + "Figure.inp";
+  try {
+    SaveDeck(/*deleteTables=*/false, scratch);
+    ReadDeck(scratch, /*checkMode=*/false);
+    RemoveFile(scratch);
+  } catch (const Fault&) {
+    // The input check tells what is wrong with the tables; here what was read before serves.
+  }
+}
+
+}  // namespace zorlan
