@@ -100,7 +100,13 @@ void OpenOptions(MainWindow& window, OptionSet set) {
 }
 
 void OpenRange(MainWindow& window) {
-  if (SetLimit1(DispOption.range, &window).exec() == QDialog::Accepted) FollowOptions(window);
+  if (SetLimit1(DispOption.range, &window).exec() != QDialog::Accepted) return;
+  FollowOptions(window);
+  try {
+    SaveModelOptions();
+  } catch (const std::exception& fault) {
+    Tell(fault.what());  // the range holds until the program ends
+  }
 }
 
 namespace {
@@ -116,8 +122,9 @@ std::optional<Figure> FigureOfPages(bool results) {
   return figure;
 }
 
-void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> figures, int layout) {
-  auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout);
+void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> figures, int layout,
+               FigurePreview::Part part) {
+  auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout, part);
   auto* preview = OpenPreview(window);
   if (preview == nullptr) {
     preview = new frmPrnText(window.Printers());
@@ -137,7 +144,8 @@ void ChoosePages(MainWindow& window, FigureSelection choice) {
   if (frmSelctLC(choice, cases, &window).exec() != QDialog::Accepted) return;
   PrinterSettings.orientation = static_cast<std::int16_t>(choice.orientation);
   HandOverSelection(choice);
-  ShowPages(window, std::move(*figure), SelectedFigures(choice), choice.layout);
+  const FigureSelection handed = HandedSelection().value_or(choice);
+  ShowPages(window, std::move(*figure), SelectedFigures(handed), handed.layout, FigurePreview::Part::Whole);
 }
 
 }  // namespace
@@ -156,7 +164,8 @@ void PrintFigure(MainWindow& window, int kind, int loadCase) {
     return ChoosePages(window, std::move(choice));
   }
   ForEachFigure(window, [&](Model& shown) {
-    if (shown.Kind() == kind) ShowPages(window, shown.View().TheFigure(), {{kind, loadCase}}, 0);
+    if (shown.Kind() == kind)
+      ShowPages(window, shown.View().TheFigure(), {{kind, loadCase}}, 0, FigurePreview::Part::Shown);
   });
 }
 

@@ -338,9 +338,15 @@ void Model::TakePick(const std::optional<Pick>& pick) {
   panel_->Show(pick);
   if (!pick) return;
   const auto isOn = [this](Tool tool) { return tools_[static_cast<std::size_t>(tool)]->isChecked(); };
-  if (isOn(Tool::Enter) && pick->what == Pick::What::Node && !TheWindows().takeNodes({pick->number}))
-    note_->setText(QStringLiteral("節点を入れる表が開いていません"));
+  if (isOn(Tool::Enter)) HandOver(*pick);
   if (isOn(Tool::Define)) emit definitionAsked(*pick);
+}
+
+void Model::HandOver(const Pick& pick) {
+  const bool node = pick.what == Pick::What::Node;
+  if (node ? TheWindows().takeNodes({pick.number}) : TheWindows().takeElement(pick.number)) return;
+  note_->setText(node ? QStringLiteral("節点を入れる表が開いていません")
+                      : QStringLiteral("要素を入れる表が開いていません"));
 }
 
 void Model::keyPressEvent(QKeyEvent* event) {

@@ -92,6 +92,8 @@ class Model : public Form {
   void ShowCaption();
   void ShowNote();
   void TakePick(const std::optional<Pick>& pick);
+  /// To the table form in front.
+  void HandOver(const Pick& pick);
 
   QToolBar* bar_ = nullptr;
   std::vector<QAction*> tools_;  // by Tool

@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include "base/text_file.h"
+#include "desktop/hush.h"
 #include "model/model_state.h"
 #include "output/dxf_page.h"
 #include "output/print_flag.h"
@@ -94,11 +95,11 @@ bool ListingPages::Renew() {
   return true;
 }
 
-FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout)
-    : figure_(std::move(figure)), sheets_(SheetsOf(PrinterSettings, std::move(figures), layout)) {}
-
-FigurePreview::~FigurePreview() {
-  RemoveSelection();
+FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, Part part)
+    : figure_(std::move(figure)), sheets_(SheetsOf(PrinterSettings, std::move(figures), layout)) {
+  sheets_.fitted = part == Part::Whole;
+  RecordSheet(sheets_, 0,
+              figure_);  // what there is to tell of the model is told here, and not while painting
 }
 
 QString FigurePreview::Caption() const {
@@ -106,7 +107,9 @@ QString FigurePreview::Caption() const {
 }
 
 void FigurePreview::LayOut() {
+  const bool fitted = sheets_.fitted;
   sheets_ = SheetsOf(PrinterSettings, std::move(sheets_.figures), sheets_.layout);
+  sheets_.fitted = fitted;
 }
 
 QSize FigurePreview::Sheet() const {
@@ -115,6 +118,7 @@ QSize FigurePreview::Sheet() const {
 }
 
 void FigurePreview::Paint(QPainter& painter, int page) {
+  const Hush hush;  // no box may come up under an open painter
   FigurePicture picture(sheets_.sheet);
   DrawSheet(picture, sheets_, page, figure_);
   if (painter.paintEngine()->type() == QPaintEngine::Raster) {

@@ -71,12 +71,13 @@ class ListingPages final : public PreviewPages {
   TextPages pages_;  // points into the text
 };
 
-/// Figures of a model in the cells of their pages. With its end the choice that was handed over is gone.
+/// Figures of a model in the cells of their pages.
 class FigurePreview final : public PreviewPages {
  public:
   /// `figure` has the model and its results.
-  FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout);
-  ~FigurePreview() override;
+  /// Whether the figures are shown whole, or what the figure's own window shows of them.
+  enum class Part { Whole, Shown };
+  FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, Part part);
 
   QString Caption() const override;
   void LayOut() override;

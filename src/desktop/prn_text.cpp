@@ -25,6 +25,7 @@
 #include "desktop/print_job.h"
 #include "desktop/printer_set.h"
 #include "model/model_state.h"
+#include "output/batch_print.h"
 #include "output/dxf_page.h"
 #include "render/qt_text.h"
 #include "render/text_page_painter.h"
@@ -63,6 +64,10 @@ QPushButton* Button(const char* caption, const char* name, const char* tip) {
 
 frmPrnText::frmPrnText(const SystemPrinters& printers) : Form("frmPrnText"), printers_(printers) {
   Build();
+}
+
+frmPrnText::~frmPrnText() {
+  RemoveSelection();
 }
 
 void frmPrnText::Build() {
@@ -214,7 +219,7 @@ void frmPrnText::WriteDxf() {
   const QString target =
       QFileDialog::getSaveFileName(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter());
   if (target.isEmpty()) return;
-  const bool named = !QFileInfo(target).suffix().isEmpty();
+  const bool named = target.endsWith(QStringLiteral(".dxf"), Qt::CaseInsensitive);
   SetBusy(true);
   pages_->WriteDxf(page, FromQt(named ? target : target + QStringLiteral(".dxf")));
   EndBusy();

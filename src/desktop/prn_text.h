@@ -20,6 +20,7 @@ class frmPrnText : public Form {
   Q_OBJECT
  public:
   explicit frmPrnText(const SystemPrinters& printers);
+  ~frmPrnText() override;  // the choice of figures that was handed over goes with its preview
 
   /// Shows the pages of a PrintFlag's listing. A file that doesn't exist shows an empty preview. The listing
   /// that is already shown stays at its page.

@@ -83,6 +83,7 @@ void InstallMainWindow(MainWindow& window) {
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
   table.takeNodes = [&window](const std::vector<int>& nodes) { return TakePickedNodes(window, nodes); };
+  table.takeElement = [&window](int element) { return TakePickedElement(window, element); };
   table.showRow = [&window](const std::string& key, int page, int number) {
     return ShowTableRow(window, key, page, number);
   };

@@ -335,6 +335,17 @@ bool TableWindow::TakeNodes(const std::vector<int>& nodes) {
   return editor_.Form().name == "InpNODE" && !nodes.empty() && GoToNumber(0, nodes.back());
 }
 
+bool TableWindow::TakeElement(int number) {
+  view_->CloseBox();
+  if (editor_.Form().name == "InpELEM") return GoToNumber(0, number);
+  if (editor_.Form().keyBlank != FindTableForm("InpELEM")->keyBlank) return false;  // no table of members
+  const CellPlace at = view_->Current();
+  editor_.SetText({at.page, at.row, 1}, std::to_string(number));
+  ShowAll();
+  GoTo({at.page, std::min(at.row + 1, kGridRows), 1}, /*middle=*/false);
+  return true;
+}
+
 QSize TableWindow::sizeHint() const {
   return Form::sizeHint().expandedTo({320, 320});
 }
@@ -351,11 +362,26 @@ void FollowControl(MainWindow& window) {
     if (TableWindow* const form = OpenWindowOf(window, name)) form->Follow();
 }
 
-bool TakePickedNodes(MainWindow& window, const std::vector<int>& nodes) {
+namespace {
+
+/// The table form that was in front last; null if there is none.
+TableWindow* TableInFront(MainWindow& window) {
   const QList<QMdiSubWindow*> frames = window.Forms().subWindowList(QMdiArea::StackingOrder);
   for (auto frame = frames.rbegin(); frame != frames.rend(); ++frame)
-    if (auto* const form = qobject_cast<TableWindow*>((*frame)->widget())) return form->TakeNodes(nodes);
-  return false;
+    if (auto* const form = qobject_cast<TableWindow*>((*frame)->widget())) return form;
+  return nullptr;
+}
+
+}  // namespace
+
+bool TakePickedNodes(MainWindow& window, const std::vector<int>& nodes) {
+  TableWindow* const form = TableInFront(window);
+  return form != nullptr && form->TakeNodes(nodes);
+}
+
+bool TakePickedElement(MainWindow& window, int element) {
+  TableWindow* const form = TableInFront(window);
+  return form != nullptr && form->TakeElement(element);
 }
 
 bool ShowTableRow(MainWindow& window, std::string_view key, int page, int number) {

@@ -34,6 +34,9 @@ class TableWindow : public Form {
   bool GoToNumber(int page, int number);
   /// Nodes were picked in the figure.
   bool TakeNodes(const std::vector<int>& nodes);
+  /// A member picked in the figure: its number goes into the current row, in InpELEM the cursor to its row.
+  /// False: the table has no members.
+  bool TakeElement(int number);
   /// The redraw button: the figure shows the rows as they are typed.
   void Redraw();
 
@@ -76,6 +79,8 @@ TableWindow* OpenTableWindow(MainWindow& window, std::string_view name);
 /// What the shell and the figures ask of the table forms; for shell_windows.cpp.
 void FollowControl(MainWindow& window);
 bool TakePickedNodes(MainWindow& window, const std::vector<int>& nodes);
+/// The same for a member.
+bool TakePickedElement(MainWindow& window, int element);
 bool ShowTableRow(MainWindow& window, std::string_view key, int page, int number);
 
 }  // namespace zorlan

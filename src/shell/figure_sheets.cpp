@@ -50,6 +50,7 @@ void PlotSheet(Plot& plot, const FigureSheets& sheets, int page, Figure& figure)
     const auto place = static_cast<std::size_t>(page * cells + cell);
     if (place >= sheets.figures.size()) break;
     ChooseFigure(figure, sheets.figures[place]);
+    if (!sheets.fitted) figure.FigureFlags = kDataUnchanged;
     DrawFrameFigure(plot, kPageControl, figure, {}, sheets.layout, cell);
   }
   if (sheets.pageNumbers) PlotPageNumber(plot, sheets.firstPage + page);

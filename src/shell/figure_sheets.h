@@ -18,6 +18,7 @@ struct FigureSheets {
   std::vector<SelectedFigure> figures;
   int layout = 0;
   Surface sheet;
+  bool fitted = true;  // each figure whole; else the part of it that its own window shows
   bool pageNumbers = false;
   int firstPage = 1;
 

@@ -31,6 +31,7 @@ ShellWindows WithDefaults(ShellWindows windows) {
   Default(windows.dropFigureData);
   Default(windows.drawTyped);
   Default(windows.takeNodes, false);
+  Default(windows.takeElement, false);
   Default(windows.showRow, false);
   Default(windows.followControl);
   Default(windows.addNum, std::string("Abote"));

@@ -53,6 +53,9 @@ struct ShellWindows {
   /// Nodes were picked in the figure, by their numbers: the form in front takes them, InpNODE by going to
   /// their row, InpELEM as ends of elements. False: no such form is there.
   std::function<bool(const std::vector<int>& nodes)> takeNodes;
+  /// A member was picked: the form in front takes its number, a form of loads into the current row, InpELEM
+  /// by going to its row. False: no such form is there.
+  std::function<bool(int element)> takeElement;
   /// Opens the form of a table, or brings it to the front, and goes to the row of this number in its key
   /// column on a page, or on the first page that has it (0). False: no row has it.
   std::function<bool(const std::string& key, int page, int number)> showRow;

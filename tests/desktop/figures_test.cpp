@@ -24,6 +24,8 @@
 #include "desktop/figure_view.h"
 #include "desktop/model.h"
 #include "desktop/page_view.h"
+#include "desktop/table_view.h"
+#include "desktop/table_window.h"
 #include "graphics/options.h"
 #include "shell/settings.h"
 #include "shell/windows.h"
@@ -255,6 +257,18 @@ TEST_F(FiguresTest, APickGoesIntoTheTableInFront) {
   EXPECT_EQ(Child<QLabel>(Window(), "note")->text(), QStringLiteral("節点を入れる表が開いていません"));
 }
 
+TEST_F(FiguresTest, APickedMemberGoesIntoTheLoadsInFront) {
+  Choose("mnuLoad(1)");
+  auto* const loads = qobject_cast<TableWindow*>(OpenForm("InpELOD"));
+  ASSERT_NE(loads, nullptr);
+  const CellPlace at = loads->View().Current();
+  Tool("figure-pick")->trigger();
+  ClickAt(MiddleOf(3, 4));  // element 7
+  EXPECT_EQ(loads->View().Current().row, at.row + 1);
+  EXPECT_EQ(loads->Editor().Text({at.page, at.row, 1}), "7");
+  EXPECT_THAT(FromQt(Child<QLabel>(Window(), "note")->text()), testing::IsEmpty());
+}
+
 TEST_F(FiguresTest, EnterLeadsFromAPickToItsRow) {
   ClickAt(MiddleOf(3, 4));
   Key(Qt::Key_Return);
@@ -354,6 +368,9 @@ TEST_F(FiguresTest, TheViewingRangeHidesWhatLiesOutside) {
   });
   Tool("figure-range")->trigger();
   EXPECT_EQ(DispOption.range.yUpper, 1);
+  DispOption.range = {};
+  LoadModelOptions();
+  EXPECT_EQ(DispOption.range.yUpper, 1) << "not kept for the next start";
   EXPECT_EQ(std::count(Shown().shown.begin(), Shown().shown.end(), 1), 0);  // the feet of the columns alone
   EXPECT_EQ(Child<QLabel>(Window(), "note")->text(), QStringLiteral("表示範囲を限っています"));
   Script().Expect(QStringLiteral("SetLimit1"), [](QWidget& dialog) {
@@ -478,6 +495,14 @@ TEST_F(FigurePagesTest, TheLastChoiceIsOfferedAgain) {
         EXPECT_TRUE(Child<QToolButton>(&dialog, "layout3")->isChecked());
       },
       "cancel");
+}
+
+TEST_F(FigurePagesTest, AnotherChoiceIntoTheOpenPreviewIsHandedOverToo) {
+  const auto moments = [](QWidget& dialog) { Select(dialog, "cases5", 1); };
+  Choice(moments);
+  Choice([](QWidget& dialog) { Select(dialog, "cases2", 2); });
+  EXPECT_EQ(Pages(), 3);  // the moments of the batch kept, and these
+  EXPECT_TRUE(FileExists(AppPath + "SelctLC.Txt"));
 }
 
 TEST_F(FigurePagesTest, AChoiceWithoutCasesIsRefused) {
