@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
 
 #include "desktop/desktop_test.h"
 #include "shell/projects.h"
@@ -130,6 +131,8 @@ TEST_F(OneRowFormsTest, ADropDownLeftEmptyIsToldByItsTitle) {
   ReplaceTextFile(WorkPath + "CONT", "9,1,0,0\r\n");
   Form* const form = Open(kControl, "InpCONT");
   EXPECT_EQ(Combo(form, "model")->currentIndex(), -1);
+  Script().ExpectBox(QStringLiteral("解析モデル番号の入力は省略できません！！！"), QStringLiteral("OK"));
+  EXPECT_FALSE(form->CloseForm()) << "untouched";
   Combo(form, "list")->setFocus();
   QTest::keyClick(Combo(form, "list"), Qt::Key_Down);
   Script().ExpectBox(QStringLiteral("解析モデル番号の入力は省略できません！！！"), QStringLiteral("OK"));
@@ -180,6 +183,33 @@ TEST_F(OneRowFormsTest, AnotherNumberOfCasesDropsResultsAtOnceAndElementLoadsOnC
   Choose("mnuDesignS");  // it stays on until the next look at the results
 }
 
+TEST_F(OneRowFormsTest, AnotherNumberOfCasesClosesTheOpenElementLoads) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  ReplaceTextFile(WorkPath + "ELOD", "1,1,2,0,0,1,0\r\n2,1,3,0,0,1,0\r\n1,1,9,0,0,1,0\r\n");
+  Choose("mnuLoad(1)");
+  auto* const grid = Child<QTableView>(OpenForm("InpELOD"), "grid");
+  grid->setCurrentIndex(grid->model()->index(0, 2));
+  QTest::keyClicks(grid, "9");
+  QTest::keyClicks(Window().focusWidget(), "9");
+  QTest::keyClick(Window().focusWidget(), Qt::Key_Return);
+  Form* const form = Open(kControl, "InpCONT");
+  auto* const cases = Combo(form, "loadCases");
+  cases->setFocus();
+  QTest::keyClick(cases, Qt::Key_Home);
+  Script().ExpectBox(QStringLiteral("荷重タイプが入力範囲外です"), QStringLiteral("OK"));
+  EXPECT_FALSE(form->CloseForm());  // its bad row comes first
+  EXPECT_NE(OpenForm("InpELOD"), nullptr);
+  grid->setCurrentIndex(grid->model()->index(0, 2));
+  QTest::keyClicks(grid, "0");
+  QTest::keyClick(Window().focusWidget(), Qt::Key_Return);
+  EXPECT_TRUE(form->CloseForm());
+  EXPECT_EQ(OpenForm("InpELOD"), nullptr);
+  EXPECT_EQ(OpenForm("InpCONT"), nullptr);
+  EXPECT_EQ(Table("CONT").substr(0, 4), "1,1,");
+  EXPECT_EQ(Table("ELOD"),
+            "1,1,2,0,0,1,0\r\n1,1,9,0,0,1,0\r\n");  // it wrote its cases in order, then it was cut
+}
+
 TEST_F(OneRowFormsTest, AControlFormLeftAloneKeepsTheResults) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuAnalysisStatic(0)");
@@ -218,6 +248,8 @@ TEST_F(OneRowFormsTest, AUnitLeftEmptyAndAFactorThatIsNoneAreTold) {
   OpenSample(QStringLiteral("連続梁"));
   ReplaceTextFile(WorkPath + "UNIT", "1,1,9.8,7\r\n");
   Form* const form = Open(kUnit, "InpUNIT");
+  Script().ExpectBox(QStringLiteral("力の単位の入力は省略できません！！！"), QStringLiteral("OK"));
+  EXPECT_FALSE(form->CloseForm()) << "untouched";
   Type(Child<QLineEdit>(form, "factor"), QStringLiteral("-9.8"));
   Script().ExpectBox(QStringLiteral("力の単位の入力は省略できません！！！"), QStringLiteral("OK"));
   EXPECT_FALSE(form->CloseForm());
@@ -226,6 +258,9 @@ TEST_F(OneRowFormsTest, AUnitLeftEmptyAndAFactorThatIsNoneAreTold) {
   Script().ExpectBox(QStringLiteral("ＳＩ単位変換係数が入力範囲外です！！！"), QStringLiteral("OK"));
   EXPECT_FALSE(form->CloseForm());
   EXPECT_EQ(Table("UNIT"), "1,1,9.8,7\r\n");
+  Child<QLineEdit>(form, "factor")->clear();
+  Script().ExpectBox(QStringLiteral("ＳＩ単位変換係数の入力は省略できません！！！"), QStringLiteral("OK"));
+  EXPECT_FALSE(form->CloseForm());
   Type(Child<QLineEdit>(form, "factor"), QStringLiteral("9.8"));
   EXPECT_TRUE(form->CloseForm());
   EXPECT_EQ(Table("UNIT"), "1,1,9.8,0\r\n");
@@ -251,6 +286,23 @@ TEST_F(OneRowFormsTest, AnOpenFormComesToTheFrontInsteadOfASecondOne) {
   Open(kControl, "InpCONT");
   EXPECT_EQ(Open(kTitle, "InpTITL"), form);
   EXPECT_TRUE(Child<QLineEdit>(form, "title")->hasFocus());
+}
+
+TEST_F(OneRowFormsTest, TheNumberDialogTakesNothingButANumber) {
+  Script().Expect(QStringLiteral("AddNum"), [](QWidget& dialog) {
+    auto* const number = Child<QLineEdit>(&dialog, "number");
+    const auto* const ok = Child<QPushButton>(&dialog, "ok");
+    for (const char* const text : {"-", ".", "e", "1-2", "1e", "1e999"}) {
+      number->setText(QString::fromLatin1(text));
+      EXPECT_FALSE(ok->isEnabled()) << text;
+    }
+    QTest::keyClick(number, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    number->setText(QStringLiteral("-.5e1"));
+    EXPECT_TRUE(ok->isEnabled());
+    QTest::keyClick(number, Qt::Key_Return);
+  });
+  EXPECT_EQ(TheWindows().addNum("Add"), "-.5e1");
 }
 
 TEST_F(OneRowFormsTest, TheNumberDialogAnswersItsNumberOrItsWordForCancel) {
