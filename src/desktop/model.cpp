@@ -106,6 +106,7 @@ void Model::Build() {
   column->setSpacing(0);
   column->addWidget(bar_);
   column->addWidget(view_, 1);
+  setTabOrder(view_, bar_->widgetForAction(tools_.front()));
   SetFirst(view_);
   connect(view_, &FigureView::clicked, this, &Model::TakePick);
   connect(view_, &FigureView::opened, this, [](const Pick& pick) {
@@ -138,6 +139,7 @@ void Model::AddTools() {
     auto* const action =
         bar_->addAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(ToQt(row.icon))), caption);
     action->setObjectName(ToQt(row.icon));
+    bar_->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);  // for who works without a mouse
     const QString key = row.key.empty() ? QString() : QStringLiteral(" (%1)").arg(ToQt(row.key));
     action->setToolTip(caption + key);
     action->setStatusTip(ToQt(row.hint));
