@@ -195,6 +195,13 @@ double ReadReal(std::string_view text) {
   return negative ? -value : value;
 }
 
+bool IsNumberText(std::string_view text) {
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  const std::size_t mantissa = MantissaLength(text);
+  text.remove_prefix(mantissa);
+  return mantissa != 0 && ExponentLength(text) == text.size();
+}
+
 std::optional<std::int16_t> ReadInt16(std::string_view text) {
   const double whole = std::trunc(ReadReal(text));
   if (!(whole >= -32768 && whole <= 32767)) return std::nullopt;

@@ -13,6 +13,9 @@ namespace zorlan {
 /// is 0.
 double ReadReal(std::string_view text);
 
+/// Whether a text is a number in full, as ReadReal knows it, and nothing else: "-1.5E+03".
+bool IsNumberText(std::string_view text);
+
 /// The same for an integer field: decimals are cut off. Nothing if the value doesn't fit 16 bits.
 std::optional<std::int16_t> ReadInt16(std::string_view text);
 

@@ -1,9 +1,11 @@
 #include "desktop/add_num.h"
 
+#include <cmath>
 #include <QBoxLayout>
 #include <QFormLayout>
 #include <QPushButton>
 
+#include "base/number.h"
 #include "desktop/dialog_buttons.h"
 #include "desktop/number_box.h"
 #include "forms/small_forms.h"
@@ -30,8 +32,10 @@ AddNum::AddNum(std::string_view mode, QWidget* parent) : QDialog(parent) {
   connect(buttons, &QDialogButtonBox::rejected, this, &AddNum::reject);
   QPushButton* const ok = buttons->button(QDialogButtonBox::Ok);
   ok->setEnabled(false);
-  connect(number_, &QLineEdit::textChanged, ok,
-          [ok](const QString& text) { ok->setEnabled(!text.isEmpty()); });
+  connect(number_, &QLineEdit::textChanged, ok, [ok](const QString& text) {
+    const std::string number = FromQt(text);
+    ok->setEnabled(IsNumberText(number) && std::isfinite(ReadReal(number)));
+  });
   auto* const column = new QVBoxLayout(this);
   column->setSizeConstraint(QLayout::SetFixedSize);
   column->addLayout(rows);

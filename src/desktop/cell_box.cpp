@@ -5,6 +5,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <utility>
 
 #include "forms/clipboard_text.h"
 #include "forms/typing.h"
@@ -80,6 +81,13 @@ void CellBox::PasteText() {
 }
 
 void CellBox::inputMethodEvent(QInputMethodEvent* event) {
+  const bool wasComposing = std::exchange(composing_, !event->preeditString().isEmpty());
+  TakeComposed(event);
+  // A composition that came to nothing leaves the cell as it was.
+  if (wasComposing && !composing_ && typing_ && !isModified()) emit cancelled();
+}
+
+void CellBox::TakeComposed(QInputMethodEvent* event) {
   if (event->commitString().isEmpty()) {
     QLineEdit::inputMethodEvent(event);
     return;

@@ -39,11 +39,14 @@ class CellBox : public QLineEdit {
 
  private:
   bool MovesOn(const QKeyEvent& event) const;
+  /// What an input method brings, through the filter.
+  void TakeComposed(QInputMethodEvent* event);
   /// What of a text passes the filter.
   QString Filtered(const QString& text);
 
   std::string_view mask_ = kAnyText;
   bool typing_ = true;
+  bool composing_ = false;  // an input method shows a text that isn't committed yet
 };
 
 }  // namespace zorlan

@@ -193,12 +193,12 @@ void InpCONT::ShowEntry() {
 }
 
 bool InpCONT::Save() {
-  if (entry_ == loaded_ && HasTable("CONT")) return true;
   if (const std::optional<ControlField> missing = MissingChoice(entry_)) {
     Tell(NotChosenMessage(ControlChoiceOf(*missing).title));
     Box(*missing)->setFocus();
     return false;
   }
+  if (entry_ == loaded_ && HasTable("CONT")) return true;
   const bool otherCases = entry_[ControlField::LoadCases] != loaded_[ControlField::LoadCases];
   if (otherCases && IsOpen("InpELOD") && !TheWindows().closeForm("InpELOD")) return false;
   SaveControl(entry_);
@@ -215,7 +215,6 @@ InpUNIT::InpUNIT() : OneRowForm("InpUNIT", "単位"), loaded_(LoadUnit()) {
   factor_->setObjectName(QStringLiteral("factor"));
   factor_->setAlignment(Qt::AlignRight);
   factor_->setText(ToQt(loaded_.factor));
-  factor_->setPlaceholderText(ToQt(CellsOfUnit(UnitEntry()).at(2)));
   rows_->addRow(ToQt(kFactorTitle), factor_);
   force_ = new StillBox;
   force_->setObjectName(QStringLiteral("force"));
@@ -272,7 +271,6 @@ void InpUNIT::FocusOn(UnitField field) {
 
 bool InpUNIT::Save() {
   const UnitEntry entry = Entry();
-  if (entry == loaded_) return true;
   if (const std::string fault = UnitFault(entry); !fault.empty()) {
     Tell(fault);
     if (const std::optional<UnitField> missing = MissingChoice(entry))
@@ -281,6 +279,7 @@ bool InpUNIT::Save() {
       factor_->setFocus();
     return false;
   }
+  if (entry == loaded_) return true;
   SaveUnit(entry);
   loaded_ = entry;
   HeaderChanged();

@@ -35,6 +35,7 @@ int TableModel::columnCount(const QModelIndex& parent) const {
 
 QVariant TableModel::data(const QModelIndex& index, int role) const {
   const CellPlace place = PlaceOf(index);
+  if (place.column > columnCount()) return {};
   switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
@@ -52,6 +53,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
 
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Horizontal) {
+    if (section >= columnCount()) return {};
     const Column& column = editor_.ColumnAt(section + 1);
     if (role == Qt::DisplayRole)
       return ToQt(column.unit.empty() ? column.title : column.title + "\n" + column.unit);

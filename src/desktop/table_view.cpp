@@ -174,7 +174,7 @@ void TableView::CloseBox() {
   CellBox* const box = std::exchange(open_, nullptr);
   if (box->hasFocus()) setFocus();  // a focused box that hides would pass the focus on
   box->hide();
-  emit stored(openAt_, box->text());
+  if (box->isModified()) emit stored(openAt_, box->text());  // an opened box alone says nothing
 }
 
 void TableView::CancelBox() {

@@ -35,7 +35,7 @@ class TableView : public QTableView {
   CellBox* OpenedBox() const { return open_; }
   /// Opens the typing box, empty, or the box for editing the cell's text.
   CellBox* OpenBox(bool typing);
-  /// Closes the box and hands its text on.
+  /// Closes the box and hands its text on, if anything was typed into it.
   void CloseBox();
 
  signals:

@@ -25,7 +25,6 @@ namespace zorlan {
 namespace {
 
 constexpr int kHintTime = 5000;  // ms
-constexpr int kMaxGroups = 1000;
 constexpr int kButtonRoom = 12;  // pixels beside a caption
 
 /// The entries of the grid's context menu.
@@ -128,7 +127,7 @@ void TableWindow::Connect() {
   });
   connect(view_, &TableView::pageAsked, this, [this](int steps) {
     const int page = model_->Page() + steps;
-    if (page >= 1 && page <= editor_.Cells().PageCount()) ShowPage(page);
+    if (page >= 1 && page <= editor_.PageCount()) ShowPage(page);
   });
   if (tabs_ != nullptr)
     connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) { ShowPage(tab + 1); });
@@ -148,7 +147,7 @@ void TableWindow::Connect() {
 }
 
 void TableWindow::ShowTabs() {
-  const int pages = editor_.Cells().PageCount();
+  const int pages = editor_.PageCount();
   places_.resize(static_cast<std::size_t>(pages));
   if (tabs_ == nullptr) return;
   const QSignalBlocker quiet(tabs_);
@@ -177,9 +176,9 @@ void TableWindow::ShowPage(int page) {
 }
 
 void TableWindow::ShowAll() {
-  if (editor_.Cells().PageCount() != static_cast<int>(places_.size())) {
+  if (editor_.PageCount() != static_cast<int>(places_.size())) {
     ShowTabs();
-    if (model_->Page() > editor_.Cells().PageCount()) ShowPage(editor_.Cells().PageCount());
+    if (model_->Page() > editor_.PageCount()) ShowPage(editor_.PageCount());
   }
   model_->ShowChange();
 }
@@ -192,7 +191,7 @@ void TableWindow::GoTo(const CellPlace& place, bool middle) {
 void TableWindow::Walk(std::optional<CellPlace> place) {
   ShowAll();
   if (!place) return;
-  place->page = std::min(place->page, editor_.Cells().PageCount());
+  place->page = std::min(place->page, editor_.PageCount());
   place->column = std::min(place->column, model_->columnCount());
   GoTo(*place, /*middle=*/false);
 }
@@ -262,7 +261,7 @@ void TableWindow::Redraw() {
   } catch (const std::exception& fault) {
     Tell(fault.what());
   }
-  LookAtResults();
+  if (editor_.Form().dropsListing) LookAtListing();
   std::vector<TypedTable> tables = {{TableKey(editor_.Form()), editor_.Rows()}};
   if (editor_.Form().name == "InpELEM")
     if (TableWindow* const nodes = OpenWindowOf(window_, "InpNODE"))
@@ -271,12 +270,20 @@ void TableWindow::Redraw() {
   TheWindows().refresh();
 }
 
+void TableWindow::RedrawCommitted() {
+  try {
+    Redraw();
+  } catch (const std::exception& fault) {
+    Tell(fault.what());  // the table stands; a figure that can't be drawn doesn't hold the form
+  }
+}
+
 bool TableWindow::Commit() {
   view_->CloseBox();
   std::optional<CellPlace> place;
   try {
     const CommitEnd end = editor_.Commit(place);
-    if (end == CommitEnd::Written) Redraw();
+    if (end == CommitEnd::Written) RedrawCommitted();
     if (end != CommitEnd::Refused) return true;
   } catch (const std::exception& fault) {
     Tell(fault.what());
@@ -290,10 +297,11 @@ bool TableWindow::Commit() {
 
 void TableWindow::Follow() {
   view_->CloseBox();
+  std::string fault;
   try {
     editor_.Follow(CurrentFormSetting());
-  } catch (const std::exception& fault) {
-    Tell(fault.what());
+  } catch (const std::exception& unread) {
+    fault = unread.what();
   }
   const CellPlace place = view_->Current();
   model_->ShowHeader();
@@ -302,11 +310,12 @@ void TableWindow::Follow() {
   notice_->setText(ToQt(editor_.UnshownText()));
   notice_->setVisible(!notice_->text().isEmpty());
   Walk(place);
+  if (!fault.empty()) Tell(fault);  // once the grid has its columns: the box lets it be painted
 }
 
 bool TableWindow::GoToNumber(int page, int number) {
   view_->CloseBox();
-  for (int p = 1; p <= editor_.Cells().PageCount(); ++p)
+  for (int p = 1; p <= editor_.PageCount(); ++p)
     for (int row = 1; (page == 0 || page == p) && row <= editor_.LastKeyRow(p); ++row)
       if (!editor_.View(p, row).Blank(1) && editor_.View(p, row).Real(1) == number) {
         GoTo({p, row, 1}, /*middle=*/true);

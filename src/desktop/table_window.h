@@ -43,6 +43,8 @@ class TableWindow : public Form {
   bool Commit() override;
 
  private:
+  /// The same behind a commit, which stands whatever becomes of the figure.
+  void RedrawCommitted();
   QLayout* ButtonRow();
   void Build();
   void Connect();

@@ -1,5 +1,5 @@
-// Row checks of the table forms, for table_forms.cpp. They are tried in this order behind the tests of the
-// key; the first that fails is the one shown.
+// Row checks of the table forms, for table_forms.cpp. They are tried behind the tests of the key, column by
+// column and in this order within one; the first that fails is the one shown.
 #pragma once
 
 #include <algorithm>
@@ -56,9 +56,9 @@ inline constexpr RowCheck kNodeChecks[] = {
     {FormCase::PlainFrame, 4, IsSupportCode<4>, kFrameCodes},
     {FormCase::PlainFrame, 5, IsSupportCode<5>, kFrameCodes},
     {FormCase::PlainFrame, 6, IsSupportCode<6>, kFrameCodes},
-    {FormCase::Rollers, 4, SuitsAngle<4>, kAngleCodes},
-    {FormCase::Rollers, 5, SuitsAngle<5>, kAngleCodes},
-    {FormCase::Rollers, 6, SuitsAngle<6>, kAngleCodes},
+    {FormCase::Rollers, 4, SuitsAngle<4>, kAngleCodes, 7},
+    {FormCase::Rollers, 5, SuitsAngle<5>, kAngleCodes, 7},
+    {FormCase::Rollers, 6, SuitsAngle<6>, kAngleCodes, 7},
 };
 
 inline constexpr std::string_view kEndConditions = "節点条件は、０：剛　１：ピン　のみ入力可能です";

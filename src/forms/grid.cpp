@@ -20,10 +20,6 @@ CellRange RangeBetween(const CellPlace& a, const CellPlace& b) {
           std::max(a.column, b.column)};
 }
 
-bool IsBlankRow(const GridRow& row) {
-  return std::ranges::all_of(row, [](const std::string& cell) { return cell.empty(); });
-}
-
 bool Grid::Holds(const CellPlace& place) const {
   return place.page >= 1 && place.page <= PageCount() && place.row >= 1 && place.row <= kGridRows &&
          place.column >= 1 && place.column <= columns_;

@@ -28,9 +28,6 @@ CellRange RangeBetween(const CellPlace& a, const CellPlace& b);
 
 using GridRow = std::vector<std::string>;  // cells from column 1 on; missing ones are blank
 
-/// Whether no cell of the row holds a text.
-bool IsBlankRow(const GridRow& row);
-
 class Grid {
  public:
   explicit Grid(int columns = 1, int pages = 1)

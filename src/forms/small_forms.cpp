@@ -79,13 +79,18 @@ std::string_view TitleWarning(std::string_view title) {
   if (NoSpc(title).starts_with('@')) return "「@」で始まるタイトルは、保存したモデルを開いたときに失われます";
   if (title.find('%') != std::string_view::npos)
     return "「%」から後ろは、保存したモデルを開いたときに失われます";
-  if (title.find(',') != std::string_view::npos)
-    return "「,」から後ろは、この画面を次に開いたときに表示されません";
+  if (NoSpc(title).ends_with(',')) return "末尾の「,」は保存されません";
+  if (title.find(',') != std::string_view::npos) return "「,」から後ろは、入力データリストに印刷されません";
   return {};
 }
 
 std::string LoadTitle(std::string_view key) {
-  return std::string(CellAt(FirstRow(key), 0));
+  if (!HasTable(key)) return {};
+  const std::string text = ReadTextFile(WorkPath + std::string(key));
+  std::string_view rest = text;
+  while (const std::optional<std::string_view> line = TakeLine(rest))
+    if (const std::string_view title = NoSpc(*line); !title.empty()) return std::string(title);
+  return {};
 }
 
 void SaveTitle(std::string_view key, std::string_view title) {
@@ -171,7 +176,8 @@ UnitEntry UnitOfCells(const Cells& cells) {
   UnitEntry entry;
   entry[UnitField::Input] = IndexOf(CellAt(cells, 0), UnitChoiceOf(UnitField::Input, 0), 0);
   entry[UnitField::Output] = IndexOf(CellAt(cells, 1), UnitChoiceOf(UnitField::Output, 0), 0);
-  entry.factor = CellAt(cells, 2);
+  entry.factor = NoSpc(CellAt(cells, 2));
+  if (entry.factor.empty()) entry.factor = "0";
   entry[UnitField::Force] = IndexOf(CellAt(cells, 3), UnitChoiceOf(UnitField::Force, 0), 0);
   return entry;
 }
@@ -199,6 +205,7 @@ std::optional<UnitField> MissingChoice(const UnitEntry& entry) {
 std::string UnitFault(const UnitEntry& entry) {
   if (const std::optional<UnitField> missing = MissingChoice(entry))
     return NotChosenMessage(UnitChoiceOf(*missing, entry[UnitField::Output]).title);
+  if (NoSpc(entry.factor).empty()) return NotChosenMessage(kFactorTitle);
   return FactorOf(entry) ? std::string()
                          : std::string(kFactorTitle) + "が入力範囲外です" + std::string(kMark);
 }

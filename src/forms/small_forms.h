@@ -19,11 +19,12 @@ inline constexpr std::size_t kMaxTitleWidth = 72;  // half-width characters
 
 /// Why a title can't be taken, for a box; empty if it can.
 std::string TitleFault(std::string_view title);
-/// What of a title won't be seen again, for a line below its box: what a table file takes for its own signs.
-/// Empty if nothing.
+/// What of a title won't be seen everywhere, for a line below its box: what the files take for their own
+/// signs. Empty if nothing.
 std::string_view TitleWarning(std::string_view title);
 
-/// The title of a table ("TITL" or "SUBT") as its form shows it: the first cell. Throws FileFault.
+/// The title of a table ("TITL" or "SUBT") as its form shows it: the whole line, commas and all, as the
+/// deck takes it. Throws FileFault.
 std::string LoadTitle(std::string_view key);
 /// Writes it as one row of one cell. Throws FileFault; the table is as it was.
 void SaveTitle(std::string_view key, std::string_view title);
@@ -91,13 +92,14 @@ ChoiceField UnitChoiceOf(UnitField field, int outputUnits);
 
 struct UnitEntry {
   std::array<int, 3> index = {kNotChosen, kNotChosen, kNotChosen};
-  std::string factor;  // as typed; blank or 0 means 9.80665
+  std::string factor;  // as typed; 0 means 9.80665
 
   int& operator[](UnitField field) { return index[static_cast<std::size_t>(field)]; }
   int operator[](UnitField field) const { return index[static_cast<std::size_t>(field)]; }
   bool operator==(const UnitEntry&) const = default;
 };
 
+/// The entry of the table's cells; a missing factor reads 0, as in the deck.
 UnitEntry UnitOfCells(const std::vector<std::string>& cells);
 std::vector<std::string> CellsOfUnit(const UnitEntry& entry);
 

@@ -16,38 +16,12 @@ namespace {
 
 constexpr double kMaxKey = 99999;
 
-/// Whether a text is a number and nothing else: sign, digits with a point, an exponent.
-bool IsWholeNumberText(std::string_view text) {
-  const auto digits = [&] {
-    std::size_t count = 0;
-    for (; !text.empty() && text.front() >= '0' && text.front() <= '9'; ++count) text.remove_prefix(1);
-    return count;
-  };
-  const auto sign = [&] {
-    if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
-  };
-  sign();
-  std::size_t count = digits();
-  if (text.starts_with('.')) {
-    text.remove_prefix(1);
-    count += digits();
-  }
-  if (count == 0) return false;
-  if (!text.empty() && std::string_view("eEdD").find(text.front()) != std::string_view::npos) {
-    text.remove_prefix(1);
-    sign();
-    if (digits() == 0) return false;
-  }
-  return text.empty();
-}
-
 /// What would not come back from the table's file as it was typed; empty if the cell is sound.
 std::string CellFault(const Column& column, std::string_view text) {
   if (text.find_first_of(",%") != std::string_view::npos) return "「,」と「%」は入力できません";
   if (text.empty()) return {};
   if (column.IsNumber()) {
-    if (!IsWholeNumberText(text) || !std::isfinite(ReadReal(text)))
-      return column.title + "が数値ではありません";
+    if (!IsNumberText(text) || !std::isfinite(ReadReal(text))) return column.title + "が数値ではありません";
     const double value = ReadReal(text);
     if (column.mask == kDigits && value != std::floor(value))
       return column.title + "は整数で入力してください";
@@ -60,22 +34,31 @@ std::string CellFault(const Column& column, std::string_view text) {
 
 }  // namespace
 
+std::string_view TableEditor::KeyFault(const RowView& row) const {
+  if (form_->keyBlank.empty()) return {};
+  if (row.Blank(1)) return form_->keyBlank;
+  return row.Real(1) < 1 || row.Real(1) > kMaxKey ? form_->keyRange : std::string_view();
+}
+
+std::string TableEditor::TextFault(int column, std::string_view text) const {
+  std::string fault = CellFault(ColumnAt(column), text);
+  return fault.empty() || foreign_.contains({column, std::string(text)}) ? std::string() : fault;
+}
+
 std::optional<RowFault> TableEditor::FaultOf(int page, int row) const {
-  const GridRow& cells = grid_.Row(page, row);
-  if (IsBlankRow(cells)) return std::nullopt;
+  if (IsBlank(page, row)) return std::nullopt;
   const RowView view = View(page, row);
   const auto fault = [&](int column, std::string_view message) {
     return RowFault{{page, row, column}, std::string(message)};
   };
-  if (!form_->keyBlank.empty()) {
-    if (view.Blank(1)) return fault(1, form_->keyBlank);
-    if (view.Real(1) < 1 || view.Real(1) > kMaxKey) return fault(1, form_->keyRange);
-  }
-  for (const RowCheck& check : form_->checks)
-    if (Applies(check.when, setting_) && !check.passes(view)) return fault(check.column, check.message);
-  for (int column = 1; column <= grid_.Columns(); ++column)
-    if (const std::string message = CellFault(ColumnAt(column), view.Text(column)); !message.empty())
+  if (const std::string_view message = KeyFault(view); !message.empty()) return fault(1, message);
+  for (int column = 1; column <= grid_.Columns(); ++column) {
+    for (const RowCheck& check : form_->checks)
+      if (check.Tested() == column && Applies(check.when, setting_) && !check.passes(view))
+        return fault(check.column, check.message);
+    if (const std::string message = TextFault(column, view.Text(column)); !message.empty())
       return fault(column, message);
+  }
   return std::nullopt;
 }
 
@@ -89,7 +72,7 @@ std::optional<RowFault> TableEditor::NearestFault(const CellPlace& place) const 
     return std::nullopt;
   };
   if (const std::optional<RowFault> fault = onPage(place.page, place.row)) return fault;
-  for (int page = 1; page <= grid_.PageCount(); ++page)
+  for (int page = 1; page <= PageCount(); ++page)
     if (const std::optional<RowFault> fault = onPage(page, 1)) return fault;
   return std::nullopt;
 }
@@ -99,7 +82,7 @@ std::optional<RowFault> TableEditor::CheckPage(int page, Step& fixes) {
   for (int row = 1; row <= last; ++row) {
     if (const std::optional<RowFault> fault = FaultOf(page, row)) return fault;
     const RowView view = View(page, row);
-    if (IsBlankRow(grid_.Row(page, row))) continue;
+    if (IsBlank(page, row)) continue;
     for (const RowFix& fix : form_->fixes)
       if (fix.applies(view)) Put(fixes, {page, row, fix.column}, std::string(fix.text));
     for (const RowQuestion& question : form_->questions)
@@ -112,9 +95,9 @@ std::optional<RowFault> TableEditor::CheckPage(int page, Step& fixes) {
 }
 
 std::optional<CellPlace> TableEditor::KeylessRow() const {
-  for (int page = 1; page <= grid_.PageCount(); ++page)
+  for (int page = 1; page <= PageCount(); ++page)
     for (int row = LastKeyRow(page) + 1; row <= grid_.LastRow(page); ++row)
-      if (!IsBlankRow(grid_.Row(page, row))) return CellPlace{page, row, 1};
+      if (!IsBlank(page, row)) return CellPlace{page, row, 1};
   return std::nullopt;
 }
 
@@ -140,7 +123,7 @@ CommitEnd TableEditor::Commit(std::optional<CellPlace>& fault) {
   if (!changed_) return CommitEnd::Nothing;
   Step fixes;
   std::optional<RowFault> failed;
-  for (int page = 1; page <= grid_.PageCount() && !failed; ++page) failed = CheckPage(page, fixes);
+  for (int page = 1; page <= PageCount() && !failed; ++page) failed = CheckPage(page, fixes);
   Finish(std::move(fixes));
   if (failed) {
     if (!failed->message.empty()) TheHost().message(failed->message + "！！！", form_->caption);

@@ -37,6 +37,18 @@ void TableEditor::SetRows(std::vector<GridRow> rows) {
   changed_ = false;
 }
 
+int TableEditor::PageCount() const {
+  const int pages = grid_.PageCount();
+  return form_->pages == Pages::LoadCases ? std::min(pages, std::max(1, setting_.maxLoadCase)) : pages;
+}
+
+bool TableEditor::IsBlank(int page, int row) const {
+  const RowView view = View(page, row);
+  for (int column = 1; column <= grid_.Columns(); ++column)
+    if (!view.Blank(column)) return false;
+  return true;
+}
+
 int TableEditor::LastKeyRow(int page) const {
   int row = grid_.LastRow(page);
   while (row > 0 && View(page, row).Blank(1)) --row;
@@ -46,14 +58,14 @@ int TableEditor::LastKeyRow(int page) const {
 void TableEditor::Put(Step& step, const CellPlace& place, std::string text) {
   const std::string& before = grid_.Cell(place);
   if (!grid_.Holds(place) || before == text) return;
-  if (form_->newRow.column != 0 && IsBlankRow(grid_.Row(place.page, place.row))) newRows_.push_back(place);
+  if (form_->newRow.column != 0 && IsBlank(place.page, place.row)) newRows_.push_back(place);
   step.push_back(CellChange{place, before, text});
   grid_.SetCell(place, std::move(text));
 }
 
 void TableEditor::FillNewRow(Step& step, int page, int row) {
   const NewRowText& text = form_->newRow;
-  if (!IsBlankRow(grid_.Row(page, row)) && View(page, row).Blank(text.column))
+  if (!IsBlank(page, row) && View(page, row).Blank(text.column))
     Put(step, {page, row, text.column}, std::string(text.text));
 }
 
@@ -211,7 +223,7 @@ CellPlace TableEditor::TakeNodes(const CellPlace& place, const std::vector<int>&
   constexpr int kEndI = 2, kEndJ = 3;
   int number = 0;
   for (int row = 1; row <= grid_.LastRow(place.page); ++row)
-    number = std::max(number, static_cast<int>(std::min(View(place.page, row).Real(1), 99999.0)));
+    number = std::max(number, static_cast<int>(std::clamp(View(place.page, row).Real(1), 0.0, 99999.0)));
   Step step;
   CellPlace at{place.page, place.row, kEndI}, last = place;
   for (const int node : nodes) {

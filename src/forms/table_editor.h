@@ -4,8 +4,10 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -14,6 +16,8 @@
 #include "model/table_file.h"
 
 namespace zorlan {
+
+inline constexpr int kMaxGroups = kMaxTableRows;
 
 /// Why a row was refused, and where the cursor goes.
 struct RowFault {
@@ -47,6 +51,9 @@ class TableEditor {
   const std::vector<Column>& Columns() const { return columns_; }
   const Column& ColumnAt(int column) const { return columns_[static_cast<std::size_t>(column - 1)]; }
   const Grid& Cells() const { return grid_; }
+  /// The form's pages: one for each load case or group, or the one. Rows of cases that the header has lost
+  /// stay in the grid behind them, and are there again once the header has the case.
+  int PageCount() const;
   const std::string& Text(const CellPlace& place) const { return grid_.Cell(place); }
   RowView View(int page, int row) const { return {row, grid_.Row(page, row), setting_}; }
   /// The last row of a page with a text in its key column; 0 if there is none.
@@ -54,7 +61,8 @@ class TableEditor {
   bool Changed() const { return changed_; }
   /// A key has passed the filter.
   void MarkChanged() { changed_ = true; }
-  /// What the table on disk holds beyond the grid, in the user's words; empty if there is nothing.
+  /// What a commit would lose, in the user's words: what the table on disk holds beyond the grid, and what a
+  /// changed header has hidden; empty if there is nothing.
   std::string UnshownText() const;
 
   /// Reads the table from the work folder. Throws FileFault.
@@ -126,11 +134,11 @@ class TableEditor {
   };
   using Change = std::variant<CellChange, RowInserted, RowRemoved, PageAdded, PageRemoved>;
   using Step = std::vector<Change>;
-  /// What a table on disk holds that the form can't show.
+  /// What the form can't show, in rows.
   struct Unshown {
     int rows = 0;    // below the grid's last row
-    int cells = 0;   // rows with cells behind the last column
-    int strays = 0;  // rows of a load case or group out of range
+    int cells = 0;   // with cells behind the last column
+    int strays = 0;  // of a load case or group out of range
   };
 
   void Redo(const Change& change);
@@ -144,11 +152,18 @@ class TableEditor {
   void Finish(Step step);
   void FillNewRow(Step& step, int page, int row);
 
+  /// Whether no shown cell of the row holds a text.
+  bool IsBlank(int page, int row) const;
+  /// What the table on disk held beyond the grid, and the rows that the header has hidden since.
+  Unshown AllUnshown() const;
   void LoadRow(const TableRow& row);
   int PagesToLoad() const;
   void AppendRow(int page, GridRow cells);
   std::vector<TableRow> RowsOfPage(int page) const;
 
+  /// Why a key can't be; what would not come back from the table's file as it was typed. Empty if sound.
+  std::string_view KeyFault(const RowView& row) const;
+  std::string TextFault(int column, std::string_view text) const;
   /// Checks the rows of a page down to the last with a key, fixes and asks as the form wants.
   std::optional<RowFault> CheckPage(int page, Step& fixes);
   /// The first row with texts below the last with a key: a commit doesn't reach it.
@@ -160,7 +175,10 @@ class TableEditor {
   FormSetting setting_;
   std::vector<Column> columns_;
   Grid grid_;
-  Unshown unshown_;
+  Unshown unshown_;  // on disk alone
+  // Texts that the table came with, by column, that aren't numbers in full, such as "12kN": the deck's reader
+  // takes the number in front, so they hold up no commit.
+  std::set<std::pair<int, std::string>> foreign_;
   bool changed_ = false;
   std::vector<CellPlace> newRows_;  // rows that were blank before the step under way
   std::vector<Step> steps_;

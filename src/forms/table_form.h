@@ -65,12 +65,16 @@ class RowView {
   const FormSetting& setting_;
 };
 
-/// A test of a row. The first that fails is shown, and the cursor goes to its column.
+/// A test of a row. The columns are tested from the left; the first test that fails is shown, and the cursor
+/// goes to its column.
 struct RowCheck {
   FormCase when;
   int column;
   bool (*passes)(const RowView& row);
   std::string_view message;
+  int tested = 0;  // the column whose value is tested, where the cursor goes to another
+
+  int Tested() const { return tested != 0 ? tested : column; }
 };
 
 /// A cell that is set when its row has passed.

@@ -10,8 +10,6 @@
 namespace zorlan {
 namespace {
 
-constexpr int kMaxGroups = kMaxTableRows;
-
 /// The number in a page field; 0 for what can be none.
 int PageNumber(const TableRow& row) {
   const double number = ReadReal(row.cells.front());
@@ -42,6 +40,10 @@ void TableEditor::AppendRow(int page, GridRow cells) {
     ++unshown_.rows;
     return;
   }
+  for (std::size_t i = 0; i < std::min(cells.size(), columns_.size()); ++i)
+    if (const int column = static_cast<int>(i) + 1;
+        columns_[i].IsNumber() && !TextFault(column, cells[i]).empty())
+      foreign_.emplace(column, cells[i]);
   grid_.AppendRow(page, std::move(cells));
 }
 
@@ -77,6 +79,7 @@ void TableEditor::Load() {
   TableIO(/*write=*/false, TableKey(*form_));
   grid_ = Grid(static_cast<int>(columns_.size()), PagesToLoad());
   unshown_ = {};
+  foreign_.clear();
   for (int r = 0; r < TableRowCount; ++r) LoadRow(TableRows[static_cast<std::size_t>(r)]);
   changed_ = false;
   steps_.clear();
@@ -87,11 +90,11 @@ void TableEditor::Follow(const FormSetting& setting) {
   if (setting == setting_) return;
   setting_ = setting;
   columns_ = ColumnsOf(*form_, setting);
+  grid_.SetColumns(static_cast<int>(columns_.size()));
   if (!changed_) {
     Load();
     return;
   }
-  grid_.SetColumns(static_cast<int>(columns_.size()));
   if (form_->pages == Pages::LoadCases)
     while (grid_.PageCount() < setting.maxLoadCase) grid_.AddPage();
 }
@@ -116,12 +119,28 @@ std::vector<TableRow> TableEditor::RowsOfPage(int page) const {
 
 std::vector<TableRow> TableEditor::Rows() const {
   std::vector<TableRow> rows;
-  for (int page = 1; page <= grid_.PageCount(); ++page)
+  for (int page = 1; page <= PageCount(); ++page)
     std::ranges::move(RowsOfPage(page), std::back_inserter(rows));
   return rows;
 }
 
+TableEditor::Unshown TableEditor::AllUnshown() const {
+  Unshown all = unshown_;
+  for (int page = 1; page <= grid_.PageCount(); ++page)
+    for (int row = 1; row <= grid_.LastRow(page); ++row) {
+      if (IsBlank(page, row)) continue;
+      const GridRow& cells = grid_.Row(page, row);
+      if (page > PageCount())
+        ++all.strays;
+      else if (cells.size() > columns_.size() &&
+               std::any_of(cells.begin() + std::ssize(columns_), cells.end(), SaysSomething))
+        ++all.cells;
+    }
+  return all;
+}
+
 std::string TableEditor::UnshownText() const {
+  const Unshown unshown = AllUnshown();
   std::string text;
   const auto say = [&](int count, std::string_view what) {
     if (count == 0) return;
@@ -129,9 +148,9 @@ std::string TableEditor::UnshownText() const {
     text.append(what).append("が ").append(std::to_string(count)).append(" 行");
   };
   const bool groups = form_->pages == Pages::Groups;
-  say(unshown_.strays, groups ? "グループ番号が範囲外のデータ" : "荷重ケースが範囲外のデータ");
-  say(unshown_.cells, "表示できない項目のあるデータ");
-  say(unshown_.rows, "10000 行に収まらないデータ");
+  say(unshown.strays, groups ? "グループ番号が範囲外のデータ" : "荷重ケースが範囲外のデータ");
+  say(unshown.cells, "表示できない項目のあるデータ");
+  say(unshown.rows, "10000 行に収まらないデータ");
   return text.empty() ? text : text + "あります";
 }
 

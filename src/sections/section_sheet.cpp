@@ -103,31 +103,6 @@ std::string_view CellAt(const SheetRow& row, std::size_t column) {
   return column < row.size() ? std::string_view(row[column]) : std::string_view();
 }
 
-/// Whether the whole text is one number, "-1.5e-3" and the like.
-bool IsNumber(std::string_view text) {
-  const auto digits = [&] {
-    const std::size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
-    text.remove_prefix(count);
-    return count;
-  };
-  const auto sign = [&] {
-    if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
-  };
-  sign();
-  std::size_t count = digits();
-  if (text.starts_with('.')) {
-    text.remove_prefix(1);
-    count += digits();
-  }
-  if (count == 0) return false;
-  if (text.starts_with('e') || text.starts_with('E')) {
-    text.remove_prefix(1);
-    sign();
-    if (digits() == 0) return false;
-  }
-  return text.empty();
-}
-
 SheetRow CellsOf(std::string_view line) {
   SheetRow row;
   const std::string text = Utf8FromCp932(line);
@@ -150,7 +125,7 @@ std::string Notices(const SectionSheet& sheet, const SheetText& text) {
     bool words = false;
     for (std::size_t i = 0; i < sheet.columns.size(); ++i) {
       const std::string_view cell = CellAt(row, i);
-      words = words || (!sheet.columns[i].text && !cell.empty() && !IsNumber(cell));
+      words = words || (!sheet.columns[i].text && !cell.empty() && !IsNumberText(cell));
     }
     wordy += words ? 1 : 0;
   }
@@ -183,7 +158,7 @@ std::optional<SheetFault> FaultOfCell(const SheetColumn& column, Demand demand, 
       return fault("は半角" + std::to_string(column.limit) + "文字以内で入力して下さい");
     return std::nullopt;
   }
-  if (!cell.empty() && !IsNumber(cell)) return fault("が数値ではありません");
+  if (!cell.empty() && !IsNumberText(cell)) return fault("が数値ではありません");
   const double value = ReadReal(cell);
   const bool low = (demand == Demand::Positive && value == 0) || (demand >= Demand::NotNegative && value < 0);
   if (low || !std::isfinite(value)) return fault("が入力範囲外です");

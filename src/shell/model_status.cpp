@@ -46,7 +46,7 @@ bool DeckIsNewer() {
 }
 
 std::string ResultText() {
-  if (!Results.forces) return "解析結果なし";
+  if (!HasForces()) return "解析結果なし";
   return ModelChanged || DeckIsNewer() ? "解析結果は変更前のものです" : "解析結果あり";
 }
 

@@ -144,14 +144,22 @@ const ModelPlace& Origin() {
   return OriginInHand;
 }
 
-void LookAtResults() {
+bool HasForces() {
   std::error_code missing;
   const auto length = std::filesystem::file_size(NativePath(AnalysisPath + "FT031"), missing);
-  Results.forces = !missing && length > 0;
+  return !missing && length > 0;
+}
+
+void LookAtListing() {
+  Results.listing = !ModelFile.empty() && FileExists(ListingPath());
+}
+
+void LookAtResults() {
+  Results.forces = HasForces();
   Results.steelDesign = FileExists(AnalysisPath + "DSNS");
   Results.concreteDesign = FileExists(AnalysisPath + "DSNRC");
   Results.timberDesign = FileExists(AnalysisPath + "DSNW");
-  Results.listing = !ModelFile.empty() && FileExists(ListingPath());
+  LookAtListing();
 }
 
 const std::string& MainCaption() {

@@ -41,6 +41,10 @@ struct ResultFiles {
 };
 extern ResultFiles Results;
 void LookAtResults();
+/// The listing alone: a command has removed it.
+void LookAtListing();
+/// Whether the analysis folder holds forces now: FT031 is there and not empty.
+bool HasForces();
 
 /// The main window's caption: title and model, as the commands have set it.
 const std::string& MainCaption();

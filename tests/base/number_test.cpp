@@ -26,6 +26,14 @@ TEST(ReadReal, KnowsBothExponentLetters) {
   EXPECT_EQ(ReadReal("2E+"), 2);
 }
 
+TEST(IsNumberText, KnowsTheNumbersThatReadRealTakesInFull) {
+  for (const char* const number : {"0", "-1.5", "+3", ".5", "5.", "-.5E+03", "1d3", "2e-7", "1e999"})
+    EXPECT_TRUE(IsNumberText(number)) << number;
+  for (const char* const other :
+       {"", "-", ".", "e", "-.", "e5", "1-2", "1.5.2", "2E", "2E+", "1 ", " 1", "12kN", "--1", "１"})
+    EXPECT_FALSE(IsNumberText(other)) << other;
+}
+
 TEST(ReadReal, AnswersZeroWithoutAPrefix) {
   EXPECT_EQ(ReadReal(""), 0);
   EXPECT_EQ(ReadReal("   "), 0);

@@ -131,6 +131,8 @@ TEST_F(OneRowFormsTest, ADropDownLeftEmptyIsToldByItsTitle) {
   ReplaceTextFile(WorkPath + "CONT", "9,1,0,0\r\n");
   Form* const form = Open(kControl, "InpCONT");
   EXPECT_EQ(Combo(form, "model")->currentIndex(), -1);
+  Script().ExpectBox(QStringLiteral("解析モデル番号の入力は省略できません！！！"), QStringLiteral("OK"));
+  EXPECT_FALSE(form->CloseForm()) << "untouched";
   Combo(form, "list")->setFocus();
   QTest::keyClick(Combo(form, "list"), Qt::Key_Down);
   Script().ExpectBox(QStringLiteral("解析モデル番号の入力は省略できません！！！"), QStringLiteral("OK"));
@@ -246,6 +248,8 @@ TEST_F(OneRowFormsTest, AUnitLeftEmptyAndAFactorThatIsNoneAreTold) {
   OpenSample(QStringLiteral("連続梁"));
   ReplaceTextFile(WorkPath + "UNIT", "1,1,9.8,7\r\n");
   Form* const form = Open(kUnit, "InpUNIT");
+  Script().ExpectBox(QStringLiteral("力の単位の入力は省略できません！！！"), QStringLiteral("OK"));
+  EXPECT_FALSE(form->CloseForm()) << "untouched";
   Type(Child<QLineEdit>(form, "factor"), QStringLiteral("-9.8"));
   Script().ExpectBox(QStringLiteral("力の単位の入力は省略できません！！！"), QStringLiteral("OK"));
   EXPECT_FALSE(form->CloseForm());
@@ -254,6 +258,9 @@ TEST_F(OneRowFormsTest, AUnitLeftEmptyAndAFactorThatIsNoneAreTold) {
   Script().ExpectBox(QStringLiteral("ＳＩ単位変換係数が入力範囲外です！！！"), QStringLiteral("OK"));
   EXPECT_FALSE(form->CloseForm());
   EXPECT_EQ(Table("UNIT"), "1,1,9.8,7\r\n");
+  Child<QLineEdit>(form, "factor")->clear();
+  Script().ExpectBox(QStringLiteral("ＳＩ単位変換係数の入力は省略できません！！！"), QStringLiteral("OK"));
+  EXPECT_FALSE(form->CloseForm());
   Type(Child<QLineEdit>(form, "factor"), QStringLiteral("9.8"));
   EXPECT_TRUE(form->CloseForm());
   EXPECT_EQ(Table("UNIT"), "1,1,9.8,0\r\n");
@@ -279,6 +286,23 @@ TEST_F(OneRowFormsTest, AnOpenFormComesToTheFrontInsteadOfASecondOne) {
   Open(kControl, "InpCONT");
   EXPECT_EQ(Open(kTitle, "InpTITL"), form);
   EXPECT_TRUE(Child<QLineEdit>(form, "title")->hasFocus());
+}
+
+TEST_F(OneRowFormsTest, TheNumberDialogTakesNothingButANumber) {
+  Script().Expect(QStringLiteral("AddNum"), [](QWidget& dialog) {
+    auto* const number = Child<QLineEdit>(&dialog, "number");
+    const auto* const ok = Child<QPushButton>(&dialog, "ok");
+    for (const char* const text : {"-", ".", "e", "1-2", "1e", "1e999"}) {
+      number->setText(QString::fromLatin1(text));
+      EXPECT_FALSE(ok->isEnabled()) << text;
+    }
+    QTest::keyClick(number, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    number->setText(QStringLiteral("-.5e1"));
+    EXPECT_TRUE(ok->isEnabled());
+    QTest::keyClick(number, Qt::Key_Return);
+  });
+  EXPECT_EQ(TheWindows().addNum("Add"), "-.5e1");
 }
 
 TEST_F(OneRowFormsTest, TheNumberDialogAnswersItsNumberOrItsWordForCancel) {

@@ -1,6 +1,7 @@
 // The table form by keys: typing, moving, clipboard, undo, tabs, closing.
 #include "desktop/table_form_test.h"
 
+#include <filesystem>
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QLabel>
@@ -8,6 +9,8 @@
 #include <QSpinBox>
 #include <QTabBar>
 
+#include "base/fault.h"
+#include "shell/projects.h"
 #include "shell/windows.h"
 
 namespace zorlan::test {
@@ -259,6 +262,39 @@ TEST_F(TableFormTest, ARefusedCompositionLeavesNoBoxBehind) {
   EXPECT_THAT(Status(), HasSubstr("数字だけを入力します"));
 }
 
+TEST_F(TableFormTest, ACompositionThatComesToNothingLeavesTheCellAsItWas) {
+  for (const char* const committed : {"あ", ""}) {  // refused, and cancelled
+    OpenModel("1,2,0,0", "@NODE\n7,1,2,0,0,0\n");
+    OpenNodes();
+    Compose("あ", "");
+    EXPECT_TRUE(Table().View().IsBoxOpen());
+    Compose("", committed);
+    EXPECT_FALSE(Table().View().IsBoxOpen());
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Cell(1, 1), "7");
+    EXPECT_FALSE(Table().Editor().Changed());
+  }
+}
+
+TEST_F(TableFormTest, ACompositionThatIsBrokenOffByAClickLeavesTheCellAsItWas) {
+  OpenModel("1,2,0,0", "@NODE\n7,1,2,0,0,0\n");
+  OpenNodes();
+  Compose("あ", "");
+  Table().View().GoTo({1, 2, 1});
+  EXPECT_FALSE(Table().View().IsBoxOpen());
+  EXPECT_EQ(Cell(1, 1), "7");
+  EXPECT_FALSE(Table().Editor().Changed());
+}
+
+TEST_F(TableFormTest, ATextThatWasTypedAndRemovedAgainEmptiesTheCell) {
+  OpenModel("1,2,0,0", "@NODE\n7,1,2,0,0,0\n");
+  OpenNodes();
+  Write("5");
+  Press(Qt::Key_Backspace);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 1), "");
+}
+
 TEST_F(TableFormTest, TabsAreReachedByKeysAndKeepTheirCells) {
   OpenModel("1,3,0,0", "@PLOD\n2,5,1,0,0\n1,4,0,1,0\n");
   OpenTable("mnuLoad(0)", "InpPLOD");
@@ -375,6 +411,32 @@ TEST_F(TableFormTest, TheRedrawButtonHandsTheRowsToTheFigure) {
   InstallWindows({});
 }
 
+TEST_F(TableFormTest, ARedrawLooksAtTheListingAloneAndLeavesTheEntriesOfTheResults) {
+  OpenModel("1,2,0,0", "@NODE\n1,0,0,1,1,1\n@ELEM\n1,1,2,0,0,1\n");
+  Results = {.forces = true, .steelDesign = true, .listing = true};
+  OpenNodes();
+  Click(Table(), "redraw");
+  EXPECT_TRUE(Results.forces && Results.steelDesign && Results.listing);
+  OpenTable("mnuDataItem(5)", "InpELEM");
+  Click(Table(), "redraw");
+  EXPECT_TRUE(Results.forces && Results.steelDesign);
+  EXPECT_FALSE(Results.listing);
+}
+
+TEST_F(TableFormTest, AFigureThatCannotBeDrawnHoldsNoFormWhoseTableIsWritten) {
+  OpenModel("1,2,0,0", "@NODE\n1,0,0,1,1,1\n");
+  ShellWindows windows = TheWindows();
+  windows.drawTyped = [](const std::vector<TypedTable>&) { throw Fault("描けません"); };
+  InstallWindows(windows);
+  OpenNodes();
+  Write("2");
+  Script().ExpectBox(QStringLiteral("描けません"), QStringLiteral("OK"));
+  Table().CloseForm();
+  EXPECT_EQ(OpenForm("InpNODE"), nullptr);
+  EXPECT_EQ(TableFile("NODE"), "2,0,0,1,1,1\r\n");
+  InstallWindows({});
+}
+
 TEST_F(TableFormTest, TheSectionButtonWorksOnTheCurrentRow) {
   OpenModel("1,2,0,0", "@SECT\n1,1,30,60,0,0,1,210,90\n");
   ShellWindows windows = TheWindows();
@@ -475,6 +537,27 @@ TEST_F(TableFormTest, OpenFormsFollowTheControlData) {
   TheWindows().followControl();
   EXPECT_EQ(Table().View().model()->columnCount(), 7);
   EXPECT_EQ(Cell(1, 7), "30");
+}
+
+TEST_F(TableFormTest, ATableThatCannotBeReadAnewIsToldWithItsColumnsInPlace) {
+  OpenModel("1,1,0,1", "@NODE\n1,0,0,4,4,0,30\n");
+  OpenNodes();
+  QAbstractItemModel* const model = Table().View().model();
+  ASSERT_EQ(model->columnCount(), 7);
+  int resets = 0;
+  QObject::connect(model, &QAbstractItemModel::modelReset, [&] { ++resets; });
+  std::filesystem::remove(WorkPath + "NODE");
+  std::filesystem::create_symlink("/proc/self/mem", WorkPath + "NODE");  // a file that gives a read error
+  InpModel.RollerFlag = 0;
+  int resetsBeforeTheBox = 0;
+  Script().Expect(QStringLiteral("NODE"), [&](QWidget& box) {
+    resetsBeforeTheBox = resets;
+    EXPECT_FALSE(model->headerData(6, Qt::Horizontal).isValid());
+    box.close();
+  });
+  TheWindows().followControl();
+  EXPECT_EQ(resetsBeforeTheBox, 1);
+  EXPECT_EQ(model->columnCount(), 6);
 }
 
 TEST_F(TableFormTest, FormsForDifferentTablesStandOpenTogether) {

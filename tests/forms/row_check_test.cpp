@@ -57,6 +57,8 @@ const RowCase kRows[] = {
     {"angle: θ 2", "InpNODE", kFrameWithRollers, "1\t0\t0\t4\t4\t2\t30",
      "傾斜ﾛｰﾗ支持の場合は、(U=4, V=4, θ=0) または (U=4, V=4, θ=1) を指定してください", 6},
     {"angle: 4, 4, 1", "InpNODE", kFrameWithRollers, "1\t0\t0\t4\t4\t1\t30", ""},
+    {"rollers: U no roller, θ 5, angle 30", "InpNODE", kFrameWithRollers, "1\t0\t0\t1\t4\t5\t30",
+     "０：自由　１：拘束　２：バネ支持  ４．傾斜ﾛｰﾗ支持　のみ入力可能です", 6},
     {"angle 0 asks for no codes", "InpNODE", kFrameWithRollers, "1\t0\t0\t1\t1\t1\t0", ""},
 
     {"end I 2", "InpELEM", kFrame, "1\t1\t2\t2\t0\t1", "節点条件は、０：剛　１：ピン　のみ入力可能です", 4},
@@ -106,6 +108,10 @@ const RowCase kRows[] = {
     {"two signs", "InpNODE", kFrame, "1\t0\t1-2", "Ｙ座標が数値ではありません", 3},
     {"beyond all reals", "InpNODE", kFrame, "1\t1e400", "Ｘ座標が数値ではありません", 2},
     {"half a number of a thing", "InpELEM", kFrame, "1\t1.5", "Ｉ端は整数で入力してください", 2},
+    {"words left of a wrong code", "InpNODE", kFrame, "1\tabc\t0\t3", "Ｘ座標が数値ではありません", 2},
+    {"words right of a wrong code", "InpELEM", kFrame, "1\t1\t2\t2\t0\tabc",
+     "節点条件は、０：剛　１：ピン　のみ入力可能です", 4},
+    {"words in a wrong ratio", "InpRIGD", kFrame, "1\t1.5x", "λｉが入力範囲外です", 2},
     {"a whole number with a point", "InpELEM", kFrame, "1\t2.0\t3", ""},
     {"exponents", "InpNODE", kFrame, "1\t1.5E+01\t-.5e1", ""},
     {"ten blanks", "InpSECT", kFrame, "1\t7\t1\t1\t1\t1\t1\t1\t1\ta          b",
@@ -143,6 +149,24 @@ TEST_F(RowCheckTest, TheFirstFailureFromTheLeftIsShown) {
   TableEditor editor = Open("InpELEM");
   Fill(editor, "0\t1\t2\t5\t5");
   EXPECT_EQ(editor.FaultOf(1, 1)->place.column, 1);
+}
+
+TEST_F(RowCheckTest, ANumberWithWordsBehindItHoldsUpNoCommitWhereTheTableCameWithIt) {
+  WriteTable("NODE", "1,12kN,3,1,1,1.0x\n2,0,0\n");
+  WriteTable("ELEM", "1,1.5,2,0,0,1\n");
+  TableEditor nodes = Open("InpNODE");
+  nodes.InsertRow(1, 1);
+  nodes.SetText({1, 3, 2}, "4");
+  EXPECT_EQ(Commit(nodes), CommitEnd::Written);
+  EXPECT_EQ(Table("NODE"), "1,12kN,3,1,1,1.0x\n2,4,0\n");
+  TableEditor elements = Open("InpELEM");
+  elements.SetText({1, 1, 6}, "2");
+  EXPECT_EQ(Commit(elements), CommitEnd::Written);
+  nodes.SetText({1, 3, 2}, "13kN");
+  EXPECT_EQ(nodes.FaultOf(1, 3)->message, "Ｘ座標が数値ではありません");
+  nodes.SetText({1, 3, 2}, "0");
+  nodes.SetText({1, 3, 3}, "12kN");
+  EXPECT_EQ(nodes.FaultOf(1, 3)->place.column, 3) << "typed into another column";
 }
 
 TEST_F(RowCheckTest, ABlankRowPasses) {

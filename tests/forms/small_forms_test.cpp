@@ -39,7 +39,8 @@ TEST(Title, NamesACharacterThatAFileCannotHold) {
 }
 
 TEST(Title, WarnsOfSignsThatTheFilesTakeForTheirOwn) {
-  EXPECT_EQ(TitleWarning("２階建て, 風"), "「,」から後ろは、この画面を次に開いたときに表示されません");
+  EXPECT_EQ(TitleWarning("２階建て, 風"), "「,」から後ろは、入力データリストに印刷されません");
+  EXPECT_EQ(TitleWarning("本館, "), "末尾の「,」は保存されません");
   EXPECT_EQ(TitleWarning("安全率 5%"), "「%」から後ろは、保存したモデルを開いたときに失われます");
   EXPECT_EQ(TitleWarning(" @home"), "「@」で始まるタイトルは、保存したモデルを開いたときに失われます");
   EXPECT_EQ(TitleWarning("A@B"), "");
@@ -56,9 +57,16 @@ TEST_F(SmallFormsTest, ATitleIsOneRowOfOneCell) {
   EXPECT_EQ(InpModel.SubTitle, "副題");
 }
 
-TEST_F(SmallFormsTest, ATitlesFormSeesOnlyWhatStandsBeforeAComma) {
-  WriteTable("TITL", "本館, 二期\n");
-  EXPECT_EQ(LoadTitle("TITL"), "本館");
+TEST_F(SmallFormsTest, ATitleIsItsWholeLine) {
+  for (const char* const title : {"本館, 二期", "A,B,,C", ".5 階", "本館          二期", "-.5"}) {
+    WriteTable("TITL", std::string(title) + "\n");
+    EXPECT_EQ(LoadTitle("TITL"), title);
+    SaveTitle("TITL", LoadTitle("TITL") + "x");
+    EXPECT_EQ(LoadTitle("TITL"), std::string(title) + "x");
+    SaveDeck();
+    ReadDeck(DeckPath());
+    EXPECT_EQ(InpModel.Title, std::string(title) + "x");
+  }
   EXPECT_EQ(LoadTitle("SUBT"), "");
 }
 
@@ -206,7 +214,7 @@ TEST(Unit, TheForceUnitsFollowTheOutputUnits) {
   EXPECT_THAT(UnitChoiceOf(UnitField::Input, 1).choices, ElementsAre("0：工学単位", "1：ＳＩ単位"));
 }
 
-TEST(Unit, AFactorLeftAtZeroOrBlankMeansStandardGravity) {
+TEST(Unit, AFactorLeftAtZeroOrMissingInTheTableMeansStandardGravity) {
   EXPECT_EQ(CellsOfUnit(UnitOfCells({"0", "1", "0", "1"})), (Cells{"0", "1", "9.80665", "1"}));
   EXPECT_EQ(CellsOfUnit(UnitOfCells({"0", "1"})), (Cells{"0", "1", "9.80665", "0"}));
   EXPECT_EQ(CellsOfUnit(UnitOfCells({"0", "1", "9.8", "1"})), (Cells{"0", "1", "9.8", "1"}));
@@ -219,6 +227,10 @@ TEST(Unit, AFieldLeftEmptyIsTold) {
   EXPECT_EQ(UnitFault(UnitOfCells({"1", "-1", "0", "0"})), "出力単位の入力は省略できません！！！");
   EXPECT_EQ(UnitFault(UnitOfCells({"1", "1", "0", "2"})), "力の単位の入力は省略できません！！！");
   EXPECT_EQ(UnitFault(UnitOfCells({"1", "1", "0", "1"})), "");
+  EXPECT_EQ(UnitFault(UnitOfCells({"1", "1"})), "") << "an old table without a factor";
+  UnitEntry blank = UnitOfCells({"1", "1", "9.8", "1"});
+  blank.factor = " ";
+  EXPECT_EQ(UnitFault(blank), "ＳＩ単位変換係数の入力は省略できません！！！");
 }
 
 TEST(Unit, AFactorThatIsNoneIsTold) {

@@ -337,6 +337,14 @@ TEST_F(TableEditorTest, PickedNodesBecomeEndsOfElements) {
               ElementsAre(HasSubstr("選択された節点が多く、全ての節点を定義することが出来ません！！！")));
 }
 
+TEST_F(TableEditorTest, PickedNodesGetTheNextNumberWhateverStandsInTheKeyColumn) {
+  TableEditor editor = Open("InpELEM");
+  Fill(editor, "-1e300\t1\t2\r7\t1\t2\r1e300\t1\t2");
+  editor.DeleteRows(1, 3, 3);
+  editor.TakeNodes({1, 3, 2}, {5});
+  EXPECT_EQ(editor.Text({1, 3, 1}), "8");
+}
+
 TEST_F(TableEditorTest, TheRedrawOfElementsRemovesTheStoredListing) {
   for (const char* const form : {"InpNODE", "InpELEM"}) {
     Write(ListingPath(), "listing\n");
@@ -357,13 +365,61 @@ TEST_F(TableEditorTest, AnUnchangedFormFollowsTheHeaderByReadingAnew) {
   EXPECT_EQ(editor.UnshownText(), "");
 }
 
+TEST_F(TableEditorTest, RowsOfCasesThatTheHeaderLostAreAskedAboutAndNotWritten) {
+  TableEditor editor = Open("InpPLOD", kFrame);
+  Fill(editor, "1\t5", 1);
+  Fill(editor, "1\t6\r2\t7", 3);
+  editor.Follow({kPlaneFrame, 2, false, false});
+  EXPECT_EQ(editor.UnshownText(), "荷重ケースが範囲外のデータが 2 行あります");
+  EXPECT_EQ(editor.Rows().size(), 1U) << "nor does the figure show them";
+  EXPECT_EQ(Commit(editor), CommitEnd::Refused);
+  EXPECT_THAT(told, ElementsAre(HasSubstr("荷重ケースが範囲外のデータが 2 行あります")));
+  EXPECT_EQ(Table("PLOD"), "(none)");
+  editor.Follow(kFrame);
+  EXPECT_EQ(editor.UnshownText(), "");
+  editor.Follow({kPlaneFrame, 2, false, false});
+  answers = {Answer::Yes};
+  EXPECT_EQ(Commit(editor), CommitEnd::Written);
+  EXPECT_EQ(Table("PLOD"), "1,1,5\n");
+}
+
+TEST_F(TableEditorTest, AColumnThatTheHeaderLostIsAskedAboutBeforeItsTextsAreLost) {
+  WriteTable("NODE", "1,0,0,4,4,0,30\n2,0,0,0,0,0,0\n");
+  TableEditor editor = Open("InpNODE", kFrameWithRollers);
+  editor.SetText({1, 1, 7}, "45");
+  editor.SetText({1, 1, 4}, "1");
+  editor.SetText({1, 1, 5}, "1");
+  editor.Follow(kFrame);
+  EXPECT_EQ(editor.UnshownText(), "表示できない項目のあるデータが 1 行あります");
+  EXPECT_EQ(Commit(editor), CommitEnd::Refused);
+  EXPECT_EQ(Table("NODE"), "1,0,0,4,4,0,30\n2,0,0,0,0,0,0\n");
+  editor.Follow(kFrameWithRollers);
+  EXPECT_EQ(editor.UnshownText(), "");
+  EXPECT_EQ(editor.Text({1, 1, 7}), "45");
+  editor.Follow(kFrame);
+  answers = {Answer::Yes};
+  EXPECT_EQ(Commit(editor), CommitEnd::Written);
+  EXPECT_EQ(Table("NODE"), "1,0,0,1,1,0\n2,0,0,0,0,0\n");
+}
+
+TEST_F(TableEditorTest, ARowIsBlankWhenItsShownCellsAre) {
+  TableEditor editor = Open("InpNODE", kFrameWithRollers);
+  Fill(editor, "\t\t\t\t\t\t30\r2\t0");
+  editor.Follow(kFrame);
+  EXPECT_FALSE(editor.FaultOf(1, 1));
+  EXPECT_EQ(editor.UnshownText(), "") << "nothing of it was to be seen";
+  EXPECT_EQ(Commit(editor), CommitEnd::Written);
+  EXPECT_EQ(Table("NODE"), "2,0\n");
+}
+
 TEST_F(TableEditorTest, AChangedFormKeepsWhatWasTyped) {
   TableEditor editor = Open("InpPLOD", kFrame);
   Fill(editor, "1\t5", 3);
   editor.Follow({kPlaneFrame, 2, false, false});
-  EXPECT_EQ(editor.Text({3, 1, 2}), "5");
+  EXPECT_EQ(editor.PageCount(), 2);
   editor.Follow({kPlaneFrame, 5, false, true});
-  EXPECT_EQ(editor.Cells().PageCount(), 5);
+  EXPECT_EQ(editor.PageCount(), 5);
+  EXPECT_EQ(editor.Text({3, 1, 2}), "5");
   EXPECT_EQ(editor.ColumnAt(2).unit, "(kN)");
 }
 

@@ -14,12 +14,8 @@ class ModelStatusTest : public test::ModelFolderTest {
   ModelStatusTest() {
     ModelIsOpen = true;
     ModelChanged = false;
-    Results = {};
   }
-  ~ModelStatusTest() override {
-    ModelIsOpen = ModelChanged = false;
-    Results = {};
-  }
+  ~ModelStatusTest() override { ModelIsOpen = ModelChanged = false; }
   /// Stored forces, older or newer than the deck by so many seconds.
   void StoreForces(int secondsAfterDeck) {
     WriteDeck("@CONT\n1,1,0\n");
@@ -27,7 +23,7 @@ class ModelStatusTest : public test::ModelFolderTest {
     ReplaceBytes(ResultFolder() + "FT031", "1\r\n");
     const auto deck = std::filesystem::last_write_time(DeckPath());
     std::filesystem::last_write_time(ResultFolder() + "FT031", deck + std::chrono::seconds(secondsAfterDeck));
-    Results.forces = true;
+    ReplaceBytes(AnalysisPath + "FT031", "1\r\n");
   }
 };
 
@@ -59,6 +55,8 @@ TEST_F(ModelStatusTest, ResultsAreOfTheModelAsItStandsOrOfAFormerState) {
   ModelChanged = false;
   StoreForces(-1);
   EXPECT_EQ(CurrentModelStatus().results, "解析結果は変更前のものです");
+  RemoveFile(AnalysisPath + "FT031");
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果なし");
 }
 
 TEST_F(ModelStatusTest, UnitsComeFromTheTable) {
