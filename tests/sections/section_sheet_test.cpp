@@ -84,7 +84,7 @@ TEST(SectionSheet, WhatASheetCannotShowStaysInTheFileAndIsTold) {
 }
 
 TEST(SectionSheet, AForeignFileShowsNoRowsAndLosesNothing) {
-  const std::string bytes = std::string("\x89PNG\r\n\x1a\n\0\0abc\nxyz\xff", 20);
+  const std::string bytes = std::string("\x89PNG\r\n\x1a\n\0\0abc\nxyz\xff", 18);
   const SheetText text = ParseSheet(SheetOf(SheetKind::H), bytes);
   EXPECT_THAT(text.rows, IsEmpty());
   EXPECT_NE(text.notices, "");
