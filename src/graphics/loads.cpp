@@ -89,10 +89,14 @@ void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double
   const double sign = value > 0 ? 1 : -1;
   const Point along = {sign * part.along.x, sign * part.along.y};
   const double away = clear + depth;
-  // An arrow that a member would hide stands to its side.
-  const double aside = (members & SideOf({-along.x, -along.y})) != 0 ? kSideOffset * pen.arrow : 0;
-  const Point tip = {node.x - away * along.x - aside * std::abs(along.y),
-                     node.y - away * along.y - aside * std::abs(along.x)};
+  // An arrow that a member would hide stands to its side: left or above, unless only there is a member.
+  const bool hidden = (members & SideOf({-along.x, -along.y})) != 0;
+  const unsigned before = along.x == 0 ? kMemberLeft : kMemberAbove,
+                 behind = along.x == 0 ? kMemberRight : kMemberBelow;
+  const double way = (members & before) != 0 && (members & behind) == 0 ? 1 : -1;
+  const double aside = hidden ? way * kSideOffset * pen.arrow : 0;
+  const Point tip = {node.x - away * along.x + aside * std::abs(along.y),
+                     node.y - away * along.y + aside * std::abs(along.x)};
   const Point tail = {tip.x - pen.arrow * along.x, tip.y - pen.arrow * along.y};
   DrawArrow(pen, tip, along, pen.arrow, part.shape == NodalPart::Shape::Vector ? 2 : 1);
   pen.Note(tip, tail, text);
