@@ -123,8 +123,8 @@ std::optional<Figure> FigureOfPages(bool results) {
 }
 
 void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> figures, int layout,
-               FigurePreview::Part part) {
-  auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout, part);
+               std::optional<View> shown) {
+  auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout, shown);
   auto* preview = OpenPreview(window);
   if (preview == nullptr) {
     preview = new frmPrnText(window.Printers());
@@ -135,8 +135,14 @@ void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> fi
   window.Forms().Show(preview);
 }
 
-/// Asks which figures go on pages, hands the choice over and shows them.
-void ChoosePages(MainWindow& window, FigureSelection choice) {
+/// What a figure's window shows of it; nothing while that is all of it, which a page shows in its own form.
+std::optional<View> PartInSight(Model& figure) {
+  if (figure.View().IsFitted()) return std::nullopt;
+  return figure.View().TheFigure().view;
+}
+
+/// Asks which figures go on pages, hands the choice over and shows them: `shown` of each, or all.
+void ChoosePages(MainWindow& window, FigureSelection choice, std::optional<View> shown) {
   std::optional<Figure> figure = FigureOfPages(choice.batch || choice.figureKind != kLoadCheck);
   if (!figure) return;
   const int cases = figure->model.maxLoadCase;
@@ -145,27 +151,26 @@ void ChoosePages(MainWindow& window, FigureSelection choice) {
   PrinterSettings.orientation = static_cast<std::int16_t>(choice.orientation);
   HandOverSelection(choice);
   const FigureSelection handed = HandedSelection().value_or(choice);
-  ShowPages(window, std::move(*figure), SelectedFigures(handed), handed.layout, FigurePreview::Part::Whole);
+  ShowPages(window, std::move(*figure), SelectedFigures(handed), handed.layout, shown);
 }
 
 }  // namespace
 
 void PrintFigures(MainWindow& window) {
-  ChoosePages(window, KeptBatch());
+  ChoosePages(window, KeptBatch(), std::nullopt);
 }
 
 void PrintFigure(MainWindow& window, int kind, int loadCase) {
-  if (HasLoadCase(kind)) {
+  ForEachFigure(window, [&](Model& figure) {
+    if (figure.Kind() != kind) return;
+    const std::optional<View> shown = PartInSight(figure);
+    if (!HasLoadCase(kind)) return ShowPages(window, figure.View().TheFigure(), {{kind, loadCase}}, 0, shown);
     FigureSelection choice;
     choice.batch = false;
     choice.figureKind = kind;
     choice.cases = {loadCase};
     choice.orientation = PrinterSettings.orientation;
-    return ChoosePages(window, std::move(choice));
-  }
-  ForEachFigure(window, [&](Model& shown) {
-    if (shown.Kind() == kind)
-      ShowPages(window, shown.View().TheFigure(), {{kind, loadCase}}, 0, FigurePreview::Part::Shown);
+    ChoosePages(window, std::move(choice), shown);
   });
 }
 

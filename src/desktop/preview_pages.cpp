@@ -95,9 +95,10 @@ bool ListingPages::Renew() {
   return true;
 }
 
-FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, Part part)
+FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout,
+                             std::optional<View> shown)
     : figure_(std::move(figure)), sheets_(SheetsOf(PrinterSettings, std::move(figures), layout)) {
-  sheets_.fitted = part == Part::Whole;
+  sheets_.shown = shown;
   RecordSheet(sheets_, 0,
               figure_);  // what there is to tell of the model is told here, and not while painting
 }
@@ -107,9 +108,9 @@ QString FigurePreview::Caption() const {
 }
 
 void FigurePreview::LayOut() {
-  const bool fitted = sheets_.fitted;
+  const std::optional<View> shown = sheets_.shown;
   sheets_ = SheetsOf(PrinterSettings, std::move(sheets_.figures), sheets_.layout);
-  sheets_.fitted = fitted;
+  sheets_.shown = shown;
 }
 
 QSize FigurePreview::Sheet() const {

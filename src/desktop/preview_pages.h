@@ -74,10 +74,9 @@ class ListingPages final : public PreviewPages {
 /// Figures of a model in the cells of their pages.
 class FigurePreview final : public PreviewPages {
  public:
-  /// `figure` has the model and its results.
-  /// Whether the figures are shown whole, or what the figure's own window shows of them.
-  enum class Part { Whole, Shown };
-  FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, Part part);
+  /// `figure` has the model and its results. `shown` is the part of each figure that a window of the screen
+  /// shows; nothing: each whole.
+  FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, std::optional<View> shown);
 
   QString Caption() const override;
   void LayOut() override;

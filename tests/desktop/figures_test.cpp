@@ -532,6 +532,26 @@ TEST_F(FigurePagesTest, AFigureIsPrintedFromItsWindow) {
   EXPECT_EQ(Pages(), 1);
 }
 
+// Enlarged six times by 1.25 about its middle, the frame shows the moments over its middle column and none at
+// the feet, on paper too; all of it again once all is in sight.
+TEST_F(FigurePagesTest, APageShowsWhatTheWindowShows) {
+  Choose("mnuViewDiagramMoment");
+  for (int times = 0; times < 6; ++times) Key(Qt::Key_Plus);
+  const std::string dxf = Documents() + "図.dxf";
+  const auto printed = [&] {
+    Script().Expect(QStringLiteral("frmSelctLC"), [](QWidget& dialog) { Click(dialog, "ok"); });
+    Tool("figure-print")->trigger();
+    Script().Expect(QStringLiteral("QFileDialog"), ChooseFile(dxf));
+    Click(*OpenForm("frmPrnText"), "dxf");
+    OpenForm("frmPrnText")->CloseForm();
+    return ReadTextFile(dxf);
+  };
+  EXPECT_THAT(printed(), AllOf(HasSubstr("81.51"), testing::Not(HasSubstr("8.25"))));
+  View().ShowAll();
+  RemoveFile(dxf);
+  EXPECT_THAT(printed(), AllOf(HasSubstr("81.51"), HasSubstr("8.25")));
+}
+
 TEST_F(FigurePagesTest, TheModelFigureGoesToItsPageAtOnce) {
   Tool("figure-print")->trigger();
   EXPECT_EQ(Pages(), 1);
