@@ -285,6 +285,31 @@ TEST(Loads, AnArrowThatAMemberWouldHideStandsToItsSide) {
   EXPECT_EQ(arrows[1].tip.y, 5000);
 }
 
+// On paper as in the drawing list: the shaft is four pieces, the head two whole lines, a turn one whole
+// round.
+TEST(Loads, ABrokenStyleLeavesTheHeadsWhole) {
+  ModelBuilder b = Beam();
+  b.NodalLoad(1, 2, 0, 0);
+  b.NodalLoad(2, 0, 0, 3);
+  Figure figure = FigureOf(b.model);
+  figure.options.nodalLoad.style = LineStyle::Dotted;
+  Recorder page = test::PageRecorder();
+  Plot plot(page);
+  plot.RecordDrawing = true;
+  DrawFrameFigure(plot, "", figure, kLoadCheck);
+  for (const Pen& pen : page.pens) EXPECT_EQ(pen.style, LineStyle::Solid);
+  std::erase_if(plot.drawingList, [](const DrawOperation& o) {
+    return o.layer != layer::kLoad || o.kind != DrawOperation::Kind::Line;
+  });
+  EXPECT_EQ(plot.drawingList.size(), 4U + 2U + 18U + 2U);
+  figure.options.nodalLoad.style = LineStyle::Dashed;
+  Recorder screen;
+  Plot seen(screen);
+  DrawFrameFigure(seen, "", figure, kLoadCheck);
+  EXPECT_EQ(std::ranges::count_if(screen.pens, [](const Pen& pen) { return pen.style == LineStyle::Dashed; }),
+            1);
+}
+
 // At the right end of a beam the left side is the beam's, with its loads: the arrow stands to the right of a
 // column.
 TEST(Loads, AnArrowAtACornerStandsWhereNoMemberIs) {
