@@ -25,12 +25,13 @@ constexpr double kUnitsPerTwip = kUnitsPerMm / kTwipsPerMm;
 /// Paints a sheet's picture on dots: at the places of the dots themselves, so that thin lines stay sharp, and
 /// no more of it than the window shows.
 void PaintOnDots(QPainter& painter, const FigurePicture& picture, const QSizeF& sheet) {
-  // Not the device's transform: that of a widget also has its place in the window.
-  const QTransform toPixels = painter.combinedTransform();
+  // Not the device's transform: that of a widget also has its place in the window. The combined one ends in
+  // the dots of the screen, the viewport and what is drawn count its pixels.
+  const double ratio = painter.device()->devicePixelRatioF();
+  const QTransform toPixels = painter.combinedTransform() * QTransform::fromScale(1 / ratio, 1 / ratio);
   const QRectF whole = toPixels.mapRect(QRectF(QPointF(), sheet));
   const QRect part = whole.intersected(QRectF(painter.viewport())).toAlignedRect();
   if (part.isEmpty()) return;
-  const double ratio = painter.device()->devicePixelRatioF();
   QImage image((QSizeF(part.size()) * ratio).toSize(), QImage::Format_RGB32);
   image.fill(Qt::white);
   {

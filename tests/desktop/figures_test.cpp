@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
@@ -24,6 +25,7 @@
 #include "desktop/figure_view.h"
 #include "desktop/model.h"
 #include "desktop/page_view.h"
+#include "desktop/preview_pages.h"
 #include "desktop/table_view.h"
 #include "desktop/table_window.h"
 #include "graphics/options.h"
@@ -479,6 +481,26 @@ TEST_F(FigurePagesTest, ThePreviewShowsThePageToItsLowerEdge) {
   ASSERT_GT(bottom - top, 200);
   const int number = top + static_cast<int>((bottom - top) * 0.945);
   EXPECT_TRUE(HasInk(shown.copy(middle - 20, number, 40, (bottom - top) / 33), QRectF(0, 0, 1, 1)));
+}
+
+// A sheet on half as many pixels of a fine screen has the same dots.
+TEST_F(FigurePagesTest, AFineScreenShowsTheSamePage) {
+  Choose("mnuViewDiagramMoment");
+  FigurePreview pages(Shown(), {{kMomentFigure, 1}, {kLoadCheck, 1}}, 1, std::nullopt);
+  const auto painted = [&](double dotsPerPixel) {
+    QImage image(600, 850, QImage::Format_RGB32);
+    image.setDevicePixelRatio(dotsPerPixel);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(600 / dotsPerPixel / pages.Sheet().width(), 600 / dotsPerPixel / pages.Sheet().width());
+    pages.Paint(painter, 0);
+    painter.end();
+    image.setDevicePixelRatio(1);
+    return image;
+  };
+  const QImage coarse = painted(1);
+  EXPECT_TRUE(HasInk(coarse, QRectF(0, 0, 0.5, 1)));
+  EXPECT_EQ(painted(2), coarse);
 }
 
 TEST_F(FigurePagesTest, TheLastChoiceIsOfferedAgain) {
