@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numbers>
 #include <vector>
 
@@ -104,10 +105,17 @@ void WriteNotes(Plot& plot, const Figure& figure, LabelField& labels, const std:
   const TextOption& option = figure.options.loadValue;
   if (!option.visible) return;
   PlotSetFont(plot, option.Height());
+  const Rectangle visible = {plot.clip.left - plot.OffsetX, plot.clip.top - plot.OffsetY,
+                             plot.clip.right - plot.OffsetX, plot.clip.bottom - plot.OffsetY};
+  const auto liesIn = [&](const Rectangle& box) {
+    return box.left >= visible.left && box.right <= visible.right && box.top >= visible.top &&
+           box.bottom <= visible.bottom;
+  };
   std::vector<Rectangle> boxes;
   for (const LoadNote& note : notes) {
     PlacesOfNote(note, TextWidth(note.text, option.Height()), TextHeight(option.Height()),
                  kSideShare * ArrowLength(figure) / 2, boxes);
+    if (std::ranges::any_of(boxes, liesIn)) std::erase_if(boxes, std::not_fn(liesIn));
     const Rectangle& place = boxes[labels.Place(boxes)];
     PlotText(plot, place.left, place.top, note.text, option.colour);
   }
