@@ -16,8 +16,10 @@
 namespace zorlan {
 namespace {
 
-constexpr double kRadiusPerDot = 25;     // twips: of a node's circle
-constexpr double kStrip = kTwipsPerMm;   // left white along a cell's edges
+constexpr double kRadiusPerDot = 25;  // twips: of a node's circle
+/// Left white along a cell's edges: so narrow that a diagram of 1 cm still lies in the margin of four figures
+/// on A4.
+constexpr double kStrip = 0.25 * kTwipsPerMm;
 constexpr double kSupportPerRadius = 8;  // height of a support's triangle
 
 void MarkShownNodes(Figure& figure) {

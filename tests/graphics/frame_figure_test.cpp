@@ -327,8 +327,8 @@ TEST(FrameFigure, TheWindowStaysWithoutTheFitFlag) {
 }
 
 // Zoomed in twice about the beam's left end the screen shows 6.5 m from -0.75 m on, 5 m high. In the right
-// half of a page, 6500 wide, that is 1 mm a twip: the beam begins at 750 and is cut 1 mm on paper before the
-// edge.
+// half of a page, 6500 wide, that is 1 mm a twip: the beam begins at 750 and is cut a
+// quarter of a millimetre before the edge.
 TEST(FrameFigure, APartOfAFigureOnAPageKeepsToItsCell) {
   Figure figure = Bare(FigureOf(Beam().model));
   Recorder surface;
@@ -340,7 +340,7 @@ TEST(FrameFigure, APartOfAFigureOnAPageKeepsToItsCell) {
   Plot plot(page);
   plot.RecordDrawing = true;
   DrawFrameFigure(plot, "", figure, kModelFigure, 1, 1);
-  EXPECT_THAT(ListLines(plot)[1], StartsWith("LINE, MODEL, 7250, 5000, 12943.30708"));
+  EXPECT_THAT(ListLines(plot)[1], StartsWith("LINE, MODEL, 7250, 5000, 12985.8267"));
 }
 
 // The arrows of a fitted figure in a low cell and a sway of 40 cm reach far beyond the model.
@@ -359,7 +359,7 @@ TEST(FrameFigure, OfSeveralFiguresOnAPageNoneReachesIntoItsNeighbour) {
         plot.RecordDrawing = true;
         DrawFrameFigure(plot, "", figure, kind, layout, cell);
         const Cell place = CellOf(layout, cell, 13000, 10000);
-        const double strip = kTwipsPerMm - 0.01;  // a millimetre along the edges stays white
+        const double strip = kTwipsPerMm / 4 - 0.01;  // a strip along the edges stays white
         const Rectangle room = {place.x + strip, place.y + strip, place.x + place.width - strip,
                                 place.y + place.height - strip};
         for (const DrawOperation& o : plot.drawingList) {
@@ -371,6 +371,21 @@ TEST(FrameFigure, OfSeveralFiguresOnAPageNoneReachesIntoItsNeighbour) {
                                           page.lines, [](const auto& l) { return l.starts_with("shade"); })),
                   plot.drawingList.size());
       }
+}
+
+// The usual case: four figures on upright A4, whose margins leave cells of 90 mm, and a sway of 1 cm.
+TEST(FrameFigure, ASwayOfOneCentimetreLiesInTheMarginOfItsCell) {
+  ModelBuilder b = Beam();
+  Figure figure = FigureOf(b.model);
+  figure.model.DisplacementTable = {{}, {.x = 1, .y = 0}, {.x = 1, .y = 0}};
+  Recorder page = PageRecorder(180 * kTwipsPerMm, 269 * kTwipsPerMm);
+  Plot plot(page);
+  plot.RecordDrawing = true;
+  DrawFrameFigure(plot, "", figure, kDisplacementFigure, 5, 3);
+  double right = 0;
+  for (const DrawOperation& o : plot.drawingList)
+    if (o.layer == layer::kDisplacement) right = std::max({right, o.x, o.x2});
+  EXPECT_NEAR(right, (90 + 45 + 45 / 1.3 + 10) * kTwipsPerMm, 0.01);
 }
 
 TEST(FrameFigure, TheTitleOfALowCellIsSmall) {
