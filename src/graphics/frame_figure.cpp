@@ -301,7 +301,9 @@ void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kin
     KeepWindow(figure.view, figure.cellWidth, figure.cellHeight);
   // What reaches beyond a fitted model has the margins of a page of its own. Between the figures of a page a
   // strip stays white, else lines that are cut there would look like one.
-  const double strip = CellCount(layout) > 1 ? kStrip : 0;
+  const double strip = CellCount(layout) > 1
+                           ? std::clamp(std::min(figure.cellWidth, figure.cellHeight) / 100, 0.0, kStrip)
+                           : 0;
   if (plot.DrawToPrinter && (!fit || strip > 0))
     plot.BeginCell(plot.OffsetX + strip, plot.OffsetY + strip, figure.cellWidth - 2 * strip,
                    figure.cellHeight - 2 * strip);
