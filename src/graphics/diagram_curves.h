@@ -33,12 +33,14 @@ double LabelAngle(const DiagramMember& member);
 /// centre changed where the start is the end J.
 struct MomentValues {
   double start = 0, centre = 0, end = 0;
+  MomentValues operator-() const { return {-start, -centre, -end}; }
 };
 MomentValues MomentsFromStart(const StressRecord& record, bool exchanged);
 
 /// Forces at both ends of a member.
 struct EndValues {
   double start = 0, end = 0;
+  EndValues operator-() const { return {-start, -end}; }
 };
 /// Axial force, tension positive: at end I the reverse of the force on the member, at end J that force.
 EndValues AxialFromStart(const StressRecord& record, bool exchanged);

@@ -147,7 +147,10 @@ std::vector<MemberValues<Values>> ShownValues(const Figure& figure, double G, Re
     if (record == nullptr) continue;
     const std::optional<DiagramMember> member = MemberOf(figure, elements[e]);
     if (!member) continue;
-    shown.push_back({*member, read(*record, member->exchanged)});
+    // A frame's values are those of its member's y axis, which turns with the ends. A grid's local vertical
+    // is Z from either end, and its ordinates stand upright: what the exchange turned over is turned back.
+    const Values values = read(*record, member->exchanged);
+    shown.push_back({*member, figure.oblique && member->exchanged ? -values : values});
   }
   return shown;
 }
