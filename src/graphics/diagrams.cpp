@@ -16,10 +16,11 @@ double DisplayFactor(const FigureModel& model) {
   return model.outUnit == 1 ? model.gravityFactor : 1;
 }
 
-/// The first and the last case that have a part in a scale.
+/// The first and the last of some cases.
 struct CaseRange {
   int first = 1, last = 0;
 };
+/// Those that have a part in the scale.
 CaseRange ScaledCases(const Figure& figure) {
   if (figure.options.ScaleOverAllCases) return {1, figure.model.maxLoadCase};
   return {figure.loadCase, figure.loadCase};
@@ -44,11 +45,12 @@ std::optional<DiagramMember> MemberOf(const Figure& figure, const FigureElement&
   return MemberFromStart({i.x, i.y}, {j.x, j.y});
 }
 
-/// The greatest absolute value that `greatest` finds in the records of all members with a length.
-template <class Greatest>
-double GreatestStress(const Figure& figure, Greatest greatest) {
+/// The greatest absolute value of a record that a diagram shows.
+using Greatest = double (*)(const StressRecord&);
+
+/// That of the cases' records of all members with a length.
+double GreatestStress(const Figure& figure, CaseRange cases, Greatest greatest) {
   double G = 0;
-  const CaseRange cases = ScaledCases(figure);
   const std::vector<FigureElement>& elements = figure.model.elements;
   for (std::size_t e = 0; e < elements.size(); ++e) {
     if (!MemberOf(figure, elements[e])) continue;
@@ -128,7 +130,8 @@ void DrawClosing(Plot& plot, Point foot, Point ordinate, Rgb colour) {
   PlotDashedLine(plot, foot.x, foot.y, ordinate.x, ordinate.y, colour);
 }
 
-// The shown members of a diagram, each with its values of the case in hand.
+// The shown members of a diagram, each with its values of the case in hand; none where that case is without
+// stress.
 
 template <class Values>
 struct MemberValues {
@@ -137,9 +140,9 @@ struct MemberValues {
 };
 
 template <class Values, class Read>
-std::vector<MemberValues<Values>> ShownValues(const Figure& figure, double G, Read read) {
+std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Greatest greatest, Read read) {
   std::vector<MemberValues<Values>> shown;
-  if (!HasOrdinates(G)) return shown;
+  if (!HasOrdinates(GreatestStress(figure, {figure.loadCase, figure.loadCase}, greatest))) return shown;
   const std::vector<FigureElement>& elements = figure.model.elements;
   for (std::size_t e = 0; e < elements.size() && e < figure.shown.size(); ++e) {
     if (figure.shown[e] == 0) continue;
@@ -194,7 +197,7 @@ std::vector<Band> BandsOf(double L, double m0, double m1, Rgb positive, Rgb nega
 
 struct ForceDiagram {
   EndValues (*read)(const StressRecord&, bool);
-  double (*greatest)(const StressRecord&);
+  Greatest greatest;
   float heightCm;
   const LineOption& line;
   Rgb positive, negative;
@@ -203,9 +206,9 @@ struct ForceDiagram {
 };
 
 void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, const ForceDiagram& diagram) {
-  const double G = GreatestStress(figure, diagram.greatest);
+  const double G = GreatestStress(figure, ScaledCases(figure), diagram.greatest);
   const Ordinates ordinates(figure, diagram.heightCm, G);
-  const auto shown = ShownValues<EndValues>(figure, G, diagram.read);
+  const auto shown = ShownValues<EndValues>(figure, diagram.greatest, diagram.read);
   const double s = ordinates.Scale();
   const auto forEachBand = [&](auto use) {
     if (!diagram.line.visible) return;
@@ -257,9 +260,9 @@ double GreatestDisplacement(const Figure& figure) {
 
 void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
   const FigureOptions& options = figure.options;
-  const double G = GreatestStress(figure, GreatestMoment);
+  const double G = GreatestStress(figure, ScaledCases(figure), GreatestMoment);
   const Ordinates ordinates(figure, options.HeightMoment, G);
-  const auto shown = ShownValues<MomentValues>(figure, G, MomentsFromStart);
+  const auto shown = ShownValues<MomentValues>(figure, GreatestMoment, MomentsFromStart);
   const double s = ordinates.Scale();
   const auto forEachCurve = [&](auto use) {
     if (!options.moment.visible) return;

@@ -300,6 +300,28 @@ TEST_F(DiagramTest, AMemberWithoutForceHasItsLinesAndValuesToo) {
   EXPECT_EQ(Draw(DrawNormalShearData).size(), 10U);
 }
 
+// The other case sets the scale, but what isn't there has no ordinates and no "0.00" all over the frame.
+TEST_F(DiagramTest, ACaseOfZerosBesideALoadedOneDrawsNothing) {
+  FigureOptions& o = figure_.options;
+  o.axialValue.visible = o.shearValue.visible = o.momentValue.visible = true;
+  AddMember({1, 5}, {5, 5}, {});
+  figure_.model.maxLoadCase = 2;
+  figure_.model.StressTable.push_back({.axialI = -5, .momentI = 4, .axialJ = 5, .shearI = 3, .shearJ = -3});
+  for (const bool overAllCases : {true, false}) {
+    o.ScaleOverAllCases = overAllCases;
+    for (const Routine routine : {DrawMomentData, DrawNormalData, DrawNormalShearData}) {
+      figure_.loadCase = 1;
+      EXPECT_TRUE(Draw(routine).empty());
+      figure_.loadCase = 2;
+      EXPECT_FALSE(Draw(routine).empty());
+    }
+  }
+  figure_.loadCase = 1;
+  target_.tints.clear();
+  Draw(DrawMomentData);
+  EXPECT_TRUE(target_.tints.empty());
+}
+
 TEST_F(DiagramTest, WhatRoundingLeavesHasNoOrdinates) {
   AddMember({1, 5}, {5, 5}, {.momentI = 4e-13, .momentC = 2e-13, .momentJ = -4e-13});
   EXPECT_TRUE(Draw(DrawMomentData).empty());
