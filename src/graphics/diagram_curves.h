@@ -23,6 +23,9 @@ struct DiagramMember {
   bool exchanged = false;       // the start is the end J
 };
 
+/// Whether a member from `i` to `j` starts at its end J.
+bool StartsAtJ(Point i, Point j);
+
 /// Nothing for a member without length, or with coordinates that are no numbers.
 std::optional<DiagramMember> MemberFromStart(Point i, Point j);
 

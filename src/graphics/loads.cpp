@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/number_format.h"
+#include "graphics/diagram_curves.h"
 #include "graphics/load_arrows.h"
 #include "graphics/load_shapes.h"
 
@@ -105,9 +106,10 @@ void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double
 /// pushes.
 struct LoadedSpan {
   Point first, second;
-  Point push;         // unit vector, y downward
-  double length = 0;  // of the member, twips
-  double span = 0;    // of the load, m
+  Point push;             // unit vector, y downward
+  double length = 0;      // of the member, twips
+  double span = 0;        // of the load, m
+  bool mirrored = false;  // upward is to the right of the way from end I, so turns go the other way
 
   Point At(double t) const {
     return {first.x + t * (second.x - first.x), first.y + t * (second.y - first.y)};
@@ -117,7 +119,7 @@ struct LoadedSpan {
 /// MG 0 and below: the member's own y, at 90 degrees from its direction, over its length from end I. 1:
 /// upward over the horizontal projection from the left end. 2: to the right over the vertical projection from
 /// the lower end. Others: upward over the length from end J. A grid's loads lie across the member in the
-/// plan, a push upward to its left.
+/// plan: upward, along Z, is to the left of the way from its left or lower end, be that I or J.
 LoadedSpan SpanOf(const Figure& figure, const FigureElement& element, int MG) {
   const std::size_t i = static_cast<std::size_t>(element.rowI), j = static_cast<std::size_t>(element.rowJ);
   const FigureNode& ni = figure.model.nodes[i];
@@ -131,6 +133,8 @@ LoadedSpan SpanOf(const Figure& figure, const FigureElement& element, int MG) {
   if (MG <= 0 || figure.model.IsGrid()) {
     s.push = s.length > 0 ? Point{(s.second.y - s.first.y) / s.length, -(s.second.x - s.first.x) / s.length}
                           : Point{0, -1};
+    s.mirrored = figure.model.IsGrid() && StartsAtJ({ni.x, ni.y}, {nj.x, nj.y});
+    if (s.mirrored) s.push = {-s.push.x, -s.push.y};
     return s;
   }
   if (MG == 1) s.span = std::abs(dx);
@@ -281,9 +285,10 @@ void ElementLoadPainter::DrawEndForce(int element, double t, double value, int M
 
 void ElementLoadPainter::DrawEndMoment(int element, double t, double value, std::string_view label) {
   if (value == 0) return;
-  const Point p = SpanOf(pen_.figure, Element(element), 0).At(t);
+  const LoadedSpan span = SpanOf(pen_.figure, Element(element), 0);
+  const Point p = span.At(t);
   const double radius = kSideOffset * pen_.arrow;
-  DrawTurn(pen_, p, radius, value > 0);
+  DrawTurn(pen_, p, radius, (value > 0) != span.mirrored);
   pen_.Note(p, {p.x, p.y - radius}, std::string(label) + LoadText(value));
 }
 

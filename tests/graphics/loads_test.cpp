@@ -355,6 +355,81 @@ TEST(Loads, GridMemberLoadsLieAcrossTheMemberInThePlan) {
   EXPECT_EQ(met[0].way, 'L');
 }
 
+// A grid's loads are along Z whichever way its member runs: upward is to the left of the way from the left
+// end, or from the lower one in the plan. The distance Ly counts from end I all the same.
+TEST(Loads, GridMemberLoadsPushToOneSideFromEitherEnd) {
+  struct WayCase {
+    const char* name;
+    Point i, j;
+    double P;
+    Met expected;
+  };
+  constexpr WayCase kCases[] = {
+      {"left to right, up", {0, 0}, {10, 0}, 1, {2, 0, 'U'}},
+      {"right to left, up", {10, 0}, {0, 0}, 1, {8, 0, 'U'}},
+      {"left to right, down", {0, 0}, {10, 0}, -1, {2, 0, 'D'}},
+      {"right to left, down", {10, 0}, {0, 0}, -1, {8, 0, 'D'}},
+      {"bottom to top, up", {0, 0}, {0, 10}, 1, {0, 2, 'L'}},
+      {"top to bottom, up", {0, 10}, {0, 0}, 1, {0, 8, 'L'}},
+  };
+  for (const WayCase& c : kCases) {
+    ModelBuilder b(kPlaneGrid);
+    b.Node(c.i.x, c.i.y);
+    b.Node(c.j.x, c.j.y);
+    b.Element(1, 2);
+    b.ElementLoad(1, c.P, 1, 2);
+    const std::vector<Met> met = MetByArrows(b.model);
+    ASSERT_EQ(met.size(), 1) << c.name;
+    EXPECT_NEAR(met[0].x, c.expected.x, 1e-9) << c.name;
+    EXPECT_NEAR(met[0].y, c.expected.y, 1e-9) << c.name;
+    EXPECT_EQ(met[0].way, c.expected.way) << c.name;
+  }
+}
+
+// One grid member loaded from either end. A triangle that rises from I is one that falls towards it from J.
+// Seen from its other end a moment turns the other way, so its typed sign changes; a force along Z keeps its.
+TEST(Loads, AGridsLoadFigureIsTheSameFromEitherEndOfAMember) {
+  const auto figureOf = [](bool vertical, bool backward) {
+    ModelBuilder b(kPlaneGrid);
+    const double x = vertical ? 0 : 10, y = vertical ? 10 : 0;
+    b.Node(backward ? x : 0, backward ? y : 0);
+    b.Node(backward ? 0 : x, backward ? 0 : y);
+    b.Element(1, 2);
+    b.ElementLoad(1, -2, backward ? 17 : 16, 1);
+    const double Ci = 3, Cj = -4, Qi = 2, Qj = 1;
+    if (backward)
+      b.CmqLoad(1, -Cj, 5, -Ci, Qj, Qi, 0);
+    else
+      b.CmqLoad(1, Ci, 5, Cj, Qi, Qj, 0);
+    b.TemperatureLoad(1, 10, 30, 20, 0.000012, 20);
+    std::vector<DrawOperation> list;
+    Recorder surface;
+    Plot plot(surface);
+    plot.RecordDrawing = true;
+    Figure figure = FigureOf(b.model);
+    DrawFrameFigure(plot, "", figure, kLoadCheck);
+    return plot.drawingList;
+  };
+  // What is drawn, in tenths of a twip and without regard to its order; lines from their lesser end.
+  const auto drawn = [](const std::vector<DrawOperation>& list) {
+    std::vector<std::string> lines;
+    for (DrawOperation o : list) {
+      if (o.layer != layer::kLoad) continue;  // the texts show other signs
+      if (std::pair(o.x, o.y) > std::pair(o.x2, o.y2)) std::swap(o.x, o.x2), std::swap(o.y, o.y2);
+      std::string line;
+      for (const double v : {o.x, o.y, o.x2, o.y2}) line += std::to_string(std::lround(10 * v)) + " ";
+      lines.push_back(line);
+    }
+    std::ranges::sort(lines);
+    return lines;
+  };
+  for (const bool vertical : {false, true}) {
+    const std::vector<std::string> forward = drawn(figureOf(vertical, false));
+    EXPECT_GT(forward.size(), 60);
+    EXPECT_EQ(drawn(figureOf(vertical, true)), forward) << (vertical ? "vertical" : "level");
+  }
+}
+
 TEST(Loads, CmqLoadsAreTurnsAndForcesAtTheEnds) {
   ModelBuilder b = Beam();
   b.CmqLoad(1, 3, 4.5, -3, 2, 1, 0);
