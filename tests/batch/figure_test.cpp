@@ -121,8 +121,9 @@ TEST_F(BatchFigure, BadWordsAreBadUsage) {
   EXPECT_THAT(Complaint({"梁.inp", "--output", "a.pdf"}), HasSubstr("model load displacement"));
   EXPECT_THAT(Complaint({"梁.inp", "--kind", "bending", "--output", "a.pdf"}), HasSubstr("--kind"));
   EXPECT_THAT(Complaint({"梁.inp", "梁.inp", "--kind", "model", "--output", "a.pdf"}), HasSubstr("一つだけ"));
-  EXPECT_THAT(Complaint({"梁.inp", "--kind", "model", "--case", "x", "--output", "a.pdf"}),
-              HasSubstr("引数が正しくありません"));
+  for (const char* const loadCase : {"x", "1.5", "1x", "", "99999999999"})
+    EXPECT_THAT(Complaint({"梁.inp", "--kind", "model", "--case", loadCase, "--output", "a.pdf"}),
+                HasSubstr("--case: 「" + std::string(loadCase) + "」 は整数ではありません"));
   EXPECT_THAT(Complaint({"無い.inp", "--kind", "model", "--output", "a.pdf"}),
               HasSubstr("入力データファイルがありません"));
 }
