@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <new>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 #include <span>
@@ -103,8 +104,10 @@ int main(int argc, char** argv) {
   try {
     AppPath = argv[2];
     return job->run(std::span(argv, static_cast<std::size_t>(argc)).subspan(3)) ? kDone : kFailed;
+  } catch (const std::bad_alloc&) {
+    Tell(std::string(argv[3]) + " ： メモリが不足しています");
   } catch (const std::exception& fault) {
     Tell(fault.what());
-    return kFailed;
   }
+  return kFailed;
 }

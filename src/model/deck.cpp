@@ -1,8 +1,5 @@
 #include "model/deck.h"
 
-#include <utility>
-#include <vector>
-
 #include "base/cp932.h"
 #include "base/fault.h"
 #include "base/text.h"
@@ -57,31 +54,33 @@ bool IsTableFileName(std::string_view name) {
 
 }  // namespace
 
-void LoadDeck() {
-  ClearWork();
-  if (!FileExists(DeckPath())) return;
-  const std::string text = ReadTextFile(DeckPath());
-  std::vector<std::pair<std::string, std::string>>
-      tables;  // name and text; a name that comes again starts anew
-  std::string* table = nullptr;
-  std::string_view rest = text;
-  while (const std::optional<std::string_view> whole = TakeLine(rest)) {
+std::vector<DeckTable> SplitDeck(std::string_view deck) {
+  std::vector<DeckTable> tables;
+  std::string* text = nullptr;  // of the table in hand
+  while (const std::optional<std::string_view> whole = TakeLine(deck)) {
     const std::string_view line = DeckLine(*whole);
     if (line.empty()) continue;
     if (line[0] == '@') {
       const std::string name = UpperCase(line.substr(1));
-      table = nullptr;
+      text = nullptr;
       if (!IsTableFileName(name)) continue;
-      for (auto& [known, contents] : tables)
-        if (known == name) table = &contents;
-      if (table == nullptr) table = &tables.emplace_back(name, std::string()).second;
-      table->clear();
-    } else if (table != nullptr) {
-      table->append(line).append("\r\n");
+      for (DeckTable& known : tables)
+        if (known.name == name) text = &known.text;
+      if (text == nullptr) text = &tables.emplace_back(name, std::string()).text;
+      text->clear();
+    } else if (text != nullptr) {
+      text->append(line).append("\r\n");
     }
   }
+  return tables;
+}
+
+void LoadDeck() {
+  ClearWork();
+  if (!FileExists(DeckPath())) return;
+  const std::vector<DeckTable> tables = SplitDeck(ReadTextFile(DeckPath()));
   try {
-    for (const auto& [name, contents] : tables) ReplaceTextFile(WorkPath + name, contents, Flush::No);
+    for (const DeckTable& table : tables) ReplaceTextFile(WorkPath + table.name, table.text, Flush::No);
   } catch (const Fault&) {
     ClearWork();  // half a model in the work folder would be saved over the whole deck
     throw;

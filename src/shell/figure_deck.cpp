@@ -1,5 +1,6 @@
 #include "shell/figure_deck.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -43,12 +44,33 @@ Source SourceOf(int kind) {
 
 void LoadResults(FigureModel& model, const SelectedFigure& choice) {
   const Source source = SourceOf(choice.kind);
-  if (source == Source::Forces && !LoadFigureResults(model, ResultFolder()))
-    throw Fault(DeckPath() + " ： このモデルの解析結果がありません（" + ResultFolder() + "）");
-  if (source != Source::Ratios) return;
-  if (!LoadFigureRatios(model, choice.kind, ResultFolder()))
-    throw Fault(DeckPath() + " ： 断面算定の結果がありません（" + ResultFolder() +
-                (choice.kind == kSteelRatioFigure ? "SIG_S" : "SIG_RC") + "）");
+  const auto load = [&](auto read, const char* complaint) {
+    try {
+      read();
+    } catch (const Fault& fault) {
+      throw Fault(DeckPath() + " ： " + complaint + "（" + fault.what() + "）");
+    }
+  };
+  if (source == Source::Forces)
+    load([&] { ReadFigureResults(model, ResultFolder()); },
+         "入力データに合う解析結果がありません。静解析を行ってください");
+  if (source == Source::Ratios)
+    load([&] { ReadFigureRatios(model, choice.kind, ResultFolder()); }, "断面算定の結果がありません");
+}
+
+/// The figure of the model in hand, ready to be drawn. The user is told of a table at fault.
+Figure FigureOfDeck(const SelectedFigure& choice) {
+  ReadDeck(DeckPath(), /*checkMode=*/false);  // which knows the line of a number that can't be meant
+  Figure figure;
+  figure.model = ReadFigureDeck(ReadTextFile(DeckPath()));
+  if (figure.model.nodes.empty()) throw Fault(DeckPath() + " ： 節点データがありません");
+  const int cases = std::max(0, figure.model.maxLoadCase);
+  if (HasLoadCase(choice.kind) && (choice.loadCase < 1 || choice.loadCase > cases))
+    throw Fault(DeckPath() + " ： 荷重ケース " + std::to_string(choice.loadCase) +
+                " はありません（荷重ケース数 " + std::to_string(cases) + "）");
+  LoadResults(figure.model, choice);
+  ChooseFigure(figure, choice);
+  return figure;
 }
 
 /// Notes whether the user is told something while it lives.
@@ -72,11 +94,23 @@ class MessageWatch {
   bool told_ = false;
 };
 
-std::optional<std::vector<DrawOperation>> RecordFigureOfDeck(const SelectedFigure& choice) {
-  Figure figure = FigureOfDeck(choice);
+/// Makes the figure and draws it. False when the user was told that it is none.
+template <class Draw>
+bool MakeFigure(const SelectedFigure& choice, Draw draw) {
+  LoadDisplayOptions();  // what is said of them doesn't make it none
   const MessageWatch watch;
-  std::vector<DrawOperation> list = RecordSheet(SheetOfFigure(choice), 0, figure);
-  if (watch.Told()) return std::nullopt;
+  Figure figure = FigureOfDeck(choice);
+  if (!watch.Told()) draw(figure);
+  if (!watch.Told()) return true;
+  Tell(DeckPath() + " ： 図を出力できませんでした");
+  return false;
+}
+
+std::optional<std::vector<DrawOperation>> RecordFigureOfDeck(const SelectedFigure& choice) {
+  std::vector<DrawOperation> list;
+  const bool made =
+      MakeFigure(choice, [&](Figure& figure) { list = RecordSheet(SheetOfFigure(choice), 0, figure); });
+  if (!made) return std::nullopt;
   return list;
 }
 
@@ -94,22 +128,6 @@ std::string FigureKindWords() {
   return words;
 }
 
-Figure FigureOfDeck(const SelectedFigure& choice) {
-  ReadDeck(DeckPath(), /*checkMode=*/false);
-  Figure figure;
-  figure.model = FigureModelOf(InpModel);
-  figure.model.name = ModelBaseName();
-  if (figure.model.nodes.empty()) throw Fault(DeckPath() + " ： 節点データがありません");
-  const int cases = figure.model.maxLoadCase;
-  if (HasLoadCase(choice.kind) && (choice.loadCase < 1 || choice.loadCase > cases))
-    throw Fault(DeckPath() + " ： 荷重ケース " + std::to_string(choice.loadCase) + " はありません（１～" +
-                std::to_string(cases) + "）");
-  LoadResults(figure.model, choice);
-  LoadDisplayOptions();
-  ChooseFigure(figure, choice);
-  return figure;
-}
-
 FigureSheets SheetOfFigure(const SelectedFigure& choice) {
   PrinterRec printer = StoredPrinterInfo();
   printer.pageNumbers = kNoPageNumbers;
@@ -117,10 +135,7 @@ FigureSheets SheetOfFigure(const SelectedFigure& choice) {
 }
 
 bool DrawFigureOfDeck(PlotTarget& surface, const SelectedFigure& choice) {
-  Figure figure = FigureOfDeck(choice);
-  const MessageWatch watch;
-  DrawSheet(surface, SheetOfFigure(choice), 0, figure);
-  return !watch.Told();
+  return MakeFigure(choice, [&](Figure& figure) { DrawSheet(surface, SheetOfFigure(choice), 0, figure); });
 }
 
 bool WriteFigureList(const SelectedFigure& choice, const std::string& path) {

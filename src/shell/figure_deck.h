@@ -16,17 +16,15 @@ std::optional<int> FigureKindOf(std::string_view word);
 /// All words, with blanks between them.
 std::string FigureKindWords();
 
-/// The figure of the model in hand, ready to be drawn: its deck, the results of its result folder as far as
-/// the kind needs them, and the display options of the program's tree. Throws Fault in the user's words: a
-/// deck without nodes, no results or no design ratios, a load case that the model hasn't.
-Figure FigureOfDeck(const SelectedFigure& choice);
-
 /// One figure on a sheet of the stored printer settings, without a page number.
 FigureSheets SheetOfFigure(const SelectedFigure& choice);
 
-/// Draw the figure on a surface that is such a sheet; write it as a drawing list or as a DXF file. False when
-/// the drawing had to stop, which the user was told: what is on the surface then is no figure, and no file is
-/// written. Throw Fault.
+/// Draw the figure of the model in hand on a surface that is such a sheet; write it as a drawing list or as a
+/// DXF file. It is made of the deck, of the results in the result folder as far as the kind needs them, and
+/// of the display options of the program's tree. False for a table at fault or a drawing that had to stop,
+/// which the user was told: what is on the surface then is no figure, and no file is written. Throw Fault in
+/// the user's words, the deck named: a deck without nodes, no results that fit or no design ratios, a load
+/// case that the model hasn't.
 bool DrawFigureOfDeck(PlotTarget& surface, const SelectedFigure& choice);
 bool WriteFigureList(const SelectedFigure& choice, const std::string& path);
 bool WriteFigureDxf(const SelectedFigure& choice, const std::string& path);
