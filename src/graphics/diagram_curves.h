@@ -52,6 +52,16 @@ EndValues AxialFromStart(const StressRecord& record, bool exchanged);
 /// loads it is constant. It is the same from either end.
 EndValues ShearFromStart(const StressRecord& record, bool exchanged);
 
+/// What a diagram shows of a record, by one of the readers above. A frame's values are those of its member's
+/// y axis, which turns with the ends. A grid's local vertical is Z from either end, and its ordinates stand
+/// upright: what the exchange turned over is turned back.
+template <class Values>
+Values DiagramValues(Values (*fromStart)(const StressRecord&, bool), const StressRecord& record,
+                     bool exchanged, bool grid) {
+  const Values values = fromStart(record, exchanged);
+  return grid && exchanged ? -values : values;
+}
+
 /// Whether a diagram with this greatest absolute value (t, t*m, m) has ordinates: rounding alone has none.
 bool HasOrdinates(double G);
 

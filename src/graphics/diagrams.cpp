@@ -139,8 +139,9 @@ struct MemberValues {
   Values values;
 };
 
-template <class Values, class Read>
-std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Greatest greatest, Read read) {
+template <class Values>
+std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Greatest greatest,
+                                              Values (*read)(const StressRecord&, bool)) {
   std::vector<MemberValues<Values>> shown;
   if (!HasOrdinates(GreatestStress(figure, {figure.loadCase, figure.loadCase}, greatest))) return shown;
   const std::vector<FigureElement>& elements = figure.model.elements;
@@ -150,10 +151,7 @@ std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Greatest gre
     if (record == nullptr) continue;
     const std::optional<DiagramMember> member = MemberOf(figure, elements[e]);
     if (!member) continue;
-    // A frame's values are those of its member's y axis, which turns with the ends. A grid's local vertical
-    // is Z from either end, and its ordinates stand upright: what the exchange turned over is turned back.
-    const Values values = read(*record, member->exchanged);
-    shown.push_back({*member, figure.oblique && member->exchanged ? -values : values});
+    shown.push_back({*member, DiagramValues(read, *record, member->exchanged, figure.model.IsGrid())});
   }
   return shown;
 }
@@ -208,7 +206,7 @@ struct ForceDiagram {
 void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, const ForceDiagram& diagram) {
   const double G = GreatestStress(figure, ScaledCases(figure), diagram.greatest);
   const Ordinates ordinates(figure, diagram.heightCm, G);
-  const auto shown = ShownValues<EndValues>(figure, diagram.greatest, diagram.read);
+  const auto shown = ShownValues(figure, diagram.greatest, diagram.read);
   const double s = ordinates.Scale();
   const auto forEachBand = [&](auto use) {
     if (!diagram.line.visible) return;
@@ -262,7 +260,7 @@ void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
   const FigureOptions& options = figure.options;
   const double G = GreatestStress(figure, ScaledCases(figure), GreatestMoment);
   const Ordinates ordinates(figure, options.HeightMoment, G);
-  const auto shown = ShownValues<MomentValues>(figure, GreatestMoment, MomentsFromStart);
+  const auto shown = ShownValues(figure, GreatestMoment, MomentsFromStart);
   const double s = ordinates.Scale();
   const auto forEachCurve = [&](auto use) {
     if (!options.moment.visible) return;
