@@ -328,9 +328,9 @@ void Model::ShowNote() {
   const Figure& figure = view_->TheFigure();
   QString note;
   if (!typed_.empty()) note = QStringLiteral("入力中の表を表示しています");
+  if (figure.range != ViewingRange()) note = QStringLiteral("表示範囲を限っています");
   if (IsRatio(figure.DiagramType) && figure.model.ratios.empty())
     note = QStringLiteral("断面算定の結果がありません");
-  if (figure.range != ViewingRange()) note = QStringLiteral("表示範囲を限っています");
   if (!fault_.isEmpty()) note = fault_;
   note_->setText(note);
 }

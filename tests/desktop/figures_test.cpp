@@ -230,6 +230,26 @@ TEST_F(FiguresTest, AMissingResultFileIsToldAndTheFrameStays) {
   EXPECT_TRUE(Shown().model.StressTable.empty());
 }
 
+TEST_F(FiguresTest, ADesignFigureInWhichNoMemberHasARatioSaysSo) {
+  Analyse();
+  const QString missing = QStringLiteral("断面算定の結果がありません");
+  const auto note = [this] { return Child<QLabel>(Window("ModelS"), "note")->text(); };
+  Choose("mnuDesignModelItem(0)");
+  EXPECT_EQ(note(), missing);
+  for (const char* const text : {"", "\x81\xFF\x02", "-1\r\n-1\r\n-1\r\n"}) {
+    ReplaceBytes(AnalysisPath + "SIG_S", text);
+    Choose("mnuDesignModelItem(0)");
+    EXPECT_EQ(note(), missing);
+  }
+  DispOption.range.yUpper = 1;  // this is told where nothing graver is
+  Window("ModelS")->FollowOptions();
+  EXPECT_EQ(note(), missing);
+  DispOption.range = {};
+  ReplaceBytes(AnalysisPath + "SIG_S", "0.5\r\n");
+  Choose("mnuDesignModelItem(0)");
+  EXPECT_EQ(note(), QString());
+}
+
 TEST_F(FiguresTest, TheDefinitionShowsTheStoredData) {
   Tool("figure-define")->trigger();
   ClickAt(PlaceOf(4));
