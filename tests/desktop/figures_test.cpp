@@ -423,6 +423,42 @@ TEST_F(FiguresTest, ALowerLimitAboveTheUpperIsRefused) {
   EXPECT_EQ(DispOption.range, ViewingRange());
 }
 
+TEST_F(FiguresTest, ALimitThatIsNoNumberIsRefusedAtItsBox) {
+  for (const char* const typed : {"-", "+", ".", "-.", "1e", "2e+", "1e999"}) {
+    Script().Expect(QStringLiteral("SetLimit1"), [this, typed](QWidget& dialog) {
+      auto* const box = Child<QLineEdit>(&dialog, "yLower");
+      Type(box, QString::fromLatin1(typed));
+      EXPECT_EQ(FromQt(box->text()), typed);
+      Script().ExpectBox(QStringLiteral("「%1」 は数値ではありません").arg(QLatin1String(typed)),
+                         QStringLiteral("OK"));
+      auto* const ok = Child<QPushButton>(&dialog, "ok");
+      QTimer::singleShot(0, ok, [ok] { ok->click(); });
+      ASSERT_TRUE(QTest::qWaitFor([this] { return Script().Done(); })) << typed;
+      EXPECT_TRUE(QTest::qWaitFor([box] { return box->selectedText() == box->text(); })) << typed;
+      EXPECT_TRUE(dialog.isVisible()) << typed;
+      EXPECT_EQ(dialog.focusWidget(), box) << typed;
+      Click(dialog, "cancel");
+    });
+    Tool("figure-range")->trigger();
+    EXPECT_EQ(DispOption.range, ViewingRange()) << typed;
+  }
+}
+
+TEST_F(FiguresTest, LimitsAreNumbersInAnyOfTheirForms) {
+  struct LimitCase {
+    const char* typed;
+    double limit;
+  };
+  for (const LimitCase& c : {LimitCase{"-.5", -0.5}, {"+3.", 3}, {"2e1", 20}, {" 7 ", 7}}) {
+    Script().Expect(QStringLiteral("SetLimit1"), [&c](QWidget& dialog) {
+      Type(Child<QLineEdit>(&dialog, "yUpper"), QString::fromLatin1(c.typed));
+      Click(dialog, "ok");
+    });
+    Tool("figure-range")->trigger();
+    EXPECT_EQ(DispOption.range.yUpper, c.limit) << c.typed;
+  }
+}
+
 /// The choice of figures for pages.
 class FigurePagesTest : public FiguresTest {
  protected:
