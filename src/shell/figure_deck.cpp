@@ -107,6 +107,8 @@ Figure FigureOfDeck(const SelectedFigure& choice) {
   LoadResults(figure.model, choice);
   LoadDisplayOptions();
   ChooseFigure(figure, choice);
+  if (figure.range != ViewingRange())
+    Tell("表示範囲（" + AppPath + "MODELEST.PRM）の外にある節点と要素は、図に描かれません");
   return figure;
 }
 
@@ -131,7 +133,7 @@ bool WriteFigureList(const SelectedFigure& choice, const std::string& path) {
 
 bool WriteFigureDxf(const SelectedFigure& choice, const std::string& path) {
   const std::optional<std::vector<DrawOperation>> list = RecordFigureOfDeck(choice);
-  if (list) ReplaceTextFile(path, DxfOfList(DrawingListText(*list)), Flush::No);
+  if (list) WriteDxfText(path, DxfOfList(DrawingListText(*list)));
   return list.has_value();
 }
 

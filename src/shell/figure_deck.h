@@ -18,7 +18,8 @@ std::string FigureKindWords();
 
 /// The figure of the model in hand, ready to be drawn: its deck, the results of its result folder as far as
 /// the kind needs them, and the display options of the program's tree. Throws Fault in the user's words: a
-/// deck without nodes, no results or no design ratios, a load case that the model hasn't.
+/// deck without nodes, no results or no design ratios, a load case that the model hasn't. A viewing range in
+/// force is told: nobody sees here that a part of the model is missing.
 Figure FigureOfDeck(const SelectedFigure& choice);
 
 /// One figure on a sheet of the stored printer settings, without a page number.
