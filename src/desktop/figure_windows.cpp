@@ -151,7 +151,7 @@ void ChoosePages(MainWindow& window, FigureSelection choice) {
 }  // namespace
 
 void PrintFigures(MainWindow& window) {
-  ChoosePages(window, KeptBatch());
+  ChoosePages(window, KeptBatch(PrinterSettings.orientation));
 }
 
 void PrintFigure(MainWindow& window, int kind, int loadCase) {

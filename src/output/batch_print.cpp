@@ -5,6 +5,7 @@
 #include "base/delimited.h"
 #include "base/fault.h"
 #include "base/number.h"
+#include "base/settings_file.h"
 #include "base/text_file.h"
 #include "graphics/frame_figure.h"
 #include "model/model_state.h"
@@ -71,16 +72,6 @@ void TakeTypes(Numbers& numbers, FigureSelection& selection) {
   }
 }
 
-/// The text of a file; nothing when there is none that can be read.
-std::optional<std::string> FileText(std::string_view file) {
-  if (!FileExists(PathOf(file))) return std::nullopt;
-  try {
-    return ReadTextFile(PathOf(file));
-  } catch (const Fault&) {
-    return std::nullopt;  // it is chosen anew
-  }
-}
-
 }  // namespace
 
 std::optional<std::string_view> SelectionFault(const FigureSelection& selection) {
@@ -119,8 +110,8 @@ std::string SelectionText(const FigureSelection& selection) {
   return text;
 }
 
-FigureSelection ParseSelection(std::string_view text) {
-  FigureSelection selection;
+FigureSelection ParseSelection(std::string_view text, const FigureSelection& blank) {
+  FigureSelection selection = blank;
   Numbers numbers(text);
   int first = kBatchMark;
   TakeWithin(numbers, kBatchMark, kRcRatioFigure, first);
@@ -142,7 +133,7 @@ void HandOverSelection(const FigureSelection& selection) {
 }
 
 std::optional<FigureSelection> HandedSelection() {
-  const std::optional<std::string> text = FileText(kHandedFile);
+  const std::optional<std::string> text = ReadSettingsFile(PathOf(kHandedFile));
   if (!text) return std::nullopt;
   return ParseSelection(*text);
 }
@@ -155,9 +146,11 @@ void RemoveSelection() {
   }
 }
 
-FigureSelection KeptBatch() {
-  FigureSelection selection = ParseSelection(FileText(kKeptFile).value_or(""));
-  return selection.batch ? selection : FigureSelection();
+FigureSelection KeptBatch(int orientation) {
+  FigureSelection blank;
+  blank.orientation = orientation;
+  const FigureSelection selection = ParseSelection(ReadSettingsFile(PathOf(kKeptFile)).value_or(""), blank);
+  return selection.batch ? selection : blank;
 }
 
 std::vector<SelectedFigure> SelectedFigures(const FigureSelection& selection) {
