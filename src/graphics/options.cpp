@@ -25,8 +25,6 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kModelFile = "MODELEST.PRM", kDesignFile = "DESGNEST.PRM",
                            kAnalysisFile = "LOADEST1.PRM", kOlderAnalysisFile = "LOADEST.PRM";
 constexpr std::string_view kDesignVersion = "Ver3", kOlderDesignVersion = "Ver2";
-constexpr float kLargestHeight = 1000;  // cm
-constexpr int kMostDecimals = 9;
 
 /// The values of a file, a line each, in order.
 class Values {
@@ -74,14 +72,15 @@ bool TakeHeight(Values& values, float& height) {
   const std::string* const value = values.Take();
   if (value == nullptr || !HasNumber(*value)) return false;
   const auto read = static_cast<float>(ReadReal(*value));
-  if (!(read >= 0 && read <= kLargestHeight)) return false;
+  if (!(read >= 0 && read <= kLargestDiagramHeight)) return false;
   height = read;
   return true;
 }
 
 void TakeDecimals(Values& values, std::string& decimals) {
   const std::string* const value = values.Take();
-  if (value != nullptr && value->size() == 1 && (*value)[0] >= '0' && (*value)[0] <= '0' + kMostDecimals)
+  if (value != nullptr && value->size() == 1 && (*value)[0] >= '0' &&
+      (*value)[0] <= '0' + kMostDiagramDecimals)
     decimals = *value;
 }
 

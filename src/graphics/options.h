@@ -37,6 +37,10 @@ struct DesignOptions {
   bool operator==(const DesignOptions&) const = default;
 };
 
+/// What the heights (from 0, cm) and the decimals of the diagrams may be.
+inline constexpr float kLargestDiagramHeight = 1000;
+inline constexpr int kMostDiagramDecimals = 9;
+
 struct AnalysisOptions {
   OptionRows<kAnalysisRows.size()> rows;
   float HeightDisplacement = 1, HeightNormal = 1, HeightMoment = 1;  // cm
