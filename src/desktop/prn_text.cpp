@@ -6,8 +6,6 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
@@ -24,6 +22,7 @@
 #include "desktop/busy.h"
 #include "desktop/print_job.h"
 #include "desktop/printer_set.h"
+#include "desktop/save_file.h"
 #include "model/model_state.h"
 #include "output/batch_print.h"
 #include "output/dxf_page.h"
@@ -194,15 +193,14 @@ void frmPrnText::Print() {
 void frmPrnText::WritePdf() {
   if (Count() == 0) return;
   const QString proposed = ToQt(DataPath + ProjectName) + pages_->FileName() + QStringLiteral(".pdf");
-  const QString target = QFileDialog::getSaveFileName(this, QStringLiteral("ＰＤＦファイル出力"), proposed,
-                                                      QStringLiteral("ＰＤＦ (*.pdf)"));
+  const QString target = AskSaveFile(this, QStringLiteral("ＰＤＦファイル出力"), proposed,
+                                     QStringLiteral("ＰＤＦ (*.pdf)"), QStringLiteral(".pdf"));
   if (target.isEmpty()) return;
-  const bool named = target.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
   std::string failure;
   SetBusy(true);
   try {
     const std::string pdf = pages_->Pdf([](double share) { ShowProgress("ＰＤＦファイル出力", share); });
-    ReplaceBytes(FromQt(named ? target : target + QStringLiteral(".pdf")), pdf);
+    ReplaceBytes(FromQt(target), pdf);
   } catch (const UserStop&) {
     // Nothing was written; the user knows.
   } catch (const std::exception& fault) {
@@ -217,11 +215,10 @@ void frmPrnText::WriteDxf() {
   const QString proposed =
       ToQt(DataPath + ProjectName) + ToQt(DxfPageName(page + 1)) + QStringLiteral(".dxf");
   const QString target =
-      QFileDialog::getSaveFileName(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter());
+      AskSaveFile(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter(), QStringLiteral(".dxf"));
   if (target.isEmpty()) return;
-  const bool named = target.endsWith(QStringLiteral(".dxf"), Qt::CaseInsensitive);
   SetBusy(true);
-  pages_->WriteDxf(page, FromQt(named ? target : target + QStringLiteral(".dxf")));
+  pages_->WriteDxf(page, FromQt(target));
   EndBusy();
 }
 
