@@ -100,7 +100,10 @@ void frmPrnText::Build() {
     row->addWidget(button);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(6, 6, 6, 6);
+  note_ = new QLabel;
+  note_->setObjectName(QStringLiteral("note"));
   column->addLayout(row);
+  column->addWidget(note_);
   column->addWidget(view_, 1);
   SetFirst(view_);
 
@@ -138,7 +141,6 @@ void frmPrnText::ShowFigures(std::unique_ptr<FigurePreview> pages) {
 
 void frmPrnText::ShowPages(std::unique_ptr<PreviewPages> pages, PageView::Place place) {
   pages_ = std::move(pages);
-  setWindowTitle(QStringLiteral("印刷プレビュー　") + pages_->Caption());
   LayOut(place);
 }
 
@@ -152,6 +154,9 @@ void frmPrnText::FollowOptions() {
 
 void frmPrnText::LayOut(PageView::Place place) {
   pages_->LayOut();
+  setWindowTitle(QStringLiteral("印刷プレビュー　") + pages_->Caption());
+  note_->setText(pages_->Note());
+  note_->setVisible(!note_->text().isEmpty());
   const int count = Count();
   const QSize sheet = pages_->Sheet();
   view_->SetPages(
@@ -174,6 +179,7 @@ void frmPrnText::SetZoomOf(int row) {
 }
 
 void frmPrnText::Print() {
+  Renew();
   if (Count() == 0) return;
   QPrinter printer(QPrinter::HighResolution);
   SetUpPrinterOf(printer, PrinterSettings, *pages_);
@@ -191,6 +197,7 @@ void frmPrnText::Print() {
 }
 
 void frmPrnText::WritePdf() {
+  Renew();
   if (Count() == 0) return;
   const QString proposed = ToQt(DataPath + ProjectName) + pages_->FileName() + QStringLiteral(".pdf");
   const QString target = AskSaveFile(this, QStringLiteral("ＰＤＦファイル出力"), proposed,
@@ -211,6 +218,8 @@ void frmPrnText::WritePdf() {
 }
 
 void frmPrnText::WriteDxf() {
+  Renew();
+  if (Count() == 0) return;
   const int page = view_->Page();
   const QString proposed =
       ToQt(DataPath + ProjectName) + ToQt(DxfPageName(page + 1)) + QStringLiteral(".dxf");
@@ -223,6 +232,7 @@ void frmPrnText::WriteDxf() {
 }
 
 void frmPrnText::CopyPage() {
+  Renew();
   if (Count() == 0) return;
   const int page = view_->Page();
   constexpr double kDotsPerUnit = kClipboardDpi / (25.4 * kUnitsPerMm);

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/model_rec.h"
@@ -79,5 +80,8 @@ FigureModel ReadFigureTables(const TypedRows& typed = {});
 /// Adds displacements and member forces from FT021 and FT031 of `folder`. False, with nothing added, when a
 /// file is missing or has not just as many numbers as the model needs: it was changed since.
 bool LoadFigureResults(FigureModel& model, const std::string& folder);
+/// What the user is told then.
+inline constexpr std::string_view kNoFittingResults =
+    "入力データに合う解析結果がありません。静解析を行ってください";
 
 }  // namespace zorlan
