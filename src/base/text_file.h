@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorlan {
 
@@ -52,8 +53,12 @@ void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush
 /// Whether a file can be written at this path. What stands there stays as it is.
 bool CanWriteFile(const std::string& path);
 
+/// What lies directly in a folder, files and folders; nothing without the folder. One that is there and can't
+/// be looked into is a fault.
+std::vector<std::filesystem::directory_entry> EntriesOf(const std::string& folder);
+
 /// Makes the folder and those above it; removes a file if it is there; removes every file directly in a
-/// folder.
+/// folder, which need not be there.
 void MakeFolder(const std::string& folder);
 void RemoveFile(const std::string& path);
 void RemoveFilesIn(const std::string& folder);
