@@ -195,6 +195,13 @@ double ReadReal(std::string_view text) {
   return negative ? -value : value;
 }
 
+std::optional<double> ReadFinite(std::string_view text) {
+  if (text.find_first_of("0123456789") == std::string_view::npos) return std::nullopt;
+  const double value = ReadReal(text);
+  if (!std::isfinite(value)) return std::nullopt;
+  return value;
+}
+
 bool IsNumberText(std::string_view text) {
   if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
   const std::size_t mantissa = MantissaLength(text);

@@ -43,10 +43,9 @@ std::vector<std::string_view> SplitAtCommas(std::string_view line) {
 }
 
 double Number(std::string_view field, std::string_view line) {
-  const std::string_view text = NoSpc(field);
-  const double value = ReadReal(text);
-  if (text.find_first_of("0123456789") == std::string_view::npos || !std::isfinite(value)) Refuse(line);
-  return value;
+  const std::optional<double> value = ReadFinite(NoSpc(field));
+  if (!value) Refuse(line);
+  return *value;
 }
 
 Rgb Colour(std::string_view field, std::string_view line) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -24,8 +23,7 @@ std::optional<int> Digits(std::string_view text, int base = 10) {
 }
 
 bool IsNumber(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789.") == std::string_view::npos &&
-         text.find_first_of("0123456789") != std::string_view::npos && std::isfinite(ReadReal(text));
+  return text.find_first_not_of("0123456789.") == std::string_view::npos && ReadFinite(text).has_value();
 }
 
 bool CanBe(OptionPart part, std::string_view field) {

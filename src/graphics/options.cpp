@@ -64,15 +64,15 @@ int TakeRows(Values& values, const std::array<OptionRow, N>& forms, OptionRows<N
   return taken;
 }
 
-bool HasNumber(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos && std::isfinite(ReadReal(text));
+/// The number that the next value holds.
+std::optional<double> TakeNumber(Values& values) {
+  const std::string* const value = values.Take();
+  return value != nullptr ? ReadFinite(*value) : std::nullopt;
 }
 
 /// Takes a height in cm; false, with the height as it was, when there is none.
 bool TakeHeight(Values& values, float& height) {
-  const std::string* const value = values.Take();
-  if (value == nullptr || !HasNumber(*value)) return false;
-  const auto read = static_cast<float>(ReadReal(*value));
+  const auto read = static_cast<float>(TakeNumber(values).value_or(-1));
   if (!(read >= 0 && read <= kLargestHeight)) return false;
   height = read;
   return true;
@@ -85,16 +85,13 @@ void TakeDecimals(Values& values, std::string& decimals) {
 }
 
 void TakeColour(Values& values, Rgb& colour) {
-  const std::string* const value = values.Take();
-  if (value == nullptr || !HasNumber(*value)) return;
-  const double read = ReadReal(*value);
-  if (read >= 0 && read <= 0xFFFFFF) colour = static_cast<Rgb>(read);
+  const std::optional<double> read = TakeNumber(values);
+  if (read && *read >= 0 && *read <= 0xFFFFFF) colour = static_cast<Rgb>(*read);
 }
 
 /// A flag: -1 (or anything but 0) is set.
 void TakeFlag(Values& values, bool& flag) {
-  const std::string* const value = values.Take();
-  if (value != nullptr && HasNumber(*value)) flag = ReadReal(*value) != 0;
+  if (const std::optional<double> read = TakeNumber(values)) flag = *read != 0;
 }
 
 void AppendLine(std::string& text, std::string_view value) {
@@ -118,7 +115,7 @@ std::string LimitText(double limit) {
   return std::abs(limit) >= kExtentStart ? std::string() : RealText(limit);
 }
 double LimitOf(std::string_view field, double none) {
-  return HasNumber(field) ? ReadReal(field) : none;
+  return ReadFinite(field).value_or(none);
 }
 
 /// The two rows: the limits xLower, xUpper, yLower, yUpper, and the mode: 0 both ends, 1 one end.

@@ -39,8 +39,7 @@ class Numbers {
   std::optional<int> Take() {
     if (AtEnd()) return std::nullopt;
     const std::string& item = items_[next_++];
-    if (item.find_first_of("0123456789") == std::string::npos) return std::nullopt;
-    return ReadInt16(item);
+    return ReadFinite(item) ? ReadInt16(item) : std::nullopt;
   }
 
  private:
