@@ -112,11 +112,7 @@ std::string OptionField(std::string_view row, int n) {
 
 std::vector<std::string> OptionFields(std::string_view row) {
   std::vector<std::string> fields;
-  for (std::size_t at = 0; at <= row.size();) {
-    const std::size_t comma = std::min(row.find(',', at), row.size());
-    fields.emplace_back(NoSpc(row.substr(at, comma - at)));
-    at = comma + 1;
-  }
+  for (std::optional<std::string_view> rest = row; rest;) fields.emplace_back(NoSpc(TakeField(rest)));
   return fields;
 }
 

@@ -1,5 +1,6 @@
 #include "model/deck.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -19,13 +20,11 @@ std::string_view DeckLine(std::string_view line) {
 int SplitFields(std::string_view line, Fields& fields) {
   fields.fill({});
   int count = 0;
-  for (;;) {
+  for (std::optional<std::string_view> rest = line; rest;) {
     if (count == kMaxFields) throw Fault("項目の数が " + std::to_string(kMaxFields) + " を超えています");
-    const std::size_t comma = line.find(',');
-    fields[static_cast<std::size_t>(++count)] = NoSpc(line.substr(0, comma));
-    if (comma == std::string_view::npos) return count;
-    line.remove_prefix(comma + 1);
+    fields[static_cast<std::size_t>(++count)] = NoSpc(TakeField(rest));
   }
+  return count;
 }
 
 void SaveDeck(bool deleteTables, const std::string& path) {

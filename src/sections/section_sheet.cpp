@@ -106,7 +106,7 @@ std::string_view CellAt(const SheetRow& row, std::size_t column) {
 SheetRow CellsOf(std::string_view line) {
   SheetRow row;
   const std::string text = Utf8FromCp932(line);
-  for (std::string_view rest = text; !rest.empty();) row.emplace_back(TakeField(rest));
+  for (std::string_view rest = text; !rest.empty();) row.emplace_back(TakeCell(rest));
   while (!row.empty() && row.back().empty()) row.pop_back();
   return row;
 }
@@ -198,7 +198,7 @@ SheetText ParseSheet(const SectionSheet& sheet, std::string_view bytes) {
     const std::string_view from = rest;
     const std::string_view line = TakeLine(rest).value_or("");
     std::string_view fields = line;
-    const bool ends = sheet.steel && ReadReal(TakeField(fields)) == 0;
+    const bool ends = sheet.steel && ReadReal(TakeCell(fields)) == 0;
     if (ends || text.rows.size() == kSheetRows) {
       text.tail = from;
       break;
