@@ -7,6 +7,9 @@
 
 namespace zorlan {
 
+/// What ends a line of the system's files.
+inline constexpr std::string_view kLineEnd = "\r\n";
+
 /// The text without the blanks, tabs and NUL characters around it; those inside stay, and so do full-width
 /// blanks.
 std::string_view NoSpc(std::string_view text);

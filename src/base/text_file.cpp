@@ -225,6 +225,15 @@ std::string ReadTextFile(const std::string& path) {
   return Utf8FromCp932(ReadBytes(path));
 }
 
+std::optional<std::string> ReadTextFileIfAny(const std::string& path) {
+  if (!FileExists(path)) return std::nullopt;
+  try {
+    return ReadTextFile(path);
+  } catch (const Fault&) {
+    return std::nullopt;  // the caller goes on without it
+  }
+}
+
 void ReplaceBytes(const std::string& path, std::string_view bytes, Flush flush) {
   FileWriter file(path);
   file.Buffer() = bytes;

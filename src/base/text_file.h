@@ -38,6 +38,8 @@ std::string FileReason(int error);
 /// The bytes of a file; the text of one in code page 932.
 std::string ReadBytes(const std::string& path);
 std::string ReadTextFile(const std::string& path);
+/// The same for a file that may be missing or spoilt: nothing where there is none that can be read.
+std::optional<std::string> ReadTextFileIfAny(const std::string& path);
 
 /// Whether a new file is flushed to the disk before it takes its name: for all that can't be made again by
 /// another run.

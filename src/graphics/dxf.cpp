@@ -16,7 +16,6 @@ namespace {
 
 using Kind = DrawOperation::Kind;
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kNoFlags = "     0";
 
 struct LineType {

@@ -20,7 +20,6 @@ DesignOptions DispOptionDesgn = DefaultDesignOptions();
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kModelFile = "MODELEST.PRM", kDesignFile = "DESGNEST.PRM",
                            kAnalysisFile = "LOADEST1.PRM", kOlderAnalysisFile = "LOADEST.PRM";
 constexpr std::string_view kDesignVersion = "Ver3", kOlderDesignVersion = "Ver2";
@@ -157,16 +156,6 @@ std::string PathOf(std::string_view file) {
   return AppPath + std::string(file);
 }
 
-/// The text of an option file; nothing when there is none that can be read.
-std::optional<std::string> FileText(std::string_view file) {
-  if (!FileExists(PathOf(file))) return std::nullopt;
-  try {
-    return ReadTextFile(PathOf(file));
-  } catch (const Fault&) {
-    return std::nullopt;  // the figures have their defaults then
-  }
-}
-
 }  // namespace
 
 ModelOptions DefaultModelOptions() {
@@ -192,12 +181,12 @@ void SetDefaultAnalysisOptions() {
 }
 
 void LoadModelOptions() {
-  DispOption = ParseModelOptions(FileText(kModelFile).value_or(""));
+  DispOption = ParseModelOptions(ReadTextFileIfAny(PathOf(kModelFile)).value_or(""));
 }
 
 void LoadDesignOptions() {
   SetDefaultDesignOptions();
-  const std::optional<std::string> text = FileText(kDesignFile);
+  const std::optional<std::string> text = ReadTextFileIfAny(PathOf(kDesignFile));
   if (!text) return;
   if (IsDesignOptions(*text)) {
     DispOptionDesgn = ParseDesignOptions(*text);
@@ -211,8 +200,8 @@ void LoadDesignOptions() {
 }
 
 void LoadAnalysisOptions() {
-  DispOptionAna = ParseAnalysisOptions(FileText(kAnalysisFile).value_or(""));
-  const std::optional<std::string> older = FileText(kOlderAnalysisFile);
+  DispOptionAna = ParseAnalysisOptions(ReadTextFileIfAny(PathOf(kAnalysisFile)).value_or(""));
+  const std::optional<std::string> older = ReadTextFileIfAny(PathOf(kOlderAnalysisFile));
   if (!older) return;
   DispOptionAna = ParseOlderAnalysisOptions(*older, DispOptionAna);
   try {

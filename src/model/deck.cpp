@@ -36,8 +36,8 @@ void SaveDeck(bool deleteTables, const std::string& path) {
     deck += Cp932FromUtf8(SectionLine(table)).bytes + "\r\n";
     const std::string bytes = ReadBytes(file);
     std::string_view rest = bytes;
-    while (const std::optional<std::string_view> line = TakeLine(rest)) deck.append(*line).append("\r\n");
-    deck += "\r\n";
+    while (const std::optional<std::string_view> line = TakeLine(rest)) deck.append(*line).append(kLineEnd);
+    deck += kLineEnd;
     copied.push_back(file);
   }
   ReplaceBytes(path.empty() ? DeckPath() : path, deck);
@@ -76,7 +76,7 @@ void LoadDeck() {
       if (table == nullptr) table = &tables.emplace_back(name, std::string()).second;
       table->clear();
     } else if (table != nullptr) {
-      table->append(line).append("\r\n");
+      table->append(line).append(kLineEnd);
     }
   }
   try {

@@ -5,6 +5,7 @@
 #include "base/delimited.h"
 #include "base/fault.h"
 #include "base/number.h"
+#include "base/text.h"
 #include "base/text_file.h"
 #include "graphics/frame_figure.h"
 #include "model/model_state.h"
@@ -14,7 +15,6 @@ namespace {
 
 constexpr std::string_view kHandedFile = "SelctLC.Txt", kKeptFile = "AllPrnSet.txt";
 constexpr int kBatchMark = -1, kChecked = -1;
-constexpr std::string_view kLineEnd = "\r\n";
 
 bool HasCases(int kind) {
   return kind >= kLoadCheck && kind <= kMomentFigure;
@@ -67,16 +67,6 @@ void TakeTypes(Numbers& numbers, FigureSelection& selection) {
     BatchType& type = selection.types[static_cast<std::size_t>(*number) - 1];
     type.checked = checked == kChecked;
     for (int n = 0; n < *count && !numbers.AtEnd(); ++n) TakeCase(numbers, type.cases);
-  }
-}
-
-/// The text of a file; nothing when there is none that can be read.
-std::optional<std::string> FileText(std::string_view file) {
-  if (!FileExists(PathOf(file))) return std::nullopt;
-  try {
-    return ReadTextFile(PathOf(file));
-  } catch (const Fault&) {
-    return std::nullopt;  // it is chosen anew
   }
 }
 
@@ -141,7 +131,7 @@ void HandOverSelection(const FigureSelection& selection) {
 }
 
 std::optional<FigureSelection> HandedSelection() {
-  const std::optional<std::string> text = FileText(kHandedFile);
+  const std::optional<std::string> text = ReadTextFileIfAny(PathOf(kHandedFile));
   if (!text) return std::nullopt;
   return ParseSelection(*text);
 }
@@ -155,7 +145,7 @@ void RemoveSelection() {
 }
 
 FigureSelection KeptBatch() {
-  FigureSelection selection = ParseSelection(FileText(kKeptFile).value_or(""));
+  FigureSelection selection = ParseSelection(ReadTextFileIfAny(PathOf(kKeptFile)).value_or(""));
   return selection.batch ? selection : FigureSelection();
 }
 

@@ -88,10 +88,10 @@ std::string OwnHead(const SectionSheet& sheet) {
 
 /// A head that was cut short gets its missing line ends.
 std::string WholeHead(std::string head) {
-  if (head.back() != '\n' && head.back() != '\r') head += "\r\n";
+  if (head.back() != '\n' && head.back() != '\r') head += kLineEnd;
   int lines = 0;
   for (std::string_view rest = head; TakeLine(rest);) ++lines;
-  for (; lines < kTableHeadLines; ++lines) head += "\r\n";
+  for (; lines < kTableHeadLines; ++lines) head += kLineEnd;
   return head;
 }
 
@@ -215,7 +215,7 @@ std::string SheetBytes(const SectionSheet& sheet, const SheetText& text) {
     if (IsBlank(row)) continue;
     for (std::size_t i = 0; i < std::max(sheet.columns.size(), row.size()); ++i)
       rows.append(i == 0 ? "" : ",").append(NoSpc(CellAt(row, i)));
-    rows += "\r\n";
+    rows += kLineEnd;
   }
   return text.head + Cp932FromUtf8(rows).bytes + text.tail;
 }

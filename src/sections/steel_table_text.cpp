@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "base/number.h"
+#include "base/text.h"
 #include "sections/table_lines.h"
 
 namespace zorlan {
@@ -125,11 +126,11 @@ MergedSteelTable MergeSteelTables(SteelFamily family, std::string_view main, std
   merged.withoutPlace = table.WithoutPlace();
   for (int i = 0; i < kTableHeadLines; ++i) {
     merged.bytes += TakeLine(main).value_or("");
-    merged.bytes += "\r\n";
+    merged.bytes += kLineEnd;
   }
   for (const std::string& line : table.Lines()) {
     merged.bytes += line;
-    merged.bytes += "\r\n";
+    merged.bytes += kLineEnd;
   }
   return merged;
 }

@@ -19,7 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kEndOfOldFile = '\x1A';  // older systems closed a text with it
 
 /// What a numbered file holds.

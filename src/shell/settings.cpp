@@ -17,16 +17,9 @@ PrinterRec PrinterSettings;
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
-
 /// The text of a settings file; empty if it can't be read: that counts as a missing one.
 std::string SettingsText(const std::string& path) {
-  if (!FileExists(path)) return {};
-  try {
-    return ReadTextFile(path);
-  } catch (const Fault&) {
-    return {};  // the program comes up without it
-  }
+  return ReadTextFileIfAny(path).value_or("");
 }
 
 std::string SettingsPath() {

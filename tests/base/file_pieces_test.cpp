@@ -59,6 +59,14 @@ TEST_F(FilePieces, AMissingFileIsNamed) {
   }
 }
 
+TEST_F(FilePieces, ATextThatMayBeMissingIsReadWhereItCanBe) {
+  ReplaceBytes(Path("a"), "one");
+  MakeFolder(Path("folder"));
+  EXPECT_EQ(ReadTextFileIfAny(Path("a")), "one");
+  EXPECT_EQ(ReadTextFileIfAny(Path("none")), std::nullopt);
+  EXPECT_EQ(ReadTextFileIfAny(Path("folder")), std::nullopt);
+}
+
 TEST_F(FilePieces, AWriterContinuesAFile) {
   ReplaceBytes(Path("a"), "one ");
   FileWriter file(Path("a"), FileWriter::Start::Continued);
