@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "base/fault.h"
 #include "base/text_file.h"
 
 namespace zorlan {
@@ -13,11 +12,7 @@ std::optional<std::string> ReadSettingsFile(const std::string& path, std::size_t
   std::error_code error;
   const std::uintmax_t size = std::filesystem::file_size(NativePath(path), error);
   if (error || size > limit) return std::nullopt;
-  try {
-    return ReadTextFile(path);
-  } catch (const Fault&) {
-    return std::nullopt;  // the program comes up with its defaults
-  }
+  return ReadTextFileIfAny(path);
 }
 
 }  // namespace zorlan

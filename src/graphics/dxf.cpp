@@ -17,7 +17,6 @@ namespace {
 
 using Kind = DrawOperation::Kind;
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kNoFlags = "     0";
 constexpr std::size_t kLongestText = 255;  // bytes
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -24,8 +23,7 @@ std::optional<int> Digits(std::string_view text, int base = 10) {
 }
 
 bool IsNumber(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789.") == std::string_view::npos &&
-         text.find_first_of("0123456789") != std::string_view::npos && std::isfinite(ReadReal(text));
+  return text.find_first_not_of("0123456789.") == std::string_view::npos && ReadFinite(text).has_value();
 }
 
 bool CanBe(OptionPart part, std::string_view field) {
@@ -114,11 +112,7 @@ std::string OptionField(std::string_view row, int n) {
 
 std::vector<std::string> OptionFields(std::string_view row) {
   std::vector<std::string> fields;
-  for (std::size_t at = 0; at <= row.size();) {
-    const std::size_t comma = std::min(row.find(',', at), row.size());
-    fields.emplace_back(NoSpc(row.substr(at, comma - at)));
-    at = comma + 1;
-  }
+  for (std::optional<std::string_view> rest = row; rest;) fields.emplace_back(NoSpc(TakeField(rest)));
   return fields;
 }
 

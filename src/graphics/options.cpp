@@ -21,7 +21,6 @@ DesignOptions DispOptionDesgn = DefaultDesignOptions();
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kModelFile = "MODELEST.PRM", kDesignFile = "DESGNEST.PRM",
                            kAnalysisFile = "LOADEST1.PRM", kOlderAnalysisFile = "LOADEST.PRM";
 constexpr std::string_view kDesignVersion = "Ver3", kOlderDesignVersion = "Ver2";
@@ -63,15 +62,15 @@ int TakeRows(Values& values, const std::array<OptionRow, N>& forms, OptionRows<N
   return taken;
 }
 
-bool HasNumber(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos && std::isfinite(ReadReal(text));
+/// The number that the next value holds.
+std::optional<double> TakeNumber(Values& values) {
+  const std::string* const value = values.Take();
+  return value != nullptr ? ReadFinite(*value) : std::nullopt;
 }
 
 /// Takes a height in cm; false, with the height as it was, when there is none.
 bool TakeHeight(Values& values, float& height) {
-  const std::string* const value = values.Take();
-  if (value == nullptr || !HasNumber(*value)) return false;
-  const auto read = static_cast<float>(ReadReal(*value));
+  const auto read = static_cast<float>(TakeNumber(values).value_or(-1));
   if (!(read >= 0 && read <= kLargestDiagramHeight)) return false;
   height = read;
   return true;
@@ -85,16 +84,13 @@ void TakeDecimals(Values& values, std::string& decimals) {
 }
 
 void TakeColour(Values& values, Rgb& colour) {
-  const std::string* const value = values.Take();
-  if (value == nullptr || !HasNumber(*value)) return;
-  const double read = ReadReal(*value);
-  if (read >= 0 && read <= 0xFFFFFF) colour = static_cast<Rgb>(read);
+  const std::optional<double> read = TakeNumber(values);
+  if (read && *read >= 0 && *read <= 0xFFFFFF) colour = static_cast<Rgb>(*read);
 }
 
 /// A flag: -1 (or anything but 0) is set.
 void TakeFlag(Values& values, bool& flag) {
-  const std::string* const value = values.Take();
-  if (value != nullptr && HasNumber(*value)) flag = ReadReal(*value) != 0;
+  if (const std::optional<double> read = TakeNumber(values)) flag = *read != 0;
 }
 
 void AppendLine(std::string& text, std::string_view value) {
@@ -121,9 +117,9 @@ std::string LimitText(double limit) {
 /// Takes a limit, or leaves it as it is for an empty field. False: the field is no limit.
 bool TakeLimit(const std::string& field, double& limit) {
   if (field.empty()) return true;
-  if (!IsNumberText(field) || !std::isfinite(ReadReal(field))) return false;
-  limit = ReadReal(field);
-  return true;
+  const std::optional<double> read = IsNumberText(field) ? ReadFinite(field) : std::nullopt;
+  if (read) limit = *read;
+  return read.has_value();
 }
 
 /// The two rows: the limits xLower, xUpper, yLower, yUpper, and the mode: 0 both ends, 1 one end. A range

@@ -1,5 +1,6 @@
 #include "model/deck.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -19,13 +20,11 @@ std::string_view DeckLine(std::string_view line) {
 int SplitFields(std::string_view line, Fields& fields) {
   fields.fill({});
   int count = 0;
-  for (;;) {
+  for (std::optional<std::string_view> rest = line; rest;) {
     if (count == kMaxFields) throw Fault("項目の数が " + std::to_string(kMaxFields) + " を超えています");
-    const std::size_t comma = line.find(',');
-    fields[static_cast<std::size_t>(++count)] = NoSpc(line.substr(0, comma));
-    if (comma == std::string_view::npos) return count;
-    line.remove_prefix(comma + 1);
+    fields[static_cast<std::size_t>(++count)] = NoSpc(TakeField(rest));
   }
+  return count;
 }
 
 void SaveDeck(bool deleteTables, const std::string& path) {
@@ -37,8 +36,8 @@ void SaveDeck(bool deleteTables, const std::string& path) {
     deck += Cp932FromUtf8(SectionLine(table)).bytes + "\r\n";
     const std::string bytes = ReadBytes(file);
     std::string_view rest = bytes;
-    while (const std::optional<std::string_view> line = TakeLine(rest)) deck.append(*line).append("\r\n");
-    deck += "\r\n";
+    while (const std::optional<std::string_view> line = TakeLine(rest)) deck.append(*line).append(kLineEnd);
+    deck += kLineEnd;
     copied.push_back(file);
   }
   ReplaceBytes(path.empty() ? DeckPath() : path, deck);
@@ -77,7 +76,7 @@ void LoadDeck() {
       if (table == nullptr) table = &tables.emplace_back(name, std::string()).second;
       table->clear();
     } else if (table != nullptr) {
-      table->append(line).append("\r\n");
+      table->append(line).append(kLineEnd);
     }
   }
   try {

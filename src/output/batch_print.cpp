@@ -6,6 +6,7 @@
 #include "base/fault.h"
 #include "base/number.h"
 #include "base/settings_file.h"
+#include "base/text.h"
 #include "base/text_file.h"
 #include "graphics/frame_figure.h"
 #include "model/model_state.h"
@@ -15,7 +16,6 @@ namespace {
 
 constexpr std::string_view kHandedFile = "SelctLC.Txt", kKeptFile = "AllPrnSet.txt";
 constexpr int kBatchMark = -1, kChecked = -1;
-constexpr std::string_view kLineEnd = "\r\n";
 
 bool HasCases(int kind) {
   return kind >= kLoadCheck && kind <= kMomentFigure;
@@ -40,8 +40,7 @@ class Numbers {
   std::optional<int> Take() {
     if (AtEnd()) return std::nullopt;
     const std::string& item = items_[next_++];
-    if (item.find_first_of("0123456789") == std::string::npos) return std::nullopt;
-    return ReadInt16(item);
+    return ReadFinite(item) ? ReadInt16(item) : std::nullopt;
   }
 
  private:

@@ -51,30 +51,9 @@ void LoadResults(FigureModel& model, const SelectedFigure& choice) {
                 (choice.kind == kSteelRatioFigure ? "SIG_S" : "SIG_RC") + "）");
 }
 
-/// Notes whether the user is told something while it lives.
-class MessageWatch {
- public:
-  MessageWatch() : host_(TheHost()) {
-    Host watched = host_;
-    watched.message = [this](std::string_view text, std::string_view title) {
-      told_ = true;
-      host_.message(text, title);
-    };
-    InstallHost(std::move(watched));
-  }
-  ~MessageWatch() { InstallHost(std::move(host_)); }
-  MessageWatch(const MessageWatch&) = delete;
-  MessageWatch& operator=(const MessageWatch&) = delete;
-  bool Told() const { return told_; }
-
- private:
-  Host host_;
-  bool told_ = false;
-};
-
 std::optional<std::vector<DrawOperation>> RecordFigureOfDeck(const SelectedFigure& choice) {
   Figure figure = FigureOfDeck(choice);
-  const MessageWatch watch;
+  const MessageWatch watch(MessageWatch::Messages::Shown);
   std::vector<DrawOperation> list = RecordSheet(SheetOfFigure(choice), 0, figure);
   if (watch.Told()) return std::nullopt;
   return list;
@@ -120,7 +99,7 @@ FigureSheets SheetOfFigure(const SelectedFigure& choice) {
 
 bool DrawFigureOfDeck(PlotTarget& surface, const SelectedFigure& choice) {
   Figure figure = FigureOfDeck(choice);
-  const MessageWatch watch;
+  const MessageWatch watch(MessageWatch::Messages::Shown);
   DrawSheet(surface, SheetOfFigure(choice), 0, figure);
   return !watch.Told();
 }

@@ -18,8 +18,6 @@ PrinterRec PrinterSettings;
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
-
 /// The text of a settings file; empty if it can't be read: that counts as a missing one.
 std::string SettingsText(const std::string& path) {
   return ReadSettingsFile(path).value_or("");
@@ -87,7 +85,7 @@ std::string PrinterPath() {
 
 /// The whole number of an item; 1 where there is none.
 std::int16_t NumberItem(const std::vector<std::string>& items, std::size_t place) {
-  if (place >= items.size() || items[place].find_first_of("0123456789") == std::string::npos) return 1;
+  if (place >= items.size() || !ReadFinite(items[place])) return 1;
   return ReadInt16(items[place]).value_or(1);
 }
 
