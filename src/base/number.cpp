@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -193,6 +194,13 @@ double ReadReal(std::string_view text) {
     value = Unsigned(text.substr(0, mantissa));
   }
   return negative ? -value : value;
+}
+
+std::optional<double> ReadFinite(std::string_view text) {
+  if (text.find_first_of("0123456789") == std::string_view::npos) return std::nullopt;
+  const double value = ReadReal(text);
+  if (!std::isfinite(value)) return std::nullopt;
+  return value;
 }
 
 bool IsNumberText(std::string_view text) {

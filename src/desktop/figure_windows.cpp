@@ -40,6 +40,10 @@ frmPrnText* OpenPreview(MainWindow& window) {
   return qobject_cast<frmPrnText*>(window.Forms().Find("frmPrnText"));
 }
 
+void RenewPreview(MainWindow& window) {
+  if (frmPrnText* const preview = OpenPreview(window)) preview->Renew();
+}
+
 void FollowOptions(MainWindow& window) {
   ForEachFigure(window, [](Model& figure) { figure.FollowOptions(); });
   if (frmPrnText* const preview = OpenPreview(window)) preview->FollowOptions();
@@ -87,10 +91,12 @@ void DrawTyped(MainWindow& window, const std::vector<TypedTable>& typed) {
   Model* const figure = FigureWindow(window, kWindows[0]);
   if (window.Forms().Find(kWindows[0]) == nullptr) window.Forms().Show(figure);
   figure->ShowTyped(rows);
+  RenewPreview(window);
 }
 
 void DropFigureData(MainWindow& window) {
   ForEachFigure(window, [](Model& figure) { figure.DropData(Model::Asked::No); });
+  RenewPreview(window);
 }
 
 void OpenOptions(MainWindow& window, OptionSet set) {
@@ -116,7 +122,7 @@ std::optional<Figure> FigureOfPages(bool results) {
   Figure figure;
   figure.model = ReadFigureTables();
   if (results && !LoadFigureResults(figure.model, AnalysisPath)) {
-    Tell("入力データに合う解析結果がありません。静解析を行ってください");
+    Tell(kNoFittingResults);
     return std::nullopt;
   }
   return figure;
@@ -135,6 +141,18 @@ void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> fi
   window.Forms().Show(preview);
 }
 
+/// Hands a choice over to the preview. One that can't be kept is told, and shown all the same.
+FigureSelection HandOver(const FigureSelection& choice) {
+  try {
+    HandOverSelection(choice);
+    return HandedSelection().value_or(choice);
+  } catch (const std::exception& fault) {
+    Tell(fault.what());
+    RemoveSelection();  // half of it, or an older one
+    return choice;
+  }
+}
+
 /// Asks which figures go on pages, hands the choice over and shows them.
 void ChoosePages(MainWindow& window, FigureSelection choice) {
   std::optional<Figure> figure = FigureOfPages(choice.batch || choice.figureKind != kLoadCheck);
@@ -142,16 +160,15 @@ void ChoosePages(MainWindow& window, FigureSelection choice) {
   const int cases = figure->model.maxLoadCase;
   choice = WithinCases(std::move(choice), cases);
   if (frmSelctLC(choice, cases, &window).exec() != QDialog::Accepted) return;
-  PrinterSettings.orientation = static_cast<std::int16_t>(choice.orientation);
-  HandOverSelection(choice);
-  const FigureSelection handed = HandedSelection().value_or(choice);
+  const FigureSelection handed = HandOver(choice);
+  PrinterSettings.orientation = static_cast<std::int16_t>(handed.orientation);
   ShowPages(window, std::move(*figure), SelectedFigures(handed), handed.layout, FigurePreview::Part::Whole);
 }
 
 }  // namespace
 
 void PrintFigures(MainWindow& window) {
-  ChoosePages(window, KeptBatch());
+  ChoosePages(window, KeptBatch(PrinterSettings.orientation));
 }
 
 void PrintFigure(MainWindow& window, int kind, int loadCase) {
@@ -164,8 +181,9 @@ void PrintFigure(MainWindow& window, int kind, int loadCase) {
     return ChoosePages(window, std::move(choice));
   }
   ForEachFigure(window, [&](Model& shown) {
-    if (shown.Kind() == kind)
-      ShowPages(window, shown.View().TheFigure(), {{kind, loadCase}}, 0, FigurePreview::Part::Shown);
+    if (shown.Kind() != kind) return;
+    shown.Renew();
+    ShowPages(window, shown.View().TheFigure(), {{kind, loadCase}}, 0, FigurePreview::Part::Shown);
   });
 }
 

@@ -221,7 +221,7 @@ void Model::ShowFigure(int kind, Asked asked) {
 void Model::Show(int kind) {
   Figure& figure = view_->TheFigure();
   ChooseFigure(figure, {kind, figure.loadCase});
-  if (!read_ || FilesChanged()) ReadData();
+  if (!read_ || files_.Changed()) ReadData();
   ReadResults();
   ShowCaption();
   const bool oblique = figure.model.IsGrid() && kind >= kDisplacementFigure;
@@ -234,7 +234,7 @@ void Model::ReadData() {
   Figure& figure = view_->TheFigure();
   figure.model = ReadFigureTables(typed_);
   read_ = true;
-  Look();
+  files_.Look();
   FillCases();
   view_->Mark(std::nullopt);
   panel_->hide();
@@ -244,24 +244,13 @@ void Model::ReadResults() {
   Figure& figure = view_->TheFigure();
   const int kind = figure.DiagramType;
   if (IsResult(kind) && figure.model.StressTable.empty() && !LoadFigureResults(figure.model, AnalysisPath))
-    Tell("入力データに合う解析結果がありません。静解析を行ってください");
+    Tell(kNoFittingResults);
   figure.model.ratios.clear();
   if (IsRatio(kind)) LoadFigureRatios(figure.model, kind, AnalysisPath);
 }
 
-void Model::Look() {
-  files_.clear();
-  const auto look = [this](const std::string& path) { files_.emplace_back().Look(path); };
-  for (const TableName& table : kTables) look(WorkPath + std::string(table.key));
-  for (const char* const result : {"FT021", "FT031", "SIG_S", "SIG_RC"}) look(AnalysisPath + result);
-}
-
-bool Model::FilesChanged() const {
-  return std::ranges::any_of(files_, [](const ShownFile& file) { return file.Changed(); });
-}
-
 void Model::Renew() {
-  if (drawn_ && FilesChanged()) DropData(Asked::No);
+  if (drawn_ && files_.Changed()) DropData(Asked::No);
 }
 
 void Model::DropData(Asked asked) {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "desktop/figure_files.h"
 #include "desktop/form.h"
-#include "desktop/shown_file.h"
 #include "graphics/figure_model.h"
 #include "graphics/picking.h"
 
@@ -86,8 +86,6 @@ class Model : public Form {
   void ReadResults();
   void FillCases();
   void ChooseCase(int loadCase);
-  void Look();
-  bool FilesChanged() const;
   void Redraw(int flags);
   void ShowCaption();
   void ShowNote();
@@ -103,8 +101,8 @@ class Model : public Form {
   FigureView* view_ = nullptr;
   PickPanel* panel_ = nullptr;
   TypedRows typed_;
-  std::vector<ShownFile> files_;  // that the figure was read from
-  QString fault_;                 // what is wrong with the data, where no box has told it
+  FigureFiles files_;  // that the figure was read from
+  QString fault_;      // what is wrong with the data, where no box has told it
   bool read_ = false, drawn_ = false, oblique_ = false;
 };
 

@@ -9,6 +9,7 @@
 
 #include "base/text_file.h"
 #include "desktop/hush.h"
+#include "graphics/ratio_files.h"
 #include "model/model_state.h"
 #include "output/dxf_page.h"
 #include "output/print_flag.h"
@@ -96,8 +97,11 @@ bool ListingPages::Renew() {
 }
 
 FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, Part part)
-    : figure_(std::move(figure)), sheets_(SheetsOf(PrinterSettings, std::move(figures), layout)) {
+    : figure_(std::move(figure)),
+      chosen_(std::move(figures)),
+      sheets_(SheetsOf(PrinterSettings, chosen_, layout)) {
   sheets_.fitted = part == Part::Whole;
+  files_.Look();
   RecordSheet(sheets_, 0,
               figure_);  // what there is to tell of the model is told here, and not while painting
 }
@@ -110,6 +114,40 @@ void FigurePreview::LayOut() {
   const bool fitted = sheets_.fitted;
   sheets_ = SheetsOf(PrinterSettings, std::move(sheets_.figures), sheets_.layout);
   sheets_.fitted = fitted;
+}
+
+/// Reads what the figures chosen are drawn from; answers why there is nothing to draw.
+std::optional<std::string_view> FigurePreview::ReadData() {
+  FigureModel& model = figure_.model;
+  model = ReadFigureTables();
+  if (model.nodes.empty()) return "表示するモデルがありません";
+  const auto among = [this](int first, int last) {
+    return std::ranges::find_if(
+        chosen_, [&](const SelectedFigure& figure) { return figure.kind >= first && figure.kind <= last; });
+  };
+  if (among(kDisplacementFigure, kMomentFigure) != chosen_.end() && !LoadFigureResults(model, AnalysisPath))
+    return kNoFittingResults;
+  const auto ratios = among(kSteelRatioFigure, kRcRatioFigure);
+  if (ratios != chosen_.end() && !LoadFigureRatios(model, ratios->kind, AnalysisPath))
+    return "断面算定の結果がありません";
+  sheets_.figures = chosen_;
+  std::erase_if(sheets_.figures, [&](const SelectedFigure& figure) {
+    return HasLoadCase(figure.kind) && figure.loadCase > model.maxLoadCase;
+  });
+  if (sheets_.figures.empty()) return "選択した荷重ケースがありません";
+  return std::nullopt;
+}
+
+bool FigurePreview::Renew() {
+  if (!files_.Changed() && figure_.model.name == ModelBaseName()) return false;
+  files_.Look();
+  const Hush hush;  // nobody has asked for the figures now
+  sheets_.figures.clear();
+  const std::optional<std::string_view> lacking = ReadData();
+  if (!lacking) RecordSheet(sheets_, 0, figure_);
+  note_ = ToQt(lacking.value_or(hush.Message())).section(QLatin1Char('\n'), 0, 1);
+  note_.replace(QLatin1Char('\n'), QLatin1String("　"));
+  return true;
 }
 
 QSize FigurePreview::Sheet() const {

@@ -6,8 +6,6 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
@@ -24,6 +22,7 @@
 #include "desktop/busy.h"
 #include "desktop/print_job.h"
 #include "desktop/printer_set.h"
+#include "desktop/save_file.h"
 #include "model/model_state.h"
 #include "output/batch_print.h"
 #include "output/dxf_page.h"
@@ -101,7 +100,10 @@ void frmPrnText::Build() {
     row->addWidget(button);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(6, 6, 6, 6);
+  note_ = new QLabel;
+  note_->setObjectName(QStringLiteral("note"));
   column->addLayout(row);
+  column->addWidget(note_);
   column->addWidget(view_, 1);
   SetFirst(view_);
 
@@ -139,7 +141,6 @@ void frmPrnText::ShowFigures(std::unique_ptr<FigurePreview> pages) {
 
 void frmPrnText::ShowPages(std::unique_ptr<PreviewPages> pages, PageView::Place place) {
   pages_ = std::move(pages);
-  setWindowTitle(QStringLiteral("印刷プレビュー　") + pages_->Caption());
   LayOut(place);
 }
 
@@ -153,6 +154,9 @@ void frmPrnText::FollowOptions() {
 
 void frmPrnText::LayOut(PageView::Place place) {
   pages_->LayOut();
+  setWindowTitle(QStringLiteral("印刷プレビュー　") + pages_->Caption());
+  note_->setText(pages_->Note());
+  note_->setVisible(!note_->text().isEmpty());
   const int count = Count();
   const QSize sheet = pages_->Sheet();
   view_->SetPages(
@@ -175,6 +179,7 @@ void frmPrnText::SetZoomOf(int row) {
 }
 
 void frmPrnText::Print() {
+  Renew();
   if (Count() == 0) return;
   QPrinter printer(QPrinter::HighResolution);
   SetUpPrinterOf(printer, PrinterSettings, *pages_);
@@ -192,17 +197,17 @@ void frmPrnText::Print() {
 }
 
 void frmPrnText::WritePdf() {
+  Renew();
   if (Count() == 0) return;
   const QString proposed = ToQt(DataPath + ProjectName) + pages_->FileName() + QStringLiteral(".pdf");
-  const QString target = QFileDialog::getSaveFileName(this, QStringLiteral("ＰＤＦファイル出力"), proposed,
-                                                      QStringLiteral("ＰＤＦ (*.pdf)"));
+  const QString target = AskSaveFile(this, QStringLiteral("ＰＤＦファイル出力"), proposed,
+                                     QStringLiteral("ＰＤＦ (*.pdf)"), QStringLiteral(".pdf"));
   if (target.isEmpty()) return;
-  const bool named = target.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
   std::string failure;
   SetBusy(true);
   try {
     const std::string pdf = pages_->Pdf([](double share) { ShowProgress("ＰＤＦファイル出力", share); });
-    ReplaceBytes(FromQt(named ? target : target + QStringLiteral(".pdf")), pdf);
+    ReplaceBytes(FromQt(target), pdf);
   } catch (const UserStop&) {
     // Nothing was written; the user knows.
   } catch (const std::exception& fault) {
@@ -213,19 +218,21 @@ void frmPrnText::WritePdf() {
 }
 
 void frmPrnText::WriteDxf() {
+  Renew();
+  if (Count() == 0) return;
   const int page = view_->Page();
   const QString proposed =
       ToQt(DataPath + ProjectName) + ToQt(DxfPageName(page + 1)) + QStringLiteral(".dxf");
   const QString target =
-      QFileDialog::getSaveFileName(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter());
+      AskSaveFile(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter(), QStringLiteral(".dxf"));
   if (target.isEmpty()) return;
-  const bool named = target.endsWith(QStringLiteral(".dxf"), Qt::CaseInsensitive);
   SetBusy(true);
-  pages_->WriteDxf(page, FromQt(named ? target : target + QStringLiteral(".dxf")));
+  pages_->WriteDxf(page, FromQt(target));
   EndBusy();
 }
 
 void frmPrnText::CopyPage() {
+  Renew();
   if (Count() == 0) return;
   const int page = view_->Page();
   constexpr double kDotsPerUnit = kClipboardDpi / (25.4 * kUnitsPerMm);

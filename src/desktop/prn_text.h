@@ -64,7 +64,7 @@ class frmPrnText : public Form {
   PageView* view_;
   QComboBox* zoom_;
   QSpinBox* page_;
-  QLabel* count_;
+  QLabel *count_, *note_;
   QPushButton *print_, *pdf_, *dxf_, *options_, *copy_;
 };
 

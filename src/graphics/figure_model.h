@@ -85,5 +85,8 @@ FigureModel ReadFigureDeck(std::string_view deck);
 void ReadFigureResults(FigureModel& model, const std::string& folder);
 /// The same; false for a Fault, where the user learns what to do and not what is wrong.
 bool LoadFigureResults(FigureModel& model, const std::string& folder);
+/// What the user is told then.
+inline constexpr std::string_view kNoFittingResults =
+    "入力データに合う解析結果がありません。静解析を行ってください";
 
 }  // namespace zorlan

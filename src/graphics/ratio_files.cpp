@@ -23,10 +23,9 @@ std::vector<double> ParseValues(std::string_view text, std::size_t count, double
   std::vector<double> values(count, missing);
   for (double& value : values) {
     const std::optional<std::string_view> line = TakeLine(text);
-    if (!line || line->find_first_of("0123456789") == std::string_view::npos) break;
-    const double read = ReadReal(*line);
-    if (!std::isfinite(read)) break;
-    value = read;
+    const std::optional<double> read = line ? ReadFinite(*line) : std::nullopt;
+    if (!read) break;
+    value = *read;
   }
   return values;
 }

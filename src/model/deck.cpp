@@ -1,5 +1,7 @@
 #include "model/deck.h"
 
+#include <optional>
+
 #include "base/cp932.h"
 #include "base/fault.h"
 #include "base/text.h"
@@ -16,13 +18,11 @@ std::string_view DeckLine(std::string_view line) {
 int SplitFields(std::string_view line, Fields& fields) {
   fields.fill({});
   int count = 0;
-  for (;;) {
+  for (std::optional<std::string_view> rest = line; rest;) {
     if (count == kMaxFields) throw Fault("項目の数が " + std::to_string(kMaxFields) + " を超えています");
-    const std::size_t comma = line.find(',');
-    fields[static_cast<std::size_t>(++count)] = NoSpc(line.substr(0, comma));
-    if (comma == std::string_view::npos) return count;
-    line.remove_prefix(comma + 1);
+    fields[static_cast<std::size_t>(++count)] = NoSpc(TakeField(rest));
   }
+  return count;
 }
 
 void SaveDeck(bool deleteTables, const std::string& path) {
@@ -34,8 +34,8 @@ void SaveDeck(bool deleteTables, const std::string& path) {
     deck += Cp932FromUtf8(SectionLine(table)).bytes + "\r\n";
     const std::string bytes = ReadBytes(file);
     std::string_view rest = bytes;
-    while (const std::optional<std::string_view> line = TakeLine(rest)) deck.append(*line).append("\r\n");
-    deck += "\r\n";
+    while (const std::optional<std::string_view> line = TakeLine(rest)) deck.append(*line).append(kLineEnd);
+    deck += kLineEnd;
     copied.push_back(file);
   }
   ReplaceBytes(path.empty() ? DeckPath() : path, deck);
@@ -69,7 +69,7 @@ std::vector<DeckTable> SplitDeck(std::string_view deck) {
       if (text == nullptr) text = &tables.emplace_back(name, std::string()).text;
       text->clear();
     } else if (text != nullptr) {
-      text->append(line).append("\r\n");
+      text->append(line).append(kLineEnd);
     }
   }
   return tables;

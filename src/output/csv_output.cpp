@@ -130,7 +130,7 @@ void AppendCsvLines(std::string& out, int number, const ResultTable& values, int
       AppendReal(out, value[place]);
       if (const std::size_t e = out.find('e', start); e != std::string::npos) out[e] = 'E';
     }
-    out += "\r\n";
+    out += kLineEnd;
   }
 }
 

@@ -44,73 +44,48 @@ Source SourceOf(int kind) {
 
 void LoadResults(FigureModel& model, const SelectedFigure& choice) {
   const Source source = SourceOf(choice.kind);
-  const auto load = [&](auto read, const char* complaint) {
+  const auto load = [&](auto read, std::string_view complaint) {
     try {
       read();
     } catch (const Fault& fault) {
-      throw Fault(DeckPath() + " ： " + complaint + "（" + fault.what() + "）");
+      throw Fault(DeckPath() + " ： " + std::string(complaint) + "（" + fault.what() + "）");
     }
   };
-  if (source == Source::Forces)
-    load([&] { ReadFigureResults(model, ResultFolder()); },
-         "入力データに合う解析結果がありません。静解析を行ってください");
+  if (source == Source::Forces) load([&] { ReadFigureResults(model, ResultFolder()); }, kNoFittingResults);
   if (source == Source::Ratios)
     load([&] { ReadFigureRatios(model, choice.kind, ResultFolder()); }, "断面算定の結果がありません");
 }
 
-/// The figure of the model in hand, ready to be drawn. The user is told of a table at fault.
+/// Does a part of the work that tells the user when there can be no figure.
+template <class Act>
+void RefuseWhenTold(Act act) {
+  const MessageWatch watch(MessageWatch::Messages::Shown);
+  act();
+  if (watch.Told()) throw Fault(DeckPath() + " ： 図を出力できませんでした");
+}
+
+/// The figure of the model in hand, ready to be drawn.
 Figure FigureOfDeck(const SelectedFigure& choice) {
   ReadDeck(DeckPath(), /*checkMode=*/false);  // which knows the line of a number that can't be meant
   Figure figure;
-  figure.model = ReadFigureDeck(ReadTextFile(DeckPath()));
+  RefuseWhenTold([&] { figure.model = ReadFigureDeck(ReadTextFile(DeckPath())); });
   if (figure.model.nodes.empty()) throw Fault(DeckPath() + " ： 節点データがありません");
   const int cases = std::max(0, figure.model.maxLoadCase);
   if (HasLoadCase(choice.kind) && (choice.loadCase < 1 || choice.loadCase > cases))
     throw Fault(DeckPath() + " ： 荷重ケース " + std::to_string(choice.loadCase) +
                 " はありません（荷重ケース数 " + std::to_string(cases) + "）");
   LoadResults(figure.model, choice);
+  LoadDisplayOptions();
   ChooseFigure(figure, choice);
+  if (figure.range != ViewingRange())
+    Tell("表示範囲（" + AppPath + "MODELEST.PRM）の外にある節点と要素は、図に描かれません");
   return figure;
 }
 
-/// Notes whether the user is told something while it lives.
-class MessageWatch {
- public:
-  MessageWatch() : host_(TheHost()) {
-    Host watched = host_;
-    watched.message = [this](std::string_view text, std::string_view title) {
-      told_ = true;
-      host_.message(text, title);
-    };
-    InstallHost(std::move(watched));
-  }
-  ~MessageWatch() { InstallHost(std::move(host_)); }
-  MessageWatch(const MessageWatch&) = delete;
-  MessageWatch& operator=(const MessageWatch&) = delete;
-  bool Told() const { return told_; }
-
- private:
-  Host host_;
-  bool told_ = false;
-};
-
-/// Makes the figure and draws it. False when the user was told that it is none.
-template <class Draw>
-bool MakeFigure(const SelectedFigure& choice, Draw draw) {
-  LoadDisplayOptions();  // what is said of them doesn't make it none
-  const MessageWatch watch;
+std::vector<DrawOperation> RecordFigureOfDeck(const SelectedFigure& choice) {
   Figure figure = FigureOfDeck(choice);
-  if (!watch.Told()) draw(figure);
-  if (!watch.Told()) return true;
-  Tell(DeckPath() + " ： 図を出力できませんでした");
-  return false;
-}
-
-std::optional<std::vector<DrawOperation>> RecordFigureOfDeck(const SelectedFigure& choice) {
   std::vector<DrawOperation> list;
-  const bool made =
-      MakeFigure(choice, [&](Figure& figure) { list = RecordSheet(SheetOfFigure(choice), 0, figure); });
-  if (!made) return std::nullopt;
+  RefuseWhenTold([&] { list = RecordSheet(SheetOfFigure(choice), 0, figure); });
   return list;
 }
 
@@ -134,20 +109,17 @@ FigureSheets SheetOfFigure(const SelectedFigure& choice) {
   return SheetsOf(printer, {choice}, /*layout=*/0);
 }
 
-bool DrawFigureOfDeck(PlotTarget& surface, const SelectedFigure& choice) {
-  return MakeFigure(choice, [&](Figure& figure) { DrawSheet(surface, SheetOfFigure(choice), 0, figure); });
+void DrawFigureOfDeck(PlotTarget& surface, const SelectedFigure& choice) {
+  Figure figure = FigureOfDeck(choice);
+  RefuseWhenTold([&] { DrawSheet(surface, SheetOfFigure(choice), 0, figure); });
 }
 
-bool WriteFigureList(const SelectedFigure& choice, const std::string& path) {
-  const std::optional<std::vector<DrawOperation>> list = RecordFigureOfDeck(choice);
-  if (list) WriteDrawingList(path, *list);
-  return list.has_value();
+void WriteFigureList(const SelectedFigure& choice, const std::string& path) {
+  WriteDrawingList(path, RecordFigureOfDeck(choice));
 }
 
-bool WriteFigureDxf(const SelectedFigure& choice, const std::string& path) {
-  const std::optional<std::vector<DrawOperation>> list = RecordFigureOfDeck(choice);
-  if (list) ReplaceTextFile(path, DxfOfList(DrawingListText(*list)), Flush::No);
-  return list.has_value();
+void WriteFigureDxf(const SelectedFigure& choice, const std::string& path) {
+  WriteDxfText(path, DxfOfList(DrawingListText(RecordFigureOfDeck(choice))));
 }
 
 }  // namespace zorlan

@@ -224,6 +224,33 @@ TEST_F(BatchFigure, FollowsTheSheetOfThePrinterSettings) {
   EXPECT_THAT(result.out, HasSubstr("width=\"420mm\" height=\"297mm\""));
 }
 
+TEST_F(BatchFigure, AModelsNameOutsideTheCodePageIsNoObstacle) {
+  program_.Shell("mv 梁.inp 梁〜−é한.inp");
+  for (const char* const file : {"a.dxf", "a.tmp", "a.svg"}) {
+    const BatchResult result = program_.Run({"figure", "梁〜−é한.inp", "--kind", "load", "--output", file});
+    EXPECT_EQ(result.exitCode, 0) << file << result.err;
+    EXPECT_THAT(result.err, IsEmpty());
+  }
+  for (const char* const file : {"a.dxf", "a.tmp"}) EXPECT_THAT(Lines(file), HasSubstr("(梁～－?")) << file;
+  EXPECT_THAT(program_.Bytes("a.svg"), HasSubstr("梁〜−é한"));
+}
+
+TEST_F(BatchFigure, AViewingRangeInForceIsTold) {
+  std::string rows;
+  for (int row = 0; row < 8; ++row) rows += "\\r\\n";  // the defaults
+  const std::string tree = "mkdir -p docs/Quellwerk/ZORLAN_V6 && printf '" + rows;
+  const std::string draw =
+      "' > docs/Quellwerk/ZORLAN_V6/MODELEST.PRM && "
+      "\"$ZORLAN\" --documents docs figure 梁.inp --kind model --output ";
+  for (const char* const file : {"a.dxf", "a.svg"}) {
+    const BatchResult limited = program_.Shell(tree + "0,1,,\\r\\n0\\r\\n" + draw + file);
+    EXPECT_EQ(limited.exitCode, 0) << limited.err;
+    EXPECT_THAT(limited.err, AllOf(HasSubstr("表示範囲"), HasSubstr("MODELEST.PRM"))) << file;
+    EXPECT_TRUE(program_.Exists(file));
+    EXPECT_THAT(program_.Shell(tree + ",,,\\r\\n0\\r\\n" + draw + file).err, IsEmpty()) << file;
+  }
+}
+
 TEST_F(BatchFigure, TextsOfAPdfAreSearched) {
   const BatchResult text = program_.Shell(
       "\"$ZORLAN\" figure 梁.inp --kind moment --output a.pdf && command -v pdftotext >/dev/null && "

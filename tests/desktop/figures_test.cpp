@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QImage>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -379,6 +380,67 @@ TEST_F(FiguresTest, EachFigureHasTheOptionsThatSuitIt) {
   Choose("minViewOption(0)");
   Script().Expect(QStringLiteral("frmAnalysisOption"), [](QWidget& dialog) { Click(dialog, "cancel"); });
   Choose("minViewOption(1)");
+}
+
+TEST_F(FiguresTest, HeightsThatNobodyTouchesStayAsTheyAre) {
+  Analyse();
+  DispOptionAna.HeightMoment = 0.053F;  // finer than the box shows
+  DispOptionAna.HeightShear = 250;
+  DispOptionAna.HeightNormal = 0;
+  AnalysisOptions expected = DispOptionAna;
+  Choose("mnuViewDiagramMoment");
+  Script().Expect(QStringLiteral("frmAnalysisOption"), [](QWidget& dialog) { Click(dialog, "ok"); });
+  Tool("figure-options")->trigger();
+  EXPECT_EQ(DispOptionAna, expected);
+  Script().Expect(QStringLiteral("frmAnalysisOption"), [](QWidget& dialog) {
+    EXPECT_EQ(Child<QDoubleSpinBox>(&dialog, "heightShear")->value(), 250);
+    Child<QDoubleSpinBox>(&dialog, "heightShear")->setValue(2.5);
+    Click(dialog, "ok");
+  });
+  Tool("figure-options")->trigger();
+  expected.HeightShear = 2.5F;
+  EXPECT_EQ(DispOptionAna, expected);
+}
+
+TEST_F(FiguresTest, AClassOfRatiosIsNamedByTheBoundsInForce) {
+  Analyse();
+  DispOptionDesgn.rows[4] = "1.2,,1dot,実線,&H0000FF,ON";
+  DispOptionDesgn.rows[5] = "0.8,1.2,1dot,実線,&H00FFFF,ON";
+  Choose("mnuDesignModelItem(0)");
+  Script().Expect(QStringLiteral("frmDesignOption"), [this](QWidget& dialog) {
+    const auto name = [&](const char* label) { return FromQt(Child<QLabel>(&dialog, label)->text()); };
+    EXPECT_EQ(name("row1name"), "節点番号");
+    EXPECT_EQ(name("row5name"), "検定比 1.2 以上");
+    EXPECT_EQ(name("row6name"), "検定比 0.8 以上 1.2 未満");
+    Script().ExpectBox(QStringLiteral("設定を初期化してよろしいですか？"), QStringLiteral("はい"));
+    auto* const reset = Child<QPushButton>(&dialog, "reset");
+    QTimer::singleShot(0, reset, [reset] { reset->click(); });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return name("row5name") == "検定比 1.0 以上"; }));
+    EXPECT_EQ(name("row6name"), "検定比 0.9 以上 1.0 未満");
+    Click(dialog, "cancel");
+  });
+  Window("ModelS")->Use(zorlan::Tool::Options);
+}
+
+TEST_F(FiguresTest, TheSizeOfATextIsAskedForAndItsFaceStays) {
+  DispOption.rows[0] = "節点番号,ＭＳ 明朝(10.25pt),&H000000,ON";
+  const auto set = [this](std::optional<double> size) {
+    Script().Expect(QStringLiteral("frmModelOption"), [this, size](QWidget& dialog) {
+      Script().Expect(QStringLiteral("fontSize"), [size](QWidget& question) {
+        if (size) static_cast<QInputDialog&>(question).setDoubleValue(*size);
+        static_cast<QDialog&>(question).accept();
+      });
+      auto* const font = Child<QPushButton>(&dialog, "row1field2");
+      QTimer::singleShot(0, font, [font] { font->click(); });
+      ASSERT_TRUE(QTest::qWaitFor([this] { return Script().Done(); }));
+      QTimer::singleShot(50, &dialog, [&dialog] { Click(dialog, "ok"); });
+    });
+    Tool("figure-options")->trigger();
+  };
+  set(std::nullopt);
+  EXPECT_EQ(DispOption.rows[0], "節点番号,ＭＳ 明朝(10.25pt),&H000000,ON");
+  set(12.5);
+  EXPECT_EQ(DispOption.rows[0], "節点番号,ＭＳ 明朝(12.5pt),&H000000,ON");
 }
 
 TEST_F(FiguresTest, TheViewingRangeHidesWhatLiesOutside) {
