@@ -412,8 +412,9 @@ TEST_F(FiguresTest, TheSizeOfATextIsAskedForAndItsFaceStays) {
       });
       auto* const font = Child<QPushButton>(&dialog, "row1field2");
       QTimer::singleShot(0, font, [font] { font->click(); });
-      ASSERT_TRUE(QTest::qWaitFor([this] { return Script().Done(); }));
-      QTimer::singleShot(50, &dialog, [&dialog] { Click(dialog, "ok"); });
+      ASSERT_TRUE(
+          QTest::qWaitFor([&] { return Script().Done() && QApplication::activeModalWidget() == &dialog; }));
+      Click(dialog, "ok");
     });
     Tool("figure-options")->trigger();
   };

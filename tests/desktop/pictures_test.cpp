@@ -7,7 +7,9 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPixmap>
+#include <QPushButton>
 #include <QTableView>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include "desktop/boxes.h"
@@ -39,11 +41,14 @@ class PicturesTest : public DesktopTest {
     EXPECT_TRUE(
         window.grab().save(QStringLiteral("%1/%2-%3.png").arg(folder, QLatin1String(name)).arg(percent)));
   }
-  /// Expects a modal window, looks at it and presses a button.
+  /// Expects a modal window, looks at it and presses a button, or Esc where none is named.
   void LookAtModal(const char* window, const char* picture, const char* button = "cancel") {
     Script().Expect(QString::fromUtf8(window), [picture, button](QWidget& dialog) {
       Look(dialog, picture);
-      Click(dialog, button);
+      if (*button == '\0')
+        static_cast<QDialog&>(dialog).reject();
+      else
+        Click(dialog, button);
     });
   }
   /// Looks at a child window in its frame.
@@ -115,7 +120,15 @@ TEST_F(PicturesTest, DialogsOfTheFigures) {
   OpenForm("frmKakuninText")->CloseForm();
   LookAtModal("frmModelOption", "options-model");
   Choose("minViewOption(0)");
-  LookAtModal("frmAnalysisOption", "options-results");
+  Script().Expect(QStringLiteral("frmAnalysisOption"), [this](QWidget& dialog) {
+    Look(dialog, "options-results");
+    LookAtModal("fontSize", "font-size", "");
+    auto* const font = Child<QPushButton>(&dialog, "row1field2");
+    QTimer::singleShot(0, font, [font] { font->click(); });
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return Script().Done() && QApplication::activeModalWidget() == &dialog; }));
+    Click(dialog, "cancel");
+  });
   Choose("minViewOption(1)");
   Choose("mnuDesignModelItem(0)");
   LookAtModal("frmDesignOption", "options-design");
@@ -137,6 +150,9 @@ TEST_F(PicturesTest, DialogsOfTheFigures) {
   Child<QComboBox>(OpenForm("frmPrnText"), "zoom")->setCurrentText(QStringLiteral("全体表示"));
   qobject_cast<QMdiSubWindow*>(OpenForm("frmPrnText")->parentWidget())->showMaximized();
   Look(Window(), "preview-figures");
+  RemoveFile(AnalysisPath + "FT031");
+  Choose("mnuWindowItem(0)");
+  Look(Window(), "preview-empty");
 }
 
 TEST_F(PicturesTest, DialogsOfTheFileMenu) {
