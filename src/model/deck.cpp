@@ -60,8 +60,8 @@ void LoadDeck() {
   ClearWork();
   if (!FileExists(DeckPath())) return;
   const std::string text = ReadTextFile(DeckPath());
-  std::vector<std::pair<std::string, std::string>>
-      tables;  // name and text; a name that comes again starts anew
+  // Name and text of a table; a name that comes again starts anew.
+  std::vector<std::pair<std::string, std::string>> tables;
   std::string* table = nullptr;
   std::string_view rest = text;
   while (const std::optional<std::string_view> whole = TakeLine(rest)) {

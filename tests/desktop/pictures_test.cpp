@@ -70,7 +70,7 @@ class PicturesTest : public DesktopTest {
   void SetUp() override { Window().resize(1280, 720); }
 };
 
-TEST_F(PicturesTest, MainWindowReaderAndPreview) {
+TEST_F(PicturesTest, TheMainWindowReaderAndPreviewFitASmallScreen) {
   Look(Window(), "main-empty");
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Look(Window(), "main-model");
@@ -85,7 +85,7 @@ TEST_F(PicturesTest, MainWindowReaderAndPreview) {
   Look(Window(), "tiled");
 }
 
-TEST_F(PicturesTest, Figures) {
+TEST_F(PicturesTest, FiguresFitASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Look(Window(), "main-figure");
   OpenForm("frmInputMenu")->CloseForm();
@@ -114,7 +114,7 @@ TEST_F(PicturesTest, Figures) {
   Look(Window(), "figure-steel");
 }
 
-TEST_F(PicturesTest, DialogsOfTheFigures) {
+TEST_F(PicturesTest, DialogsOfTheFiguresFitASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuAnalysisStatic(0)");
   OpenForm("frmKakuninText")->CloseForm();
@@ -155,7 +155,7 @@ TEST_F(PicturesTest, DialogsOfTheFigures) {
   Look(Window(), "preview-empty");
 }
 
-TEST_F(PicturesTest, DialogsOfTheFileMenu) {
+TEST_F(PicturesTest, DialogsOfTheFileMenuFitASmallScreen) {
   Script().Expect(QStringLiteral("frmProject"), [](QWidget& dialog) {
     auto* const tree = Child<QTreeWidget>(&dialog, "tree");
     for (const QTreeWidgetItem* const item :
@@ -184,7 +184,7 @@ TEST_F(PicturesTest, DialogsOfTheFileMenu) {
   TheWindows().nameDialog(name);
 }
 
-TEST_F(PicturesTest, OneRowForms) {
+TEST_F(PicturesTest, OneRowFormsFitASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuDataItem(0)");
   auto* const title = Child<QLineEdit>(OpenForm("InpTITL"), "title");
@@ -208,7 +208,7 @@ TEST_F(PicturesTest, OneRowForms) {
   TheWindows().addNum("Add");
 }
 
-TEST_F(PicturesTest, InputHelp) {
+TEST_F(PicturesTest, InputHelpFitsASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuDataItem(3)");
   Choose("mnuRemark");
@@ -219,7 +219,7 @@ TEST_F(PicturesTest, InputHelp) {
   }
 }
 
-TEST_F(PicturesTest, SectionTables) {
+TEST_F(PicturesTest, SectionTablesFitASmallScreen) {
   for (const auto& [entry, picture] :
        {std::pair("H_Table", "table-h"), std::pair("YAMA_TABLE", "table-yama")}) {
     Choose(entry);
@@ -239,7 +239,7 @@ TEST_F(PicturesTest, SectionTables) {
   Look(Window(), "table-print");
 }
 
-TEST_F(PicturesTest, SectionChoice) {
+TEST_F(PicturesTest, SectionChoiceFitsASmallScreen) {
   LookAtModal("frmKozaiSentaku", "chooser");
   ChooseSteelSection("BOX", "BOX-400x200x9", &Window());
   const std::pair<std::vector<std::string>, const char*> kRows[] = {
@@ -254,7 +254,7 @@ TEST_F(PicturesTest, SectionChoice) {
   }
 }
 
-TEST_F(PicturesTest, OtherDialogs) {
+TEST_F(PicturesTest, OtherDialogsFitASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuAnalysisStatic(0)");
   LookAtModal("frmCsvFile", "csv");
@@ -273,7 +273,7 @@ TEST_F(PicturesTest, OtherDialogs) {
   Choose("mnuFileItem(10)");
 }
 
-TEST_F(PicturesTest, TableForms) {
+TEST_F(PicturesTest, TableFormsFitASmallScreen) {
   const std::pair<const char*, const char*> forms[] = {
       {"mnuDataItem(4)", "InpNODE"},  {"mnuDataItem(5)", "InpELEM"},  {"mnuDataItem(6)", "InpSECT"},
       {"mnuLoad(0)", "InpPLOD"},      {"mnuLoad(1)", "InpELOD"},      {"mnuLoad(2)", "InpCLOD"},
