@@ -43,13 +43,6 @@ void WritePages(std::span<char*> words) {
   ReplaceBytes(words[1], TextPagesPdf(pages));
 }
 
-/// The deck's folder serves as the project folder.
-void SetModelInHand(const std::string& deck) {
-  const std::size_t nameAt = deck.rfind('/') + 1;
-  DataPath = deck.substr(0, nameAt);
-  ModelFile = deck.substr(nameAt);
-}
-
 std::string FigureFile(const FigurePicture& picture, const std::string& path) {
   const std::string name = UpperCase(path);
   if (name.ends_with(".SVG")) return PictureSvg(picture);

@@ -1,6 +1,5 @@
 #include "analysis/static_analysis.h"
 
-#include <algorithm>
 #include <filesystem>
 
 #include "analysis/analysis_listing.h"

@@ -16,8 +16,8 @@ std::string Utf8FromCp932(std::string_view bytes);
 /// A text in code page 932, and what could not be put into it.
 struct Cp932Text {
   std::string bytes;
-  std::string
-      lost;  // UTF-8 of the first character that the code page lacks ("?" stands for it in bytes), or empty
+  /// UTF-8 of the first character that the code page lacks, or empty; "?" stands for it in the bytes.
+  std::string lost;
 };
 Cp932Text Cp932FromUtf8(std::string_view text);
 

@@ -1,7 +1,6 @@
 #include "desktop/figure_files.h"
 
 #include <algorithm>
-#include <string>
 
 #include "model/model_state.h"
 #include "model/table_file.h"
@@ -9,6 +8,7 @@
 namespace zorlan {
 
 void FigureFiles::Look() {
+  name_ = ModelBaseName();
   files_.clear();
   const auto look = [this](const std::string& path) { files_.emplace_back().Look(path); };
   for (const TableName& table : kTables) look(WorkPath + std::string(table.key));
@@ -16,7 +16,8 @@ void FigureFiles::Look() {
 }
 
 bool FigureFiles::Changed() const {
-  return std::ranges::any_of(files_, [](const ShownFile& file) { return file.Changed(); });
+  return name_ != ModelBaseName() ||
+         std::ranges::any_of(files_, [](const ShownFile& file) { return file.Changed(); });
 }
 
 }  // namespace zorlan

@@ -1,6 +1,7 @@
-// The files that a figure of the model in hand is made of, and whether they are still those that were read.
+// What a figure of the model in hand is made of, its name and its files, and whether it is still the same.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "desktop/shown_file.h"
@@ -14,6 +15,7 @@ class FigureFiles {
   bool Changed() const;
 
  private:
+  std::string name_;
   std::vector<ShownFile> files_;
 };
 

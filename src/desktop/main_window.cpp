@@ -34,6 +34,7 @@
 #include "desktop/table_window.h"
 #include "desktop/to_zor2.h"
 #include "desktop/version_form.h"
+#include "model/model_state.h"
 #include "render/qt_text.h"
 #include "shell/commands.h"
 #include "shell/model_status.h"
@@ -187,7 +188,7 @@ QString DraggedDeck(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
   if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
   const QString path = urls.front().toLocalFile();
-  return path.endsWith(QLatin1String(".inp"), Qt::CaseInsensitive) ? path : QString();
+  return path.endsWith(QLatin1String(kDeckEnding), Qt::CaseInsensitive) ? path : QString();
 }
 
 }  // namespace

@@ -5,14 +5,16 @@
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFormLayout>
 #include <QGridLayout>
 #include <QIcon>
-#include <QInputDialog>
 #include <QLabel>
 #include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
 
+#include "desktop/dialog_buttons.h"
 #include "render/qt_text.h"
 
 namespace zorlan {
@@ -65,20 +67,25 @@ void ShowFont(QPushButton& button, const QString& field) {
 void AskFont(QPushButton& button) {
   const std::optional<OptionFont> old = OptionFontOf(FromQt(button.property(kValue).toString()));
   if (!old) return;
-  QInputDialog dialog(button.window());
+  QDialog dialog(button.window());
   dialog.setObjectName(QStringLiteral("fontSize"));
   dialog.setWindowTitle(QStringLiteral("文字の設定"));
-  dialog.setLabelText(ToQt(old->face) + QStringLiteral("の大きさ (pt)"));
-  dialog.setOkButtonText(QStringLiteral("ＯＫ"));
-  dialog.setCancelButtonText(QStringLiteral("キャンセル"));
-  dialog.setInputMode(QInputDialog::DoubleInput);
-  dialog.setDoubleDecimals(1);
-  dialog.setDoubleRange(kSmallestOptionFont, kLargestOptionFont);
-  dialog.setDoubleStep(0.5);
-  dialog.setDoubleValue(old->points);
-  const double shown = dialog.doubleValue();
-  if (dialog.exec() != QDialog::Accepted || dialog.doubleValue() == shown) return;
-  ShowFont(button, ToQt(OptionFontText(old->face, dialog.doubleValue())));
+  auto* const size = new QDoubleSpinBox;
+  size->setObjectName(QStringLiteral("points"));
+  size->setDecimals(1);
+  size->setRange(kSmallestOptionFont, kLargestOptionFont);
+  size->setSingleStep(0.5);
+  size->setValue(old->points);
+  size->selectAll();
+  const double shown = size->value();
+  auto* const buttons = OkCancelButtons();
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  auto* const form = new QFormLayout(&dialog);
+  form->addRow(ToQt(old->face) + QStringLiteral("の大きさ (pt)"), size);
+  form->addRow(buttons);
+  if (dialog.exec() != QDialog::Accepted || size->value() == shown) return;
+  ShowFont(button, ToQt(OptionFontText(old->face, size->value())));
 }
 
 QWidget* WidgetOf(OptionPart part, const OptionRow& form) {

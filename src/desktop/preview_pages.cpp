@@ -139,7 +139,7 @@ std::optional<std::string_view> FigurePreview::ReadData() {
 }
 
 bool FigurePreview::Renew() {
-  if (!files_.Changed() && figure_.model.name == ModelBaseName()) return false;
+  if (!files_.Changed()) return false;
   files_.Look();
   const Hush hush;  // nobody has asked for the figures now
   sheets_.figures.clear();

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <filesystem>
-#include <numeric>
 
 #include "base/cp932.h"
 #include "base/number.h"

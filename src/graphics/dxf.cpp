@@ -173,7 +173,8 @@ void WriteTextStyles(DxfFile& dxf) {
 
 /// A rotated text: its point, the left upper corner, is moved down along the turned y to the left lower one.
 void WriteRotatedText(DxfFile& dxf, const DrawOperation& text) {
-  const double a = text.angle * 3.14159 / 180;  // these digits of pi
+  constexpr double kPi = 3.14159;  // these digits and no more: a sheet that is exported again stays as it was
+  const double a = text.angle * kPi / 180;
   WriteDXFText(dxf, text.layer, text.x + text.height * std::sin(a), text.y + text.height * std::cos(a),
                text.text, text.width, text.height, text.angle, text.colour, DxfTextPoint::LeftBottom);
 }

@@ -29,8 +29,8 @@ struct FigureElement {
   int rowI = -1, rowJ = -1;  // indices of the nodes, -1 when there is none of that number
 };
 
-/// Axial force, moment and shear of a member, as the diagrams read them; t, t*m (x GravityFactor in SI
-/// units).
+/// Axial force, moment and shear of a member, as the diagrams read them; t, t*m. Who shows them in SI units
+/// multiplies by the model's gravityFactor.
 struct StressRecord {
   double axialI = 0, momentI = 0, momentC = 0, momentJ = 0, axialJ = 0, shearI = 0, shearJ = 0;
 };

@@ -16,16 +16,19 @@ namespace {
 constexpr int kDivisions = 20;       // of a member: where the arrows of a distributed load may stand
 constexpr double kSideOffset = 0.4;  // of an arrow: to the side, and the radius of a turn
 constexpr double kGapFactor = 0.02;  // of the member's length: between a load and the member
+constexpr double kTurnLabel = 0.8;   // of a turn's radius, across and up: where its label belongs
+constexpr double kTurnStep = 0.2;    // of an arrow: from a turn to what lies around it
+constexpr double kForceStep = 1.2;   // of an arrow: from an arrow's tip to that of the next behind it
+constexpr double kHeadRoom = 0.2;    // of an arrow: between the heads of a distributed load
 
-/// How high loads lie on each other at a node or member, for each of so many ways.
-template <std::size_t ways>
+/// How high loads lie on each other at a node or member, for each of three directions and either sign.
 class Heap {
  public:
   explicit Heap(std::size_t items) : heights_(items) {}
   double& At(int item, std::size_t way) { return heights_[static_cast<std::size_t>(item)][way]; }
 
  private:
-  std::vector<std::array<double, ways>> heights_;
+  std::vector<std::array<double, 6>> heights_;
 };
 
 // ---- nodal loads ----
@@ -82,8 +85,8 @@ void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double
   if (part.shape == NodalPart::Shape::Turn) {
     const double radius = kSideOffset * pen.arrow + depth;
     DrawTurn(pen, node, radius, value > 0);
-    pen.Note(node, {node.x + 0.8 * radius, node.y - 0.8 * radius}, text);
-    depth += 0.2 * pen.arrow;
+    pen.Note(node, {node.x + kTurnLabel * radius, node.y - kTurnLabel * radius}, text);
+    depth += kTurnStep * pen.arrow;
     return;
   }
   // The arrow lies on the side that the load comes from: its sign is the negative of the load's.
@@ -97,7 +100,7 @@ void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double
   const Point tail = {tip.x - pen.arrow * along.x, tip.y - pen.arrow * along.y};
   DrawArrow(pen, tip, along, pen.arrow, part.shape == NodalPart::Shape::Vector ? 2 : 1);
   pen.Note(tip, tail, text);
-  depth += 1.2 * pen.arrow;
+  depth += kForceStep * pen.arrow;
 }
 
 // ---- element loads ----
@@ -184,7 +187,7 @@ class ElementLoadPainter {
   void DrawEndMoment(int element, double t, double value, std::string_view label);
 
   LoadPen pen_;
-  Heap<6> heap_;  // element axes, vertical, horizontal; each of either sign
+  Heap heap_;  // element axes, vertical, horizontal
 };
 
 ElementLoadPainter::Lying ElementLoadPainter::Lay(int element, int MG, double value) {
@@ -218,7 +221,7 @@ void ElementLoadPainter::DrawPartArrows(const Lying& lying, const std::vector<Lo
   // Where the divisions are narrower than the arrows' heads need, only each second, fourth ... has one.
   int stride = 1;
   for (const int wider : {2, 4, 5, 10, 20})
-    if (stride * lying.span.length / kDivisions < 0.2 * pen_.arrow) stride = wider;
+    if (stride * lying.span.length / kDivisions < kHeadRoom * pen_.arrow) stride = wider;
   const auto draw = [&](double at, double height) {
     if (height > kLowest) DrawArrow(pen_, lying.Tip(at), lying.along, height * pen_.arrow);
   };
@@ -355,7 +358,7 @@ void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels, st
   const LoadPen pen = LoadPenOf(plot, figure, labels, notes, option);
   const std::array<NodalPart, 3>& parts = figure.model.IsGrid() ? kGridParts : kFrameParts;
   const std::vector<unsigned> members = MemberSides(figure);
-  Heap<6> heap(figure.model.nodes.size());
+  Heap heap(figure.model.nodes.size());
   const auto shown = [&](int n) {
     return IsNodeShown(figure, figure.model.nodes[static_cast<std::size_t>(n)].number);
   };

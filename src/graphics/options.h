@@ -45,8 +45,8 @@ struct AnalysisOptions {
   OptionRows<kAnalysisRows.size()> rows;
   float HeightDisplacement = 1, HeightNormal = 1, HeightMoment = 1;  // cm
   std::string DecimalsNormal = "2", DecimalsShear = "2", DecimalsMoment = "2";
-  float HeightShear = 1;                      // cm
-  Rgb tension = 16711680, compression = 255;  // of the axial force diagram
+  float HeightShear = 1;                                                 // cm
+  Rgb tension = ColourOf(0, 0, 255), compression = ColourOf(255, 0, 0);  // of the axial force diagram
   bool ScaleOverAllCases = true;
   bool operator==(const AnalysisOptions&) const = default;
 };

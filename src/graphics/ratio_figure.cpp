@@ -1,4 +1,5 @@
 #include <cmath>
+#include <optional>
 
 #include "graphics/diagram_curves.h"
 #include "graphics/diagram_labels.h"

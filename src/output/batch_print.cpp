@@ -115,7 +115,7 @@ FigureSelection ParseSelection(std::string_view text, const FigureSelection& bla
   int first = kBatchMark;
   TakeWithin(numbers, kBatchMark, kRcRatioFigure, first);
   TakeWithin(numbers, 0, kLayouts - 1, selection.layout);
-  TakeWithin(numbers, 1, 2, selection.orientation);
+  TakeWithin(numbers, kPortrait, kLandscape, selection.orientation);
   selection.batch = first == kBatchMark;
   if (selection.batch) {
     TakeTypes(numbers, selection);

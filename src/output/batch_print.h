@@ -10,12 +10,16 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zorlan {
+
+/// How a sheet lies, as the settings files have it.
+inline constexpr std::int16_t kPortrait = 1, kLandscape = 2;
 
 /// The figure types of a batch in their order; the number of a type, from 1, is its FigureKind.
 inline constexpr std::array<std::string_view, 5> kBatchTypes = {"荷重チェック図", "変位図", "軸力図",
@@ -40,7 +44,7 @@ struct BatchType {
 struct FigureSelection {
   bool batch = true;
   int layout = 0;
-  int orientation = 1;
+  int orientation = kPortrait;
   std::array<BatchType, kBatchTypes.size()> types;  // of a batch
 
   int figureKind = 0;      // of a single figure: its FigureKind

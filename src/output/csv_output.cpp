@@ -38,8 +38,6 @@ constexpr std::array<std::string_view, 4> kReactionUnits = {
     "No, Case, (N), (N), (N･M)",
 };
 
-constexpr double kCmPerM = 100;
-
 std::string Heading(std::string_view names, std::string_view units) {
   return std::string(names) + "\r\n" + std::string(units) + "\r\n";
 }

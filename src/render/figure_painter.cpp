@@ -17,6 +17,7 @@
 #include <QPen>
 #include <QSvgGenerator>
 
+#include "base/fault.h"
 #include "render/fonts.h"
 #include "render/glyph_runs.h"
 #include "render/qt_text.h"
@@ -183,13 +184,18 @@ class PicturePainter {
   const PictureStyle& style_;
 };
 
-/// The bytes that `write` puts on a device.
+[[noreturn]] void FailToPaint() {
+  throw Fault("図を作成できません。図が大きすぎるか、メモリが不足しています");
+}
+
+/// The bytes that `write` puts on a device; none at all is a fault.
 template <class Write>
 std::string BytesOf(Write write) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   write(buffer);
+  if (bytes.isEmpty()) FailToPaint();
   return bytes.toStdString();
 }
 
@@ -273,6 +279,7 @@ std::string PicturePng(const FigurePicture& picture) {
     const double scale = kImageDotsPerInch / kTwipsPerInch;
     QImage image(static_cast<int>(std::lround(surface.width * scale)),
                  static_cast<int>(std::lround(surface.height * scale)), QImage::Format_RGB32);
+    if (image.isNull()) FailToPaint();
     const int dotsPerMeter = static_cast<int>(std::lround(kImageDotsPerInch / kMmPerInch * 1000));
     image.setDotsPerMeterX(dotsPerMeter);
     image.setDotsPerMeterY(dotsPerMeter);

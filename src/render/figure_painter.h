@@ -41,7 +41,8 @@ QSizeF SheetOf(const FigurePicture& picture);
 /// Sets a paged device to the sheet of a picture, without margins.
 void SetSheet(QPagedPaintDevice& device, const FigurePicture& picture);
 
-/// Files of pictures, their bytes: a PDF of all pages, an SVG drawing, a PNG image.
+/// Files of pictures, their bytes: a PDF of all pages, an SVG drawing, a PNG image. Throw Fault for a picture
+/// that can't be painted.
 std::string PicturesPdf(std::span<const FigurePicture> pages);
 std::string PictureSvg(const FigurePicture& picture);
 std::string PicturePng(const FigurePicture& picture);

@@ -37,12 +37,14 @@ std::string EndText(int condition) {
 
 template <class Node>
 std::vector<PickFact> NodeFacts(const Node& node, double x, double y, bool grid) {
-  std::vector<PickFact> facts = {{"節点番号", std::to_string(node.number)},
-                                 {"座標Ｘ", FormatNumber(x, kLength)},
-                                 {"座標Ｙ", FormatNumber(y, kLength)},
-                                 {"節点状態", StateText(node.code, grid)}};
-  facts.push_back({"傾斜ローラ角度", FormatNumber(node.rollerAngle, kAngle)});
-  return facts;
+  return {{"節点番号", std::to_string(node.number)},
+          {"座標Ｘ", FormatNumber(x, kLength)},
+          {"座標Ｙ", FormatNumber(y, kLength)},
+          {"節点状態", StateText(node.code, grid)}};
+}
+
+PickFact RollerFact(double angle) {
+  return {"傾斜ローラ角度", FormatNumber(angle, kAngle)};
 }
 
 template <class Element>
@@ -60,7 +62,6 @@ void AddDisplacements(std::vector<PickFact>& facts, const Figure& figure, int in
   const std::size_t at = ResultPlace(figure, figure.model.nodes.size(), index);
   if (at >= figure.model.DisplacementTable.size()) return;
   const DisplacementRecord& moved = figure.model.DisplacementTable[at];
-  constexpr double kCmPerM = 100;
   if (figure.model.IsGrid()) {
     facts.push_back({"変位Ｚ(cm)", FormatNumber(moved.x * kCmPerM, kForce)});
     return;
@@ -117,7 +118,7 @@ std::vector<PickFact> PickFacts(const Figure& figure, const Pick& pick) {
     if (index >= model.nodes.size()) return {};
     const FigureNode& node = model.nodes[index];
     std::vector<PickFact> facts = NodeFacts(node, node.x, node.y, model.IsGrid());
-    if (node.rollerAngle == 0) facts.pop_back();
+    if (node.rollerAngle != 0) facts.push_back(RollerFact(node.rollerAngle));
     if (ShowsResults(figure.DiagramType)) AddDisplacements(facts, figure, pick.index);
     return facts;
   }
@@ -136,9 +137,13 @@ std::vector<PickFact> PickFacts(const Figure& figure, const Pick& pick) {
 }
 
 std::vector<PickFact> NodeDefinition(const ModelRec& model, int number) {
-  for (int n = 1; n <= model.NodeCount; ++n)
-    if (model.Node[n].number == number)
-      return NodeFacts(model.Node[n], model.Node[n].X, model.Node[n].Y, model.ModelCode == kPlaneGrid);
+  for (int n = 1; n <= model.NodeCount; ++n) {
+    const NodeRec& node = model.Node[n];
+    if (node.number != number) continue;
+    std::vector<PickFact> facts = NodeFacts(node, node.X, node.Y, model.ModelCode == kPlaneGrid);
+    facts.push_back(RollerFact(node.rollerAngle));
+    return facts;
+  }
   return {};
 }
 

@@ -25,11 +25,11 @@
 namespace zorlan::test {
 namespace {
 
-using testing::AllOf;
 using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+using testing::StartsWith;
 
 class FigurePreviewTest : public DesktopTest {
  protected:
@@ -135,10 +135,20 @@ TEST_F(FigurePreviewTest, APartOfTheModelStaysTheSamePart) {
   AddNode("0.5");
   const std::vector<std::string> after = List();
   EXPECT_THAT(after, Contains(HasSubstr(", 100, ")));
+  EXPECT_THAT(before, Contains(StartsWith("LINE, MODEL, ")));
   for (const std::string& line : before)
     if (line.starts_with("LINE, MODEL, ")) {
       EXPECT_THAT(after, Contains(line));
     }
+}
+
+TEST_F(FigurePreviewTest, AModelSavedUnderAnotherNameHasThatNameOnItsPages) {
+  Open({1});
+  const std::string before = ModelFile;
+  ModelFile = "別名.inp";
+  AnyCommand();
+  EXPECT_THAT(List(), Contains(HasSubstr("(別名)")));
+  ModelFile = before;
 }
 
 TEST_F(FigurePreviewTest, AModelWithoutNodesIsSaid) {

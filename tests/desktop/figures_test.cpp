@@ -6,7 +6,6 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QImage>
-#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -427,13 +426,14 @@ TEST_F(FiguresTest, TheSizeOfATextIsAskedForAndItsFaceStays) {
   const auto set = [this](std::optional<double> size) {
     Script().Expect(QStringLiteral("frmModelOption"), [this, size](QWidget& dialog) {
       Script().Expect(QStringLiteral("fontSize"), [size](QWidget& question) {
-        if (size) static_cast<QInputDialog&>(question).setDoubleValue(*size);
-        static_cast<QDialog&>(question).accept();
+        if (size) Child<QDoubleSpinBox>(&question, "points")->setValue(*size);
+        Click(question, "ok");
       });
       auto* const font = Child<QPushButton>(&dialog, "row1field2");
       QTimer::singleShot(0, font, [font] { font->click(); });
-      ASSERT_TRUE(QTest::qWaitFor([this] { return Script().Done(); }));
-      QTimer::singleShot(50, &dialog, [&dialog] { Click(dialog, "ok"); });
+      ASSERT_TRUE(
+          QTest::qWaitFor([&] { return Script().Done() && QApplication::activeModalWidget() == &dialog; }));
+      Click(dialog, "ok");
     });
     Tool("figure-options")->trigger();
   };

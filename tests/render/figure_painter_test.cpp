@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <vector>
 
+#include "base/fault.h"
 #include "render/figure_painter.h"
 
 namespace zorlan {
@@ -146,6 +147,11 @@ TEST(FigurePainter, ADocumentHasAPageForEachPicture) {
   EXPECT_THAT(pdf, HasSubstr("/Count 3"));
   EXPECT_THAT(pdf, HasSubstr("/MediaBox [0 0 595"));
   EXPECT_EQ(PicturesPdf({}), "");
+}
+
+TEST(FigurePainter, AnImageThatCannotBeHadIsAFault) {
+  const double kilometre = 1e6 * kTwipsPerMm;
+  EXPECT_THROW(PicturePng(FigurePicture({.page = true, .width = kilometre, .height = kilometre})), Fault);
 }
 
 }  // namespace
