@@ -85,17 +85,21 @@ void DrawTurn(const LoadPen& pen, Point centre, double radius, bool counterClock
   }
   const double end = (counterClockwise ? kStart + kSweep : kStart);
   DrawHead(pen, from, {-way * std::sin(end), -way * std::cos(end)}, kSideShare * radius);
-  pen.labels.Take({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
+  pen.labels.TakeMark({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
 }
 
 void WriteNotes(Plot& plot, const Figure& figure, LabelField& labels, const std::vector<LoadNote>& notes) {
   const TextOption& option = figure.options.loadValue;
   if (!option.visible) return;
   PlotSetFont(plot, option.Height());
+  const double height = TextHeight(option.Height());
+  const auto width = [&](const LoadNote& note) { return TextWidth(note.text, option.Height()); };
+  Crowding crowding(labels.Area());
+  for (const LoadNote& note : notes) crowding.Add(note.strokes[0].end, width(note), height);
   std::vector<Rectangle> boxes;
   for (const LoadNote& note : notes) {
-    PlacesOfNote(note, TextWidth(note.text, option.Height()), TextHeight(option.Height()),
-                 kSideShare * ArrowLength(figure) / 2, boxes);
+    PlacesOfNote(note, width(note), height, kSideShare * ArrowLength(figure) / 2, boxes);
+    if (crowding.IsFull(note.strokes[0].end)) boxes.resize(1);
     const Rectangle& place = boxes[labels.Place(boxes)];
     PlotText(plot, place.left, place.top, note.text, option.colour);
   }
