@@ -161,7 +161,7 @@ void DrawNodes(Plot& plot, const Figure& figure, LabelField& labels) {
     }
     if (!option.visible) continue;
     PlotCircle(plot, p.x, p.y, radius, option.colour, /*filled=*/true);
-    labels.TakeMark({p.x - radius, p.y - radius, p.x + radius, p.y + radius});
+    labels.Take({p.x - radius, p.y - radius, p.x + radius, p.y + radius});
   }
 }
 

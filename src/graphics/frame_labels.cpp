@@ -15,14 +15,17 @@ Rectangle Around(Point centre, double halfWidth, double halfHeight) {
   return {centre.x - halfWidth, centre.y - halfHeight, centre.x + halfWidth, centre.y + halfHeight};
 }
 
-/// Where a node's number may stand, best first: the four corners, then above, below, right, left.
-std::array<Rectangle, 8> PlacesAtNode(Point p, double w, double h, double radius) {
+/// Where a node's number may stand, best first: the four corners, then above, below, right, left, then the
+/// corners a little farther out.
+std::array<Rectangle, 12> PlacesAtNode(Point p, double w, double h, double radius) {
   const double clear = radius + kGap, near = radius + 0.75 * kGap, dx = w / 2, dy = h / 2;
-  const auto box = [&](double right, double down) {
-    const double away = right != 0 && down != 0 ? near : clear;
+  const auto box = [&](double right, double down, double away) {
     return Around({p.x + right * (away + dx), p.y + down * (away + dy)}, dx, dy);
   };
-  return {box(1, -1), box(-1, -1), box(1, 1), box(-1, 1), box(0, -1), box(0, 1), box(1, 0), box(-1, 0)};
+  const double far = near + 2 * kGap;
+  return {box(1, -1, near),  box(-1, -1, near), box(1, 1, near),  box(-1, 1, near),
+          box(0, -1, clear), box(0, 1, clear),  box(1, 0, clear), box(-1, 0, clear),
+          box(1, -1, far),   box(-1, -1, far),  box(1, 1, far),   box(-1, 1, far)};
 }
 
 /// Where a member's number may stand: at its centre on the side `side` (1: above, or to the left of a

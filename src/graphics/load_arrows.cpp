@@ -1,6 +1,7 @@
 #include "graphics/load_arrows.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <numbers>
 #include <vector>
@@ -54,9 +55,24 @@ void PlacesOfNote(const LoadNote& note, double w, double h, double side, std::ve
 
 }  // namespace
 
-LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes,
+Side SideOf(Point way) {
+  if (std::abs(way.x) > std::abs(way.y)) return way.x > 0 ? kRight : kLeft;
+  return way.y > 0 ? kBelow : kAbove;
+}
+
+void DrawnLoads::Reach(int node, Side side, double height) {
+  double& known =
+      reach[static_cast<std::size_t>(node)][static_cast<std::size_t>(std::countr_zero<unsigned>(side))];
+  known = std::max(known, height);
+}
+
+double DrawnLoads::ReachAt(int node, Side side) const {
+  return reach[static_cast<std::size_t>(node)][static_cast<std::size_t>(std::countr_zero<unsigned>(side))];
+}
+
+LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoads& drawn,
                   const LineOption& line) {
-  return {plot, figure, labels, notes, line, ArrowLength(figure)};
+  return {plot, figure, labels, drawn, line, ArrowLength(figure)};
 }
 
 void DrawArrow(const LoadPen& pen, Point tip, Point along, double length, int heads) {

@@ -8,11 +8,11 @@ namespace zorlan {
 
 TextCover::TextCover(double width, double height, double angle, Anchor anchor) {
   constexpr double kUpright = 1e-3, kApart = 40;  // twips
-  constexpr int kMostPieces = 16;
+  constexpr int kMostPieces = 32;
   const double a = angle * std::numbers::pi / 180, c = std::cos(a), s = std::sin(a);
   const double toMiddle = (anchor == kLeftCentre ? 0.5 : anchor == kRightCentre ? -0.5 : 0) * width;
   const bool upright = std::abs(c) < kUpright || std::abs(s) < kUpright;
-  count_ = upright ? 1 : std::clamp(static_cast<int>(std::ceil(width / height)), 1, kMostPieces);
+  count_ = upright ? 1 : std::clamp(static_cast<int>(std::ceil(2 * width / height)), 1, kMostPieces);
   const double piece = width / count_, toFirst = toMiddle + (piece - width) / 2;
   halfWidth_ = (piece * std::abs(c) + height * std::abs(s)) / 2;
   halfHeight_ = (piece * std::abs(s) + height * std::abs(c)) / 2;
