@@ -110,24 +110,28 @@ struct Curve {
   std::vector<Point> points;
 };
 
-void ShadeCurve(Plot& plot, const Curve& curve, Rgb colour) {
-  std::vector<Point> polygon = curve.points;
+void ShadeCurve(Plot& plot, Curve& curve, Rgb colour) {
+  std::vector<Point>& polygon = curve.points;
   polygon.push_back(curve.footEnd);
   polygon.push_back(curve.footStart);
   PlotShade(plot, polygon, colour);
+  polygon.resize(polygon.size() - 2);
 }
 
-/// The lines of a curve; no label shall stand on them.
-void DrawPolyline(Plot& plot, std::span<const Point> points, Rgb colour, LabelField* labels) {
-  for (std::size_t k = 1; k < points.size(); ++k) {
-    PlotDashedLine(plot, points[k - 1].x, points[k - 1].y, points[k].x, points[k].y, colour);
-    if (labels != nullptr) labels->TakeLine(points[k - 1], points[k]);
-  }
+/// The lines of a curve, with the closing lines at its first and last ordinate as they are wanted.
+void DrawCurve(Plot& plot, const Curve& curve, Rgb colour, bool first = true, bool last = true) {
+  const auto line = [&](Point a, Point b) { PlotDashedLine(plot, a.x, a.y, b.x, b.y, colour); };
+  if (first) line(curve.footStart, curve.points.front());
+  for (std::size_t k = 1; k < curve.points.size(); ++k) line(curve.points[k - 1], curve.points[k]);
+  if (last) line(curve.points.back(), curve.footEnd);
 }
 
-/// The closing line from the member to an ordinate.
-void DrawClosing(Plot& plot, Point foot, Point ordinate, Rgb colour) {
-  PlotDashedLine(plot, foot.x, foot.y, ordinate.x, ordinate.y, colour);
+/// No label shall stand on a diagram's lines; where none looks for a place that needn't be known.
+void KeepFree(LabelField& field, const ValueLabels& values, const Curve& curve) {
+  if (values.IsCrowded(curve.footStart) && values.IsCrowded(curve.footEnd)) return;
+  field.TakeLine(curve.footStart, curve.points.front());
+  field.TakePolyline(curve.points);
+  field.TakeLine(curve.points.back(), curve.footEnd);
 }
 
 // The shown members of a diagram, each with its values of the case in hand; none where that case is without
@@ -216,20 +220,19 @@ void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, cons
                         ordinates.At(member, band.x1, 0),
                         {ordinates.At(member, band.x0, band.m0), ordinates.At(member, band.x1, band.m1)}});
   };
-  forEachBand([&](const Band& band, const Curve& curve) { ShadeCurve(plot, curve, band.colour); });
-
-  PlotSetPen(plot, diagram.line.style, diagram.line.width);
-  forEachBand([&](const Band& band, const Curve& curve) {
-    if (band.first) DrawClosing(plot, curve.footStart, curve.points[0], band.colour);
-    DrawPolyline(plot, curve.points, band.colour, diagram.value.visible ? &labels : nullptr);
-    if (band.last) DrawClosing(plot, curve.points[1], curve.footEnd, band.colour);
-  });
+  forEachBand([&](const Band& band, Curve curve) { ShadeCurve(plot, curve, band.colour); });
 
   ValueLabels values(plot, labels, diagram.value, diagram.decimals, DisplayFactor(figure.model));
   for (const auto& [member, v] : shown) {
-    values.Write(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
-    values.Write(ordinates.Place(member, member.L, v.end * s, kRightCentre, /*back=*/true), v.end);
+    values.Add(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
+    values.Add(ordinates.Place(member, member.L, v.end * s, kRightCentre, /*back=*/true), v.end);
   }
+  PlotSetPen(plot, diagram.line.style, diagram.line.width);
+  forEachBand([&](const Band& band, const Curve& curve) {
+    DrawCurve(plot, curve, band.colour, band.first, band.last);
+    KeepFree(labels, values, curve);
+  });
+  values.Write();
 }
 
 /// Displacements of a member's end nodes in a case.
@@ -262,28 +265,26 @@ void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
   const Ordinates ordinates(figure, options.HeightMoment, G);
   const auto shown = ShownValues(figure, GreatestMoment, MomentsFromStart);
   const double s = ordinates.Scale();
-  const auto forEachCurve = [&](auto use) {
-    if (!options.moment.visible) return;
-    for (const auto& [member, v] : shown) {
-      const Parabola m = MomentParabola(v.start * s, v.centre * s, v.end * s, member.L);
-      use(MomentCurve(member, m, ordinates));
-    }
-  };
-  forEachCurve([&](const Curve& curve) { ShadeCurve(plot, curve, options.moment.colour); });
-
-  PlotSetPen(plot, options.moment.style, options.moment.width);
-  forEachCurve([&](const Curve& curve) {
-    DrawClosing(plot, curve.footStart, curve.points.front(), options.moment.colour);
-    DrawPolyline(plot, curve.points, options.moment.colour, options.momentValue.visible ? &labels : nullptr);
-    DrawClosing(plot, curve.points.back(), curve.footEnd, options.moment.colour);
-  });
-
   ValueLabels values(plot, labels, options.momentValue, options.DecimalsMoment, DisplayFactor(figure.model));
   for (const auto& [member, v] : shown) {
-    values.Write(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
-    values.Write(ordinates.Place(member, member.L, -v.end * s, kRightCentre, /*back=*/true), v.end);
-    values.Write(ordinates.Place(member, member.L / 2, -v.centre * s, kCentre), v.centre);
+    values.Add(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
+    values.Add(ordinates.Place(member, member.L, -v.end * s, kRightCentre, /*back=*/true), v.end);
+    values.Add(ordinates.Place(member, member.L / 2, -v.centre * s, kCentre), v.centre);
   }
+  if (options.moment.visible) {
+    std::vector<Curve> curves;
+    curves.reserve(shown.size());
+    for (const auto& [member, v] : shown)
+      curves.push_back(
+          MomentCurve(member, MomentParabola(v.start * s, v.centre * s, v.end * s, member.L), ordinates));
+    for (Curve& curve : curves) ShadeCurve(plot, curve, options.moment.colour);
+    PlotSetPen(plot, options.moment.style, options.moment.width);
+    for (const Curve& curve : curves) {
+      DrawCurve(plot, curve, options.moment.colour);
+      KeepFree(labels, values, curve);
+    }
+  }
+  values.Write();
 }
 
 void DrawNormalData(Plot& plot, const Figure& figure, LabelField& labels) {

@@ -285,6 +285,53 @@ TEST(Loads, AnArrowThatAMemberWouldHideStandsToItsSide) {
   EXPECT_EQ(arrows[1].tip.y, 5000);
 }
 
+// A column stands on the node: a load from above would lie on it. Beams to the left alone leave the right
+// side, beams on both sides or none leave the left one.
+TEST(Loads, AnArrowBesideItsMemberStandsOnTheSideWithoutMembers) {
+  struct AsideCase {
+    const char* name;
+    std::vector<Point> beamsTo;
+    double aside;
+  };
+  const AsideCase kCases[] = {{"none", {}, -200},
+                              {"beam to the left", {{-10, 0}}, 200},
+                              {"beam to the right", {{10, 0}}, -200},
+                              {"beams to both sides", {{-10, 0}, {10, 0}}, -200}};
+  for (const AsideCase& c : kCases) {
+    ModelBuilder b;
+    b.Node(0, 0);
+    b.Node(0, 8);
+    b.Element(1, 2);
+    for (const Point p : c.beamsTo) {
+      b.Node(p.x, p.y);
+      b.Element(1, b.model.NodeCount);
+    }
+    b.NodalLoad(1, 0, -3, 0);
+    Figure figure = FigureOf(b.model);
+    const std::vector<Arrow> arrows = ArrowsOf(figure);
+    ASSERT_THAT(arrows, SizeIs(1)) << c.name;
+    Recorder surface;
+    Plot plot(surface);
+    PrepareFigure(plot, "", figure, kLoadCheck, 0, 0);
+    EXPECT_NEAR(arrows[0].tip.x - figure.view.ToFigure({0, 0}).x, c.aside, 1e-9) << c.name;
+  }
+}
+
+// A uniform load is 500 high above a gap of 200: the nodal one begins there, 25 off as from a node. One that
+// pushes upward finds nothing below the beam, and so does one where the load ends before the node.
+TEST(Loads, ANodalArrowStandsOnTheElementLoadsOfItsNode) {
+  for (const bool reaches : {true, false}) {
+    ModelBuilder b = Beam();
+    b.ElementLoad(1, -2, reaches ? 0 : 1, 4);
+    b.NodalLoad(2, 0, -3, 0);
+    b.NodalLoad(2, 0, 1, 0);
+    const std::vector<Arrow> arrows = ArrowsOf(FigureOf(b.model));
+    ASSERT_GE(arrows.size(), 3);
+    EXPECT_EQ(arrows[arrows.size() - 2].tip.y, reaches ? 4275 : 4975);
+    EXPECT_EQ(arrows.back().tip.y, 5025);
+  }
+}
+
 // A turn of 200 twips about the node: from the lower right over the top to the lower left, or back.
 TEST(Loads, NodalMomentsTurnAsTheirSign) {
   const double reach = 200 * std::sqrt(0.5);
