@@ -234,4 +234,22 @@ std::string PadRight(std::string_view text, std::size_t width) {
   return std::string(text) + std::string(own < width ? width - own : 0, ' ');
 }
 
+std::vector<std::string_view> InPiecesOf(std::string_view text, std::size_t width) {
+  std::vector<std::string_view> pieces;
+  std::size_t from = 0, filled = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    char32_t c = 0;
+    const std::size_t next = at + DecodeUtf8(text, at, c), own = HalfWidth(text.substr(at, next - at));
+    if (at > from && filled + own > width) {
+      pieces.push_back(text.substr(from, at - from));
+      from = at;
+      filled = 0;
+    }
+    filled += own;
+    at = next;
+  }
+  pieces.push_back(text.substr(from));
+  return pieces;
+}
+
 }  // namespace zorlan

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorlan {
 
@@ -35,5 +36,9 @@ std::string_view FrontWithin(std::string_view text, std::size_t width);
 /// The text with blanks in front, or behind, up to `width` half-width columns; a wider text stays as it is.
 std::string PadLeft(std::string_view text, std::size_t width);
 std::string PadRight(std::string_view text, std::size_t width);
+
+/// The text in pieces of at most `width` half-width columns (2 at least), broken between any two characters;
+/// one piece for an empty text.
+std::vector<std::string_view> InPiecesOf(std::string_view text, std::size_t width);
 
 }  // namespace zorlan

@@ -129,8 +129,8 @@ std::optional<Figure> FigureOfPages(bool results) {
 }
 
 void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> figures, int layout,
-               FigurePreview::Part part) {
-  auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout, part);
+               std::optional<View> shown) {
+  auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout, shown);
   auto* preview = OpenPreview(window);
   if (preview == nullptr) {
     preview = new frmPrnText(window.Printers());
@@ -153,8 +153,14 @@ FigureSelection HandOver(const FigureSelection& choice) {
   }
 }
 
-/// Asks which figures go on pages, hands the choice over and shows them.
-void ChoosePages(MainWindow& window, FigureSelection choice) {
+/// What a figure's window shows of it; nothing while that is all of it, which a page shows in its own form.
+std::optional<View> PartInSight(Model& figure) {
+  if (figure.View().IsFitted()) return std::nullopt;
+  return figure.View().TheFigure().view;
+}
+
+/// Asks which figures go on pages, hands the choice over and shows them: `shown` of each, or all.
+void ChoosePages(MainWindow& window, FigureSelection choice, std::optional<View> shown) {
   std::optional<Figure> figure = FigureOfPages(choice.batch || choice.figureKind != kLoadCheck);
   if (!figure) return;
   const int cases = figure->model.maxLoadCase;
@@ -162,28 +168,27 @@ void ChoosePages(MainWindow& window, FigureSelection choice) {
   if (frmSelctLC(choice, cases, &window).exec() != QDialog::Accepted) return;
   const FigureSelection handed = HandOver(choice);
   PrinterSettings.orientation = static_cast<std::int16_t>(handed.orientation);
-  ShowPages(window, std::move(*figure), SelectedFigures(handed), handed.layout, FigurePreview::Part::Whole);
+  ShowPages(window, std::move(*figure), SelectedFigures(handed), handed.layout, shown);
 }
 
 }  // namespace
 
 void PrintFigures(MainWindow& window) {
-  ChoosePages(window, KeptBatch(PrinterSettings.orientation));
+  ChoosePages(window, KeptBatch(PrinterSettings.orientation), std::nullopt);
 }
 
 void PrintFigure(MainWindow& window, int kind, int loadCase) {
-  if (HasLoadCase(kind)) {
+  ForEachFigure(window, [&](Model& figure) {
+    if (figure.Kind() != kind) return;
+    figure.Renew();
+    const std::optional<View> shown = PartInSight(figure);
+    if (!HasLoadCase(kind)) return ShowPages(window, figure.View().TheFigure(), {{kind, loadCase}}, 0, shown);
     FigureSelection choice;
     choice.batch = false;
     choice.figureKind = kind;
     choice.cases = {loadCase};
     choice.orientation = PrinterSettings.orientation;
-    return ChoosePages(window, std::move(choice));
-  }
-  ForEachFigure(window, [&](Model& shown) {
-    if (shown.Kind() != kind) return;
-    shown.Renew();
-    ShowPages(window, shown.View().TheFigure(), {{kind, loadCase}}, 0, FigurePreview::Part::Shown);
+    ChoosePages(window, std::move(choice), shown);
   });
 }
 

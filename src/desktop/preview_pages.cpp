@@ -26,12 +26,13 @@ constexpr double kUnitsPerTwip = kUnitsPerMm / kTwipsPerMm;
 /// Paints a sheet's picture on dots: at the places of the dots themselves, so that thin lines stay sharp, and
 /// no more of it than the window shows.
 void PaintOnDots(QPainter& painter, const FigurePicture& picture, const QSizeF& sheet) {
-  // Not the device's transform: that of a widget also has its place in the window.
-  const QTransform toPixels = painter.combinedTransform();
+  // Not the device's transform: that of a widget also has its place in the window. The combined one ends in
+  // the dots of the screen, the viewport and what is drawn count its pixels.
+  const double ratio = painter.device()->devicePixelRatioF();
+  const QTransform toPixels = painter.combinedTransform() * QTransform::fromScale(1 / ratio, 1 / ratio);
   const QRectF whole = toPixels.mapRect(QRectF(QPointF(), sheet));
   const QRect part = whole.intersected(QRectF(painter.viewport())).toAlignedRect();
   if (part.isEmpty()) return;
-  const double ratio = painter.device()->devicePixelRatioF();
   QImage image((QSizeF(part.size()) * ratio).toSize(), QImage::Format_RGB32);
   image.fill(Qt::white);
   {
@@ -96,11 +97,12 @@ bool ListingPages::Renew() {
   return true;
 }
 
-FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, Part part)
+FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout,
+                             std::optional<View> shown)
     : figure_(std::move(figure)),
       chosen_(std::move(figures)),
       sheets_(SheetsOf(PrinterSettings, chosen_, layout)) {
-  sheets_.fitted = part == Part::Whole;
+  sheets_.shown = shown;
   files_.Look();
   RecordSheet(sheets_, 0,
               figure_);  // what there is to tell of the model is told here, and not while painting
@@ -111,9 +113,9 @@ QString FigurePreview::Caption() const {
 }
 
 void FigurePreview::LayOut() {
-  const bool fitted = sheets_.fitted;
+  const std::optional<View> shown = sheets_.shown;
   sheets_ = SheetsOf(PrinterSettings, std::move(sheets_.figures), sheets_.layout);
-  sheets_.fitted = fitted;
+  sheets_.shown = shown;
 }
 
 /// Reads what the figures chosen are drawn from; answers why there is nothing to draw.

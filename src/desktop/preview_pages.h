@@ -79,10 +79,9 @@ class ListingPages final : public PreviewPages {
 /// Figures of the model in hand in the cells of their pages. They follow its tables and results.
 class FigurePreview final : public PreviewPages {
  public:
-  /// Whether the figures are shown whole, or what the figure's own window shows of them.
-  enum class Part { Whole, Shown };
-  /// `figure` has the model and its results as they are now.
-  FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, Part part);
+  /// `figure` has the model and its results as they are now. `shown` is the part of each figure that a window
+  /// of the screen shows; nothing: each whole.
+  FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, std::optional<View> shown);
 
   QString Caption() const override;
   void LayOut() override;

@@ -16,11 +16,21 @@ constexpr double kHeadShare = 0.15;   // of the arrow
 constexpr double kSideShare = 0.4;    // of the arrow, or of its head: to the side
 constexpr double kGap = 30;           // twips between a stroke and its text
 
+/// Draws something too small for a broken line to tell its shape, whatever the style of the pen.
+template <class Draw>
+void DrawSolid(const LoadPen& pen, Draw draw) {
+  PlotSetPen(pen.plot, LineStyle::Solid, pen.line.width);
+  draw();
+  PlotSetPen(pen.plot, pen.line.style, pen.line.width);
+}
+
 void DrawHead(const LoadPen& pen, Point tip, Point along, double head) {
   const Point back = {tip.x - head * along.x, tip.y - head * along.y};
   const Point side = {-along.y * kSideShare * head, along.x * kSideShare * head};
-  PlotLine(pen.plot, tip.x, tip.y, back.x + side.x, back.y + side.y, pen.line.colour);
-  PlotLine(pen.plot, tip.x, tip.y, back.x - side.x, back.y - side.y, pen.line.colour);
+  DrawSolid(pen, [&] {
+    PlotLine(pen.plot, tip.x, tip.y, back.x + side.x, back.y + side.y, pen.line.colour);
+    PlotLine(pen.plot, tip.x, tip.y, back.x - side.x, back.y - side.y, pen.line.colour);
+  });
 }
 
 double ArrowLength(const Figure& figure) {
@@ -78,7 +88,7 @@ LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoa
 void DrawArrow(const LoadPen& pen, Point tip, Point along, double length, int heads) {
   const Point tail = {tip.x - length * along.x, tip.y - length * along.y};
   const double head = kHeadShare * length;
-  PlotLine(pen.plot, tail.x, tail.y, tip.x, tip.y, pen.line.colour);
+  PlotDashedLine(pen.plot, tail.x, tail.y, tip.x, tip.y, pen.line.colour);
   for (int k = 0; k < heads; ++k)
     DrawHead(pen, {tip.x - k * head * along.x, tip.y - k * head * along.y}, along, head);
   pen.labels.TakeLine(tail, tip);
@@ -94,11 +104,13 @@ void DrawTurn(const LoadPen& pen, Point centre, double radius, bool counterClock
     return Point{centre.x + radius * std::cos(a), centre.y - radius * std::sin(a)};
   };
   Point from = at(0);
-  for (int k = 1; k <= kChords; ++k) {
-    const Point to = at(k);
-    PlotLine(pen.plot, from.x, from.y, to.x, to.y, pen.line.colour);
-    from = to;
-  }
+  DrawSolid(pen, [&] {
+    for (int k = 1; k <= kChords; ++k) {
+      const Point to = at(k);
+      PlotLine(pen.plot, from.x, from.y, to.x, to.y, pen.line.colour);
+      from = to;
+    }
+  });
   const double end = (counterClockwise ? kStart + kSweep : kStart);
   DrawHead(pen, from, {-way * std::sin(end), -way * std::cos(end)}, kSideShare * radius);
   pen.labels.TakeMark({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});

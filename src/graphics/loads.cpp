@@ -251,7 +251,7 @@ void ElementLoadPainter::DrawPart(const Lying& lying, const std::vector<LoadOrdi
   };
   for (std::size_t k = 0; k + 1 < part.size(); ++k) {
     const Point from = tail(part[k]), to = tail(part[k + 1]);
-    PlotLine(pen_.plot, from.x, from.y, to.x, to.y, pen_.line.colour);
+    PlotDashedLine(pen_.plot, from.x, from.y, to.x, to.y, pen_.line.colour);
     pen_.labels.TakeLine(from, to);
   }
 }

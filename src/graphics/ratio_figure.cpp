@@ -8,7 +8,7 @@
 namespace zorlan {
 namespace {
 
-constexpr int kRatioDecimals = 2;
+constexpr int kRatioDecimals = 3;  // as the design lists it: 0.999 is no 1.00
 
 struct RatioMember {
   Point i, j;  // twips

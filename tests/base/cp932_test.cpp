@@ -1,5 +1,6 @@
 #include "base/cp932.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace zorlan {
@@ -72,6 +73,14 @@ TEST(HalfWidth, CountsBytesOfTheCodePage) {
   EXPECT_EQ(PadLeft("節", 4), "  節");
   EXPECT_EQ(PadRight("節", 4), "節  ");
   EXPECT_EQ(PadLeft("abc", 2), "abc");
+}
+
+TEST(Cp932, ATextIsBrokenIntoPiecesOfAWidth) {
+  using testing::ElementsAre;
+  EXPECT_THAT(InPiecesOf("梁ABﾊﾘ柱", 4), ElementsAre("梁AB", "ﾊﾘ柱"));
+  EXPECT_THAT(InPiecesOf("A梁梁", 4), ElementsAre("A梁", "梁"));  // no half of a character
+  EXPECT_THAT(InPiecesOf("梁梁", 1), ElementsAre("梁", "梁"));
+  EXPECT_THAT(InPiecesOf("", 4), ElementsAre(""));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
@@ -24,6 +25,7 @@
 #include "desktop/figure_view.h"
 #include "desktop/model.h"
 #include "desktop/page_view.h"
+#include "desktop/preview_pages.h"
 #include "desktop/table_view.h"
 #include "desktop/table_window.h"
 #include "graphics/options.h"
@@ -599,6 +601,26 @@ TEST_F(FigurePagesTest, ThePreviewShowsThePageToItsLowerEdge) {
   EXPECT_TRUE(HasInk(shown.copy(middle - 20, number, 40, (bottom - top) / 33), QRectF(0, 0, 1, 1)));
 }
 
+// A sheet on half as many pixels of a fine screen has the same dots.
+TEST_F(FigurePagesTest, AFineScreenShowsTheSamePage) {
+  Choose("mnuViewDiagramMoment");
+  FigurePreview pages(Shown(), {{kMomentFigure, 1}, {kLoadCheck, 1}}, 1, std::nullopt);
+  const auto painted = [&](double dotsPerPixel) {
+    QImage image(600, 850, QImage::Format_RGB32);
+    image.setDevicePixelRatio(dotsPerPixel);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(600 / dotsPerPixel / pages.Sheet().width(), 600 / dotsPerPixel / pages.Sheet().width());
+    pages.Paint(painter, 0);
+    painter.end();
+    image.setDevicePixelRatio(1);
+    return image;
+  };
+  const QImage coarse = painted(1);
+  EXPECT_TRUE(HasInk(coarse, QRectF(0, 0, 0.5, 1)));
+  EXPECT_EQ(painted(2), coarse);
+}
+
 TEST_F(FigurePagesTest, TheLastChoiceIsOfferedAgain) {
   Choice([](QWidget& dialog) {
     EXPECT_FALSE(Child<QCheckBox>(&dialog, "type5")->isChecked());
@@ -648,6 +670,26 @@ TEST_F(FigurePagesTest, AFigureIsPrintedFromItsWindow) {
   });
   Tool("figure-print")->trigger();
   EXPECT_EQ(Pages(), 1);
+}
+
+// Enlarged six times by 1.25 about its middle, the frame shows the moments over its middle column and none at
+// the feet, on paper too; all of it again once all is in sight.
+TEST_F(FigurePagesTest, APageShowsWhatTheWindowShows) {
+  Choose("mnuViewDiagramMoment");
+  for (int times = 0; times < 6; ++times) Key(Qt::Key_Plus);
+  const std::string dxf = Documents() + "図.dxf";
+  const auto printed = [&] {
+    Script().Expect(QStringLiteral("frmSelctLC"), [](QWidget& dialog) { Click(dialog, "ok"); });
+    Tool("figure-print")->trigger();
+    Script().Expect(QStringLiteral("QFileDialog"), ChooseFile(dxf));
+    Click(*OpenForm("frmPrnText"), "dxf");
+    OpenForm("frmPrnText")->CloseForm();
+    return ReadTextFile(dxf);
+  };
+  EXPECT_THAT(printed(), AllOf(HasSubstr("81.51"), testing::Not(HasSubstr("8.25"))));
+  View().ShowAll();
+  RemoveFile(dxf);
+  EXPECT_THAT(printed(), AllOf(HasSubstr("81.51"), HasSubstr("8.25")));
 }
 
 TEST_F(FigurePagesTest, TheModelFigureGoesToItsPageAtOnce) {

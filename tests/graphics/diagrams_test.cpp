@@ -599,8 +599,8 @@ TEST_F(RatioFigureTest, MembersHaveThePenAndTheNumberOfTheirRatio) {
   ExpectList({list[0], list[1], list[2]}, {LineOf({6000, 10000}, {10000, 10000}, 11, layer::kModel),
                                            LineOf({6000, 8000}, {10000, 8000}, 14, layer::kModel),
                                            LineOf({6000, 6000}, {10000, 6000}, 16, layer::kModel)});
-  EXPECT_EQ(list[3].text, "1.25");
-  EXPECT_EQ(list[4].text, "0.40");
+  EXPECT_EQ(list[3].text, "1.250");
+  EXPECT_EQ(list[4].text, "0.400");
 }
 
 TEST_F(RatioFigureTest, ClassThatIsOffIsNotDrawn) {

@@ -332,6 +332,43 @@ TEST(Loads, ANodalArrowStandsOnTheElementLoadsOfItsNode) {
   }
 }
 
+// On paper as in the drawing list: the shaft is four pieces, the head two whole lines, a turn one whole
+// round.
+TEST(Loads, ABrokenStyleLeavesTheHeadsWhole) {
+  ModelBuilder b = Beam();
+  b.NodalLoad(1, 2, 0, 0);
+  b.NodalLoad(2, 0, 0, 3);
+  Figure figure = FigureOf(b.model);
+  figure.options.nodalLoad.style = LineStyle::Dotted;
+  Recorder page = test::PageRecorder();
+  Plot plot(page);
+  plot.RecordDrawing = true;
+  DrawFrameFigure(plot, "", figure, kLoadCheck);
+  for (const Pen& pen : page.pens) EXPECT_EQ(pen.style, LineStyle::Solid);
+  std::erase_if(plot.drawingList, [](const DrawOperation& o) {
+    return o.layer != layer::kLoad || o.kind != DrawOperation::Kind::Line;
+  });
+  EXPECT_EQ(plot.drawingList.size(), 4U + 2U + 18U + 2U);
+  figure.options.nodalLoad.style = LineStyle::Dashed;
+  Recorder screen;
+  Plot seen(screen);
+  DrawFrameFigure(seen, "", figure, kLoadCheck);
+  EXPECT_EQ(std::ranges::count_if(screen.pens, [](const Pen& pen) { return pen.style == LineStyle::Dashed; }),
+            1);
+}
+
+// At the right end of a beam the left side is the beam's, with its loads: the arrow stands to the right of a
+// column.
+TEST(Loads, AnArrowAtACornerStandsWhereNoMemberIs) {
+  ModelBuilder b = Beam();
+  b.Element(2, b.Node(10, 4));
+  b.NodalLoad(2, 0, -3, 0);
+  const Figure figure = FigureOf(b.model);
+  const std::vector<Arrow> arrows = ArrowsOf(figure);
+  ASSERT_THAT(arrows, SizeIs(1));
+  EXPECT_GT(arrows[0].tip.x, 11500);
+}
+
 // A turn of 200 twips about the node: from the lower right over the top to the lower left, or back.
 TEST(Loads, NodalMomentsTurnAsTheirSign) {
   const double reach = 200 * std::sqrt(0.5);

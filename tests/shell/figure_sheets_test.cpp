@@ -73,6 +73,26 @@ TEST(FigureSheets, EachCellHasItsOwnFigure) {
   EXPECT_THAT(texts, Contains("Page-2"));
 }
 
+// A part of 3 m by 3 m about the beam's right end; the beam's left half is out of sight. The page shows it
+// again when it is drawn again, in another form of paper too.
+TEST(FigureSheets, APartInSightGoesToEveryCellAsItIs) {
+  FigureSheets sheets = SheetsOf(PrinterRec(), {{kModelFigure, 1}, {kLoadCheck, 1}}, /*layout=*/2);
+  Figure figure = FigureOfBeam();
+  sheets.shown = View{.Vxmin = 4.5, .Vxmax = 7.5, .Vymin = 0, .Vymax = 3, .Vvkei = 0.001};
+  const auto scaleAfter = [&] {
+    RecordSheet(sheets, 0, figure);
+    return figure.view.Vvkei;
+  };
+  const double scale = scaleAfter();
+  EXPECT_NEAR(figure.view.Vxmin + figure.view.Vxmax, 12, 1e-9);
+  PrinterRec landscape;
+  landscape.orientation = kLandscape;
+  sheets.sheet = SheetSurface(landscape);
+  EXPECT_GT(scaleAfter(), scale);  // lower cells
+  sheets.sheet = SheetSurface(PrinterRec());
+  EXPECT_NEAR(scaleAfter(), scale, 1e-12);
+}
+
 TEST(FigureSheets, PageNumbersFollowThePrinterSettings) {
   PrinterRec printer;
   printer.firstPage = 12;
