@@ -71,10 +71,7 @@ void FigureView::Draw() {
   if (kept_.size() != size) kept_ = QImage(size, QImage::Format_RGB32);
   kept_.setDevicePixelRatio(1);
   kept_.fill(Qt::white);
-  {
-    QPainter painter(&kept_);
-    PaintPicture(painter, picture, ScreenStyle(dots));
-  }
+  PaintPicture(kept_, picture, ScreenStyle(dots));
   kept_.setDevicePixelRatio(dots);
   keptView_ = figure_.view;
   drawTime_ = static_cast<double>(time.nsecsElapsed()) / 1e6;

@@ -35,12 +35,9 @@ void PaintOnDots(QPainter& painter, const FigurePicture& picture, const QSizeF& 
   if (part.isEmpty()) return;
   QImage image((QSizeF(part.size()) * ratio).toSize(), QImage::Format_RGB32);
   image.fill(Qt::white);
-  {
-    PictureStyle style = SheetStyle(toPixels.m11() * ratio * kUnitsPerTwip);
-    style.origin = (whole.topLeft() - part.topLeft()) * ratio;
-    QPainter dots(&image);
-    PaintPicture(dots, picture, style);
-  }
+  PictureStyle style = SheetStyle(toPixels.m11() * ratio * kUnitsPerTwip);
+  style.origin = (whole.topLeft() - part.topLeft()) * ratio;
+  PaintPicture(image, picture, style);
   image.setDevicePixelRatio(ratio);
   painter.save();
   painter.setWorldTransform(QTransform());
