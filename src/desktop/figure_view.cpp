@@ -138,6 +138,18 @@ std::optional<QPointF> FigureView::MarkedPlace() const {
   return (node(static_cast<std::size_t>(element.rowI)) + node(static_cast<std::size_t>(element.rowJ))) / 2;
 }
 
+void FigureView::Reveal() {
+  static constexpr double kEdge = 40;  // pixels
+  const std::optional<QPointF> place = MarkedPlace();
+  if (!place) return;
+  const auto way = [](double at, double size) {
+    const double edge = std::min(kEdge, size / 4);
+    return std::clamp(at, edge, size - edge) - at;
+  };
+  const double right = way(place->x(), width()), down = way(place->y(), height());
+  if (right != 0 || down != 0) Pan(right, down);
+}
+
 void FigureView::PaintMark(QPainter& painter) const {
   constexpr double kRing = 8, kBand = 6;  // pixels
   const std::optional<QPointF> place = MarkedPlace();
@@ -282,7 +294,13 @@ void FigureView::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (marked_) emit opened(*marked_);
+      if (marked_) emit entered(*marked_);
+      return;
+    case Qt::Key_N:
+    case Qt::Key_M:
+      if (event->modifiers() & ~Qt::ShiftModifier) return QWidget::keyPressEvent(event);
+      emit walked(event->key() == Qt::Key_N ? Pick::What::Node : Pick::What::Element,
+                  event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
       return;
     case Qt::Key_Space:
       space_ = true;

@@ -94,6 +94,15 @@ void DrawTyped(MainWindow& window, const std::vector<TypedTable>& typed) {
   RenewPreview(window);
 }
 
+void MarkInFigure(MainWindow& window, std::string_view key, int number) {
+  if (auto* const figure = qobject_cast<Model*>(window.Forms().Find(kWindows[0])))
+    figure->MarkNumber(key == "NODE" ? Pick::What::Node : Pick::What::Element, number);
+}
+
+void FollowMenu(MainWindow& window, const MenuFacts& facts) {
+  ForEachFigure(window, [&](Model& figure) { figure.FollowMenu(facts); });
+}
+
 void DropFigureData(MainWindow& window) {
   ForEachFigure(window, [](Model& figure) { figure.DropData(Model::Asked::No); });
   RenewPreview(window);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <QApplication>
+#include <QBoxLayout>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
@@ -14,10 +16,12 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
+#include <QToolButton>
 #include <QUrl>
 
 #include "desktop/busy.h"
 #include "desktop/csv_file.h"
+#include "desktop/elided_label.h"
 #include "desktop/figure_windows.h"
 #include "desktop/form.h"
 #include "desktop/hand_over.h"
@@ -203,6 +207,8 @@ MainWindow::MainWindow() {
   connect(menu_, &MainMenu::chosen, this, &MainWindow::Run);
   connect(menu_, &MainMenu::recentChosen, this, &MainWindow::OpenDeck);
   connect(forms_, &QMdiArea::subWindowActivated, this, &MainWindow::Refresh);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](const QWidget*, const QWidget* now) { ExplainFocus(now); });
   BuildStatusBar();
   InstallMainWindow(*this);
 }
@@ -270,16 +276,22 @@ void MainWindow::Refresh() {
   const MenuFacts facts = CurrentMenuFacts(HasGridInFront(*forms_));
   menu_->Update(facts);
   if (auto* const tables = qobject_cast<frmInputMenu*>(forms_->Find("frmInputMenu"))) tables->Update(facts);
+  FollowMenu(*this, facts);
   if (loaded_) menu_->ShowRecent(RecentModels());
   ShowStatus();
 }
 
 void MainWindow::BuildStatusBar() {
+  fields_ = new QWidget;
+  auto* const row = new QHBoxLayout(fields_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
   for (QLabel** const label : {&model_, &saved_, &results_, &kind_, &units_}) {
-    *label = new QLabel;
+    *label = new ElidedLabel;
     (*label)->setContentsMargins(6, 0, 6, 0);
-    statusBar()->addPermanentWidget(*label);
+    row->addWidget(*label);
   }
+  statusBar()->addPermanentWidget(fields_);
   model_->setObjectName(QStringLiteral("statusModel"));
   saved_->setObjectName(QStringLiteral("statusSaved"));
   results_->setObjectName(QStringLiteral("statusResults"));
@@ -296,6 +308,26 @@ void MainWindow::ShowStatus() {
     label->setText(ToQt(*text));
     label->setVisible(!text->empty());
   }
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  fields_->setMaximumWidth(width() * 3 / 5);  // the rest explains what is under the hand
+}
+
+void MainWindow::ExplainFocus(const QWidget* now) {
+  QString text;
+  if (now != nullptr && isAncestorOf(now)) {
+    const auto* const tool = qobject_cast<const QToolButton*>(now);
+    const QAction* const action = tool == nullptr ? nullptr : tool->defaultAction();
+    text = action != nullptr ? action->statusTip() : now->statusTip();
+    if (text.isEmpty()) text = now->toolTip();
+  }
+  if (!text.isEmpty())
+    statusBar()->showMessage(text);
+  else if (!explained_.isEmpty() && statusBar()->currentMessage() == explained_)
+    statusBar()->clearMessage();
+  explained_ = text;
 }
 
 void MainWindow::Leave() {

@@ -20,6 +20,7 @@
 #include "base/host.h"
 #include "base/text_file.h"
 #include "desktop/busy.h"
+#include "desktop/flow_row.h"
 #include "desktop/print_job.h"
 #include "desktop/printer_set.h"
 #include "desktop/save_file.h"
@@ -89,13 +90,15 @@ void frmPrnText::Build() {
   auto* const setUp = Button("プリンタ設定", "setUp", "用紙と向き、頁番号を設定します");
   auto* const closing = Button("閉じる", "close", "プレビューを閉じます (Esc)");
 
-  auto* const row = new QHBoxLayout;
+  auto* const pages = new QWidget;
+  auto* const pageRow = new QHBoxLayout(pages);
+  pageRow->setContentsMargins(4, 0, 8, 0);
+  pageRow->addWidget(new QLabel(QStringLiteral("表示ページ")));
+  pageRow->addWidget(page_);
+  pageRow->addWidget(count_);
+  auto* const row = new FlowRow;
   row->addWidget(zoom_);
-  row->addSpacing(8);
-  row->addWidget(new QLabel(QStringLiteral("表示ページ")));
-  row->addWidget(page_);
-  row->addWidget(count_);
-  row->addStretch();
+  row->addWidget(pages);
   for (QPushButton* const button : {print_, pdf_, dxf_, options_, copy_, setUp, closing})
     row->addWidget(button);
   auto* const column = new QVBoxLayout(this);
@@ -208,6 +211,7 @@ void frmPrnText::WritePdf() {
   try {
     const std::string pdf = pages_->Pdf([](double share) { ShowProgress("ＰＤＦファイル出力", share); });
     ReplaceBytes(FromQt(target), pdf);
+    SayWritten(target);
   } catch (const UserStop&) {
     // Nothing was written; the user knows.
   } catch (const std::exception& fault) {
@@ -227,8 +231,12 @@ void frmPrnText::WriteDxf() {
       AskSaveFile(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter(), QStringLiteral(".dxf"));
   if (target.isEmpty()) return;
   SetBusy(true);
-  pages_->WriteDxf(page, FromQt(target));
+  if (pages_->WriteDxf(page, FromQt(target))) SayWritten(target);
   EndBusy();
+}
+
+void frmPrnText::SayWritten(const QString& file) {
+  Say(QStringLiteral("%1 に書き出しました").arg(QFileInfo(file).fileName()));
 }
 
 void frmPrnText::CopyPage() {
@@ -282,7 +290,7 @@ frmPrnText::Action frmPrnText::ActionOf(const QKeyEvent& key) {
 }
 
 QSize frmPrnText::sizeHint() const {
-  return {960, 680};
+  return Form::sizeHint().expandedTo({960, 680});
 }
 
 }  // namespace zorlan

@@ -56,6 +56,7 @@ class frmPrnText : public Form {
   void Print();
   void WritePdf();
   void WriteDxf();
+  void SayWritten(const QString& file);
   void CopyPage();
   void SetUpPrinter();
 

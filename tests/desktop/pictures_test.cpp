@@ -32,6 +32,10 @@ class PicturesTest : public DesktopTest {
  protected:
   /// Looks at a window, named `name` in the folder of pictures.
   static void Look(QWidget& window, const char* name) {
+    if (QApplication::activeWindow() == nullptr) {  // behind a dialog that has ended
+      window.window()->activateWindow();
+      EXPECT_TRUE(QTest::qWaitForWindowActive(window.window()));
+    }
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     EXPECT_LE(window.width(), 1280) << name;
     EXPECT_LE(window.height(), 720) << name;
@@ -109,6 +113,18 @@ TEST_F(PicturesTest, FiguresFitASmallScreen) {
   Choose("mnuDesignModelItem(0)");
   qobject_cast<QMdiSubWindow*>(OpenForm("ModelS")->parentWidget())->showMaximized();
   Look(Window(), "figure-steel");
+}
+
+TEST_F(PicturesTest, WindowsSideBySideFitASmallScreen) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  for (const char* const entry : {"mnuDataItem(5)", "mnuDataItem(6)", "mnuDataItem(4)"}) Choose(entry);
+  Choose("mnuWindowItem(0)");
+  Look(Window(), "cascade");
+  QTest::keyClick(Child<QTableView>(OpenForm("InpNODE"), "grid"), Qt::Key_R, Qt::ControlModifier);
+  Look(Window(), "table-and-figure");
+  Window().Forms().Show(OpenForm("Model"));
+  for (int i = 0; i < 4; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  Look(Window(), "figure-tool");
 }
 
 TEST_F(PicturesTest, DialogsOfTheFiguresFitASmallScreen) {
