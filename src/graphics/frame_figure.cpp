@@ -17,6 +17,7 @@ namespace zorlan {
 namespace {
 
 constexpr double kRadiusPerDot = 25;     // twips: of a node's circle
+constexpr double kStrip = kTwipsPerMm;   // left white along a cell's edges
 constexpr double kSupportPerRadius = 8;  // height of a support's triangle
 
 void MarkShownNodes(Figure& figure) {
@@ -297,9 +298,12 @@ void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kin
     FitWindow(figure.view, figure.cellWidth, figure.cellHeight);
   else if (plot.DrawToPrinter)  // part of a figure: all that the screen showed
     KeepWindow(figure.view, figure.cellWidth, figure.cellHeight);
-  // What reaches beyond a fitted model has the margins of a page of its own, and no more.
-  if (plot.DrawToPrinter && (!fit || CellCount(layout) > 1))
-    plot.BeginCell(plot.OffsetX, plot.OffsetY, figure.cellWidth, figure.cellHeight);
+  // What reaches beyond a fitted model has the margins of a page of its own. Between the figures of a page a
+  // strip stays white, else lines that are cut there would look like one.
+  const double strip = CellCount(layout) > 1 ? kStrip : 0;
+  if (plot.DrawToPrinter && (!fit || strip > 0))
+    plot.BeginCell(plot.OffsetX + strip, plot.OffsetY + strip, figure.cellWidth - 2 * strip,
+                   figure.cellHeight - 2 * strip);
 }
 
 void DrawFrameFigure(Plot& plot, std::string_view control, Figure& figure, std::optional<int> kind,

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <functional>
 #include <numbers>
 #include <vector>
 
@@ -124,9 +125,16 @@ void WriteNotes(Plot& plot, const Figure& figure, LabelField& labels, const std:
   const auto width = [&](const LoadNote& note) { return TextWidth(note.text, option.Height()); };
   Crowding crowding(labels.Area());
   for (const LoadNote& note : notes) crowding.Add(note.strokes[0].end, width(note), height);
+  const Rectangle visible = {plot.clip.left - plot.OffsetX, plot.clip.top - plot.OffsetY,
+                             plot.clip.right - plot.OffsetX, plot.clip.bottom - plot.OffsetY};
+  const auto liesIn = [&](const Rectangle& box) {
+    return box.left >= visible.left && box.right <= visible.right && box.top >= visible.top &&
+           box.bottom <= visible.bottom;
+  };
   std::vector<Rectangle> boxes;
   for (const LoadNote& note : notes) {
     PlacesOfNote(note, width(note), height, kSideShare * ArrowLength(figure) / 2, boxes);
+    if (std::ranges::any_of(boxes, liesIn)) std::erase_if(boxes, std::not_fn(liesIn));
     if (crowding.IsFull(note.strokes[0].end)) boxes.resize(1);
     const Rectangle& place = boxes[labels.Place(boxes)];
     PlotText(plot, place.left, place.top, note.text, option.colour);

@@ -357,6 +357,22 @@ TEST(Loads, ABrokenStyleLeavesTheHeadsWhole) {
             1);
 }
 
+// On a surface 700 high the beam lies at 350, its load 200 above it and 35 high: 115 are left for a number of
+// 160.
+TEST(Loads, ANumberStandsOnTheSurface) {
+  ModelBuilder b = Beam();
+  b.ElementLoad(1, -2);
+  Figure figure = FigureOf(b.model);
+  Recorder surface(13000, 700);
+  Plot plot(surface);
+  plot.RecordDrawing = true;
+  DrawFrameFigure(plot, "", figure, kLoadCheck);
+  const auto number =
+      std::ranges::find_if(plot.drawingList, [](const DrawOperation& o) { return o.text == "-2.0"; });
+  ASSERT_NE(number, plot.drawingList.end());
+  EXPECT_GE(number->y, 0);
+}
+
 // At the right end of a beam the left side is the beam's, with its loads: the arrow stands to the right of a
 // column.
 TEST(Loads, AnArrowAtACornerStandsWhereNoMemberIs) {
