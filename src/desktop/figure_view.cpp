@@ -61,8 +61,8 @@ void FigureView::Draw() {
   Surface surface;
   surface.width = std::max(1, width()) * kTwipsPerPixel;
   surface.height = std::max(1, height()) * kTwipsPerPixel;
-  FigurePicture picture(surface);
-  Plot plot(picture);
+  picture_.Clear(surface);
+  Plot plot(picture_);
   DrawFrameFigure(plot, kControl, figure_);
   figure_.FigureFlags = kDataUnchanged;
 
@@ -71,7 +71,7 @@ void FigureView::Draw() {
   if (kept_.size() != size) kept_ = QImage(size, QImage::Format_RGB32);
   kept_.setDevicePixelRatio(1);
   kept_.fill(Qt::white);
-  PaintPicture(kept_, picture, ScreenStyle(dots));
+  PaintPicture(kept_, picture_, ScreenStyle(dots));
   kept_.setDevicePixelRatio(dots);
   keptView_ = figure_.view;
   drawTime_ = static_cast<double>(time.nsecsElapsed()) / 1e6;

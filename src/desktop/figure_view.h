@@ -11,6 +11,7 @@
 
 #include "graphics/frame_figure.h"
 #include "graphics/picking.h"
+#include "render/figure_picture.h"
 
 class QRubberBand;
 
@@ -85,11 +86,12 @@ class FigureView : public QWidget {
   void PaintMark(QPainter& painter) const;
 
   Figure figure_;
-  QImage kept_;          // the figure as it was drawn last
-  View keptView_;        // the view that it was drawn with
-  bool fitted_ = true;   // the window follows the widget's size until the user moves it
-  QTimer rest_;          // the figure is drawn anew when it has come to rest
-  double drawTime_ = 0;  // ms of the last drawing
+  FigurePicture picture_{Surface{}};  // of the figure as it was drawn last
+  QImage kept_;                       // on dots
+  View keptView_;                     // the view that it was drawn with
+  bool fitted_ = true;                // the window follows the widget's size until the user moves it
+  QTimer rest_;                       // the figure is drawn anew when it has come to rest
+  double drawTime_ = 0;               // ms of the last drawing
 
   Hand hand_ = Hand::Pick;
   bool space_ = false;             // the space bar is held: the left button moves

@@ -109,7 +109,7 @@ class PicturePainter {
   static bool IsDense(const FigurePicture& picture) {
     constexpr std::size_t kManyLines = 20000;
     std::size_t lines = 0;
-    for (const FigurePicture::Lines& group : picture.TheLines()) lines += group.lines.size();
+    for (const FigurePicture::Lines& group : picture.TheLines()) lines += group.items.size();
     return lines > kManyLines;
   }
 
@@ -133,15 +133,15 @@ class PicturePainter {
     };
     if (ink_ != nullptr && group.pen.style == LineStyle::Solid && width <= kThinLine) {
       ink_->SetColour(pen.color().rgb());
-      for (const QLineF& line : group.lines) {
+      for (const QLineF& line : group.items) {
         const QLineF drawn = placed(line);
         ink_->Line(drawn.p1(), drawn.p2(), width, smooth_);
       }
       return;
     }
     QList<QLineF> lines;
-    lines.reserve(static_cast<qsizetype>(group.lines.size()));
-    for (const QLineF& line : group.lines) lines.append(placed(line));
+    lines.reserve(static_cast<qsizetype>(group.items.size()));
+    for (const QLineF& line : group.items) lines.append(placed(line));
     painter_.setPen(pen);
     painter_.drawLines(lines);
   }
@@ -154,7 +154,7 @@ class PicturePainter {
       painter_.setBrush(filled ? QBrush(outline.color()) : QBrush(Qt::NoBrush));
       double radiusOfStamp = -1;
       Stamp stamp;  // the nodes of a figure are all alike
-      for (const FigurePicture::Disc& disc : group.discs) {
+      for (const FigurePicture::Disc& disc : group.items) {
         if (disc.filled != filled) continue;
         const double radius = disc.radius * style_.scale;
         const QPointF centre = OnDot(At(disc.centre), outline.widthF());
@@ -205,7 +205,7 @@ class PicturePainter {
       const QFont font = FixedFontOfHeight(std::max(1, static_cast<int>(std::lround(height))));
       const double ascent = QFontMetricsF(font).ascent();
       painter_.setFont(font);
-      for (const FigurePicture::PlacedText& text : group.texts)
+      for (const FigurePicture::PlacedText& text : group.items)
         painter_.drawText(place(text.origin) + QPointF(0, ascent), ToQt(text.text));
       return;
     }
@@ -215,7 +215,7 @@ class PicturePainter {
       ink_->SetColour(painter_.pen().color().rgb());
     }
     GlyphRun run(height);
-    for (const FigurePicture::PlacedText& text : group.texts) {
+    for (const FigurePicture::PlacedText& text : group.items) {
       if (stamps && stamps->Write(*ink_, At(text.origin), text.text)) continue;
       QPointF origin = place(text.origin);
       // Base lines on a row of dots: the feet of the digits stay sharp.

@@ -14,14 +14,38 @@
 
 namespace zorlan {
 
+/// Groups of items in the order of their first use. Cleared, they keep their storage for the next ones.
+template <class Group>
+class ItemGroups {
+ public:
+  std::span<const Group> InUse() const { return std::span(groups_).first(used_); }
+  std::span<Group> InUse() { return std::span(groups_).first(used_); }
+  /// A group without items; what they have in common is for the caller to set.
+  Group& Add() {
+    if (used_ == groups_.size()) groups_.emplace_back();
+    return groups_[used_++];
+  }
+  void Clear() {
+    for (Group& group : groups_) group.items.clear();
+    used_ = 0;
+  }
+
+ private:
+  std::vector<Group> groups_;
+  std::size_t used_ = 0;
+};
+
 /// All lengths are in twips of the surface, y downward.
 class FigurePicture final : public PlotTarget {
  public:
   explicit FigurePicture(const Surface& surface) : surface_(surface) {}
 
+  /// Leaves an empty picture for a surface. One that is drawn again and again so needs no storage anew.
+  void Clear(const Surface& surface);
+
   struct Lines {  // of one pen
     Pen pen;
-    std::vector<QLineF> lines;
+    std::vector<QLineF> items;
   };
   struct Disc {
     QPointF centre;
@@ -30,7 +54,7 @@ class FigurePicture final : public PlotTarget {
   };
   struct Discs {  // of one pen
     Pen pen;
-    std::vector<Disc> discs;
+    std::vector<Disc> items;
   };
   struct PlacedText {
     QPointF origin;
@@ -39,7 +63,7 @@ class FigurePicture final : public PlotTarget {
   struct Texts {  // of one height, angle and colour
     double height = 0, angle = 0;
     Rgb colour = kBlack;
-    std::vector<PlacedText> texts;
+    std::vector<PlacedText> items;
   };
   struct Tint {
     Rgb colour = kBlack;
@@ -51,9 +75,9 @@ class FigurePicture final : public PlotTarget {
   std::span<const QPointF> CornersOf(const Tint& tint) const {
     return std::span(corners_).subspan(tint.begin, tint.end - tint.begin);
   }
-  const std::vector<Lines>& TheLines() const { return lines_; }
-  const std::vector<Discs>& TheDiscs() const { return discs_; }
-  const std::vector<Texts>& TheTexts() const { return texts_; }
+  std::span<const Lines> TheLines() const { return lines_.InUse(); }
+  std::span<const Discs> TheDiscs() const { return discs_.InUse(); }
+  std::span<const Texts> TheTexts() const { return texts_.InUse(); }
 
   Surface TheSurface() const override { return surface_; }
   void Line(Point from, Point to, const Pen& pen) override;
@@ -65,9 +89,9 @@ class FigurePicture final : public PlotTarget {
   Surface surface_;
   std::vector<Tint> tints_;
   std::vector<QPointF> corners_;  // of all tints
-  std::vector<Lines> lines_;
-  std::vector<Discs> discs_;
-  std::vector<Texts> texts_;
+  ItemGroups<Lines> lines_;
+  ItemGroups<Discs> discs_;
+  ItemGroups<Texts> texts_;
   std::map<std::tuple<double, double, Rgb>, std::size_t> groupOfText_;  // by height, angle, colour
   std::size_t lastText_ = 0;
 };

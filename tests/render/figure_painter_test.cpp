@@ -49,8 +49,8 @@ TEST(FigurePicture, KeepsTheLinesOfAPenTogether) {
   picture.Line({0, 0}, {0, 15}, red);
   picture.Line({15, 0}, {15, 15}, black);
   ASSERT_EQ(picture.TheLines().size(), 2u);
-  EXPECT_EQ(picture.TheLines()[0].lines.size(), 2u);
-  EXPECT_EQ(picture.TheLines()[1].lines.front(), QLineF(0, 0, 0, 15));
+  EXPECT_EQ(picture.TheLines()[0].items.size(), 2u);
+  EXPECT_EQ(picture.TheLines()[1].items.front(), QLineF(0, 0, 0, 15));
 }
 
 TEST(FigurePicture, KeepsTheTextsOfAHeightAndAngleTogether) {
@@ -59,7 +59,38 @@ TEST(FigurePicture, KeepsTheTextsOfAHeightAndAngleTogether) {
   picture.Text({0, 0}, "2", 160, 90, kBlack);
   picture.Text({0, 0}, "3", 160, 0, kBlack);
   ASSERT_EQ(picture.TheTexts().size(), 2u);
-  EXPECT_EQ(picture.TheTexts()[0].texts[1].text, "3");
+  EXPECT_EQ(picture.TheTexts()[0].items[1].text, "3");
+}
+
+TEST(FigurePicture, ClearedItIsLikeANewOneInItsNewOrder) {
+  FigurePicture picture(SmallScreen());
+  const Pen black, red{255};
+  picture.Line({0, 0}, {15, 0}, black);
+  picture.Line({0, 0}, {0, 15}, red);
+  picture.Circle({0, 0}, 15, black, true);
+  picture.Text({0, 0}, "1", 160, 0, kBlack);
+  picture.Text({0, 0}, "2", 160, 90, kBlack);
+  const std::array<Point, 3> corners = {{{0, 0}, {15, 0}, {0, 15}}};
+  picture.Shade(corners, kBlack);
+  picture.Clear(A4());
+  EXPECT_TRUE(picture.TheSurface().page);
+  EXPECT_TRUE(picture.TheTints().empty());
+  EXPECT_TRUE(picture.TheLines().empty());
+  EXPECT_TRUE(picture.TheDiscs().empty());
+  EXPECT_TRUE(picture.TheTexts().empty());
+
+  picture.Line({0, 0}, {15, 15}, red);
+  picture.Text({0, 0}, "3", 160, 90, 255);
+  picture.Shade(corners, kBlack);
+  ASSERT_EQ(picture.TheLines().size(), 1u);
+  EXPECT_EQ(picture.TheLines()[0].pen.colour, red.colour);
+  EXPECT_EQ(picture.TheLines()[0].items, std::vector{QLineF(0, 0, 15, 15)});
+  ASSERT_EQ(picture.TheTexts().size(), 1u);
+  EXPECT_EQ(picture.TheTexts()[0].angle, 90);
+  EXPECT_EQ(picture.TheTexts()[0].colour, 255);
+  ASSERT_EQ(picture.TheTexts()[0].items.size(), 1u);
+  EXPECT_EQ(picture.TheTexts()[0].items[0].text, "3");
+  EXPECT_EQ(picture.CornersOf(picture.TheTints().front()).size(), 3u);
 }
 
 TEST(FigurePainter, ALineOfOneDotIsOneDotThickWhereverItLies) {
