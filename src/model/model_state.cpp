@@ -77,6 +77,7 @@ void InitModelDefaults() {
 }
 
 void ClearWork() {
+  ForgetTables();
   RemoveFilesIn(WorkPath);
 }
 
