@@ -11,6 +11,7 @@
 
 #include "render/qt_text.h"
 #include "shell/settings.h"
+#include "shell/windows.h"
 
 namespace zorlan {
 namespace {
@@ -52,6 +53,12 @@ bool Form::CloseForm() {
 void Form::Unload() {
   unloading_ = true;
   CloseForm();
+}
+
+void Form::NoteEdit() {
+  if (IsChanged() == edited_) return;
+  edited_ = !edited_;
+  TheWindows().refresh();
 }
 
 void Form::closeEvent(QCloseEvent* event) {
@@ -182,6 +189,14 @@ void FormArea::UnloadAll() {
 
 void FormArea::RenewAll() {
   for (Form* const form : Forms()) form->Renew();
+}
+
+bool FormArea::AnyChanged() const {
+  return std::ranges::any_of(Forms(), [](const Form* form) { return form->IsChanged(); });
+}
+
+void FormArea::FollowState() {
+  for (Form* const form : Forms()) form->FollowState();
 }
 
 bool FormArea::CloseOthers() {

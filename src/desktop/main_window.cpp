@@ -271,6 +271,7 @@ void MainWindow::Refresh() {
   if (auto* const tables = qobject_cast<frmInputMenu*>(forms_->Find("frmInputMenu"))) tables->Update(facts);
   if (loaded_) menu_->ShowRecent(RecentModels());
   ShowStatus();
+  forms_->FollowState();
 }
 
 void MainWindow::BuildStatusBar() {

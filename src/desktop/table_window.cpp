@@ -117,7 +117,11 @@ void TableWindow::Build() {
 
 void TableWindow::Connect() {
   connect(view_, &TableView::stored, this, &TableWindow::Store);
-  connect(view_, &TableView::typed, this, [this] { editor_.MarkChanged(); });
+  connect(view_, &TableView::typed, this, [this] {
+    editor_.MarkChanged();
+    NoteEdit();
+  });
+  connect(model_, &TableModel::dataChanged, this, &TableWindow::NoteEdit);
   connect(view_, &TableView::refused, this,
           [this] { Hint(ToQt(MaskHint(editor_.ColumnAt(view_->Current().column).mask))); });
   connect(view_, &TableView::movedTo, this, &TableWindow::Explain);
