@@ -258,14 +258,18 @@ void TableWindow::FindFault() {
   Hint(ToQt(fault->message));
 }
 
-void TableWindow::Redraw() {
-  view_->CloseBox();
+void TableWindow::RunRedrawStep() {
   try {
     editor_.RunRedrawStep();
   } catch (const std::exception& fault) {
     Tell(fault.what());
   }
   if (editor_.Form().dropsListing) LookAtListing();
+}
+
+void TableWindow::Redraw() {
+  view_->CloseBox();
+  RunRedrawStep();
   std::vector<TypedTable> tables = {{TableKey(editor_.Form()), editor_.Rows()}};
   if (editor_.Form().name == "InpELEM")
     if (TableWindow* const nodes = OpenWindowOf(window_, "InpNODE"))
@@ -275,8 +279,14 @@ void TableWindow::Redraw() {
 }
 
 void TableWindow::RedrawCommitted() {
+  RunRedrawStep();
+  std::vector<TypedTable> tables;
+  if (editor_.Form().name == "InpELEM")  // its ends may be nodes that are only typed yet
+    if (TableWindow* const nodes = OpenWindowOf(window_, "InpNODE"); nodes != nullptr && nodes->IsChanged())
+      tables.push_back({"NODE", nodes->editor_.Rows()});
+  TheWindows().refresh();
   try {
-    Redraw();
+    TheWindows().drawTyped(tables);
   } catch (const std::exception& fault) {
     Tell(fault.what());  // the table stands; a figure that can't be drawn doesn't hold the form
   }

@@ -47,8 +47,9 @@ class TableWindow : public Form {
   bool Commit() override;
 
  private:
-  /// The same behind a commit, which stands whatever becomes of the figure.
+  /// The same behind a commit, which stands whatever becomes of the figure: it shows the tables' files again.
   void RedrawCommitted();
+  void RunRedrawStep();
   QLayout* ButtonRow();
   void Build();
   void Connect();
