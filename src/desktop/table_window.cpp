@@ -296,7 +296,8 @@ bool TableWindow::Commit() {
   view_->CloseBox();
   std::optional<CellPlace> place;
   try {
-    const CommitEnd end = editor_.Commit(place);
+    const CommitEnd end =
+        editor_.Commit(place, [this](const CellPlace& fault) { GoTo(fault, /*middle=*/true); });
     if (end == CommitEnd::Written) RedrawCommitted();
     if (end != CommitEnd::Refused) return true;
   } catch (const std::exception& fault) {
