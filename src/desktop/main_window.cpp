@@ -16,6 +16,7 @@
 #include <QStatusBar>
 #include <QUrl>
 
+#include "base/host.h"
 #include "desktop/busy.h"
 #include "desktop/csv_file.h"
 #include "desktop/figure_windows.h"
@@ -182,6 +183,12 @@ constexpr std::array kCommands = {
     CommandRow{Command::Version, "frmVersion", [](MainWindow& window) { frmVersion(&window).exec(); }},
 };
 
+/// Asks before an exit that a refused table, or a save dialog that was cancelled, would turn into a loss.
+bool AgreesToLoss() {
+  return TheHost().question("保存していない入力内容があります\n破棄して終了してよろしいですか？",
+                            kApplicationTitle, Buttons::YesNo) == Answer::Yes;
+}
+
 /// The deck that is dragged over the window; empty for anything else.
 QString DraggedDeck(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
@@ -302,6 +309,7 @@ void MainWindow::Leave() {
   if (!forms_->CloseOthers()) return;
   const ExitWay way = LeaveProgram();
   if (way == ExitWay::Stay) return;
+  if (way == ExitWay::UnloadMain && !AgreesToLoss()) return;
   if (way == ExitWay::UnloadAll) forms_->UnloadAll();
   closing_ = true;
   close();
