@@ -91,9 +91,11 @@ std::string DataPathOf(const ProjectDialog& dialog) {
 
 /// The three parts that the boxes name; nothing if they name none, which the user was told. What a folder
 /// has is proof of its name.
-std::optional<ModelPlace> CheckNames(const ProjectDialog& dialog) {
+std::optional<ModelPlace> CheckNames(ProjectDialog& dialog) {
   const std::string project = ProjectBoxText(dialog.project), model = ModelBoxText(dialog.model);
+  dialog.projectAtFault = true;
   if (project.empty() || model.empty()) {
+    dialog.projectAtFault = project.empty();
     Tell(project.empty() ? kNoProjectName : kNoModel);
     return std::nullopt;
   }
@@ -112,6 +114,7 @@ std::optional<ModelPlace> CheckNames(const ProjectDialog& dialog) {
     if (!Consents(question, Buttons::OkCancel)) return std::nullopt;
     MakeFolder(folder);
   }
+  dialog.projectAtFault = false;
   const std::optional<std::string> there = FindName(folder, model + std::string(kModelEnding));
   place.model = there.value_or(model + std::string(kModelEnding));
   if (!there && (!IsUsableName(model) || !FolderTakes(folder, model + std::string(kTestEnding)))) {
