@@ -14,6 +14,7 @@
 #include "desktop/scroll_content.h"
 #include "render/qt_text.h"
 #include "shell/settings.h"
+#include "shell/windows.h"
 
 namespace zorlan {
 namespace {
@@ -83,6 +84,12 @@ bool Form::CloseForm() {
 void Form::Unload() {
   unloading_ = true;
   CloseForm();
+}
+
+void Form::NoteEdit() {
+  if (IsChanged() == edited_) return;
+  edited_ = !edited_;
+  TheWindows().refresh();
 }
 
 void Form::closeEvent(QCloseEvent* event) {
@@ -246,6 +253,14 @@ void FormArea::UnloadAll() {
 
 void FormArea::RenewAll() {
   for (Form* const form : Forms()) form->Renew();
+}
+
+bool FormArea::AnyChanged() const {
+  return std::ranges::any_of(Forms(), [](const Form* form) { return form->IsChanged(); });
+}
+
+void FormArea::FollowState() {
+  for (Form* const form : Forms()) form->FollowState();
 }
 
 bool FormArea::CloseOthers() {

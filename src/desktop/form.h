@@ -40,6 +40,12 @@ class Form : public QWidget {
   /// Called behind every command: a form that shows a file shows it as it is now.
   virtual void Renew() {}
 
+  /// Whether it holds what isn't committed to the model's tables.
+  virtual bool IsChanged() const { return false; }
+
+  /// Called whenever the state of the model in hand may have changed: what the form says of it follows.
+  virtual void FollowState() {}
+
   /// An entry of the Edit menu. A form without a grid does it in the box that has the focus.
   virtual void Edit(Command command);
 
@@ -53,6 +59,9 @@ class Form : public QWidget {
   /// What takes the keys when the form comes to the front. (A focus proxy would hold Tab there.)
   void SetFirst(QWidget* widget) { first_ = widget; }
 
+  /// To be called behind every edit: the windows tell at once that there is something to commit.
+  void NoteEdit();
+
   void closeEvent(QCloseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;  // Esc closes
@@ -60,6 +69,7 @@ class Form : public QWidget {
  private:
   QWidget* first_ = nullptr;
   bool unloading_ = false;
+  bool edited_ = false;  // as the windows were told
 };
 
 /// The area of the child windows.
@@ -89,6 +99,9 @@ class FormArea : public QMdiArea {
   /// Closes the others; false as soon as one refuses.
   bool CloseOthers();
   void RenewAll();
+  /// Whether one of them holds what isn't committed.
+  bool AnyChanged() const;
+  void FollowState();
   /// Every form but those named takes input, or takes none.
   void SetFormsEnabled(bool enabled, const std::vector<std::string>& except);
 

@@ -19,6 +19,7 @@
 #include <QToolButton>
 #include <QUrl>
 
+#include "base/host.h"
 #include "desktop/busy.h"
 #include "desktop/csv_file.h"
 #include "desktop/elided_label.h"
@@ -187,6 +188,12 @@ constexpr std::array kCommands = {
     CommandRow{Command::Version, "frmVersion", [](MainWindow& window) { frmVersion(&window).exec(); }},
 };
 
+/// Asks before an exit that a refused table, or a save dialog that was cancelled, would turn into a loss.
+bool AgreesToLoss() {
+  return TheHost().question("保存していない入力内容があります\n破棄して終了してよろしいですか？",
+                            kApplicationTitle, Buttons::YesNo) == Answer::Yes;
+}
+
 /// The deck that is dragged over the window; empty for anything else.
 QString DraggedDeck(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
@@ -279,6 +286,7 @@ void MainWindow::Refresh() {
   FollowMenu(*this, facts);
   if (loaded_) menu_->ShowRecent(RecentModels());
   ShowStatus();
+  forms_->FollowState();
 }
 
 void MainWindow::BuildStatusBar() {
@@ -334,6 +342,7 @@ void MainWindow::Leave() {
   if (!forms_->CloseOthers()) return;
   const ExitWay way = LeaveProgram();
   if (way == ExitWay::Stay) return;
+  if (way == ExitWay::UnloadMain && !AgreesToLoss()) return;
   if (way == ExitWay::UnloadAll) forms_->UnloadAll();
   closing_ = true;
   close();

@@ -20,6 +20,7 @@
 #include "model/model_state.h"
 #include "render/qt_text.h"
 #include "shell/figure_sheets.h"
+#include "shell/model_status.h"
 #include "shell/windows.h"
 
 namespace zorlan {
@@ -280,6 +281,10 @@ void Model::Renew() {
   if (drawn_ && files_.Changed()) DropData(Asked::No);
 }
 
+void Model::FollowState() {
+  if (drawn_) ShowNote();
+}
+
 void Model::DropData(Asked asked) {
   typed_.clear();
   if (!drawn_) return;
@@ -342,13 +347,14 @@ void Model::ShowCaption() {
 
 void Model::ShowNote() {
   const Figure& figure = view_->TheFigure();
-  QString note;
-  if (!typed_.empty()) note = QStringLiteral("入力中の表を表示しています");
-  if (figure.range != ViewingRange()) note = QStringLiteral("表示範囲を限っています");
-  if (IsRatio(figure.DiagramType) && figure.model.ratios.empty())
-    note = QStringLiteral("断面算定の結果がありません");
-  if (!fault_.isEmpty()) note = fault_;
-  note_->setText(note);
+  const bool noRatios = IsRatio(figure.DiagramType) && figure.model.ratios.empty();
+  const bool results = (IsRatio(figure.DiagramType) || IsResult(figure.DiagramType)) && !noRatios;
+  QStringList notes;
+  if (results && StateOfResults() == ResultState::Stale) notes += ToQt(kStaleResults);
+  if (noRatios) notes += QStringLiteral("断面算定の結果がありません");
+  if (!typed_.empty()) notes += QStringLiteral("入力中の表を表示しています");
+  if (figure.range != ViewingRange()) notes += QStringLiteral("表示範囲を限っています");
+  note_->setText(fault_.isEmpty() ? notes.join(QStringLiteral("　")) : fault_);
 }
 
 bool Model::IsPressed(Tool tool) const {

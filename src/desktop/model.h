@@ -65,6 +65,7 @@ class Model : public Form {
   /// The display options or the viewing range have changed.
   void FollowOptions();
   void Renew() override;
+  void FollowState() override;
 
   FigureView& View() { return *view_; }
   /// Does what a button of the bar does.

@@ -70,6 +70,7 @@ void InstallMainWindow(MainWindow& window) {
   ShellWindows table;
   table.openForms = [&forms] { return forms.Names(); };
   table.closeForm = [&forms](const std::string& name) { return CloseFormOf(forms, name); };
+  table.formsChanged = [&forms] { return forms.AnyChanged(); };
   table.unloadForms = [&forms] { forms.UnloadAll(); };
   table.projectDialog = [&window](ProjectDialog& dialog) { ProjectDialogWindow(dialog, &window).exec(); };
   table.folderDialog = [&window](FolderDialog& dialog) { FolderDialogWindow(dialog, &window).exec(); };

@@ -118,7 +118,11 @@ void TableWindow::Build() {
 
 void TableWindow::Connect() {
   connect(view_, &TableView::stored, this, &TableWindow::Store);
-  connect(view_, &TableView::typed, this, [this] { editor_.MarkChanged(); });
+  connect(view_, &TableView::typed, this, [this] {
+    editor_.MarkChanged();
+    NoteEdit();
+  });
+  connect(model_, &TableModel::dataChanged, this, &TableWindow::NoteEdit);
   connect(view_, &TableView::refused, this,
           [this] { Hint(ToQt(MaskHint(editor_.ColumnAt(view_->Current().column).mask))); });
   connect(view_, &TableView::movedTo, this, &TableWindow::Explain);
@@ -255,14 +259,18 @@ void TableWindow::FindFault() {
   Hint(ToQt(fault->message));
 }
 
-void TableWindow::Redraw() {
-  view_->CloseBox();
+void TableWindow::RunRedrawStep() {
   try {
     editor_.RunRedrawStep();
   } catch (const std::exception& fault) {
     Tell(fault.what());
   }
   if (editor_.Form().dropsListing) LookAtListing();
+}
+
+void TableWindow::Redraw() {
+  view_->CloseBox();
+  RunRedrawStep();
   std::vector<TypedTable> tables = {{TableKey(editor_.Form()), editor_.Rows()}};
   if (editor_.Form().name == "InpELEM")
     if (TableWindow* const nodes = OpenWindowOf(window_, "InpNODE"))
@@ -284,8 +292,14 @@ void TableWindow::ShowInFigure() {
 }
 
 void TableWindow::RedrawCommitted() {
+  RunRedrawStep();
+  std::vector<TypedTable> tables;
+  if (editor_.Form().name == "InpELEM")  // its ends may be nodes that are only typed yet
+    if (TableWindow* const nodes = OpenWindowOf(window_, "InpNODE"); nodes != nullptr && nodes->IsChanged())
+      tables.push_back({"NODE", nodes->editor_.Rows()});
+  TheWindows().refresh();
   try {
-    Redraw();
+    TheWindows().drawTyped(tables);
   } catch (const std::exception& fault) {
     Tell(fault.what());  // the table stands; a figure that can't be drawn doesn't hold the form
   }
@@ -295,7 +309,8 @@ bool TableWindow::Commit() {
   view_->CloseBox();
   std::optional<CellPlace> place;
   try {
-    const CommitEnd end = editor_.Commit(place);
+    const CommitEnd end =
+        editor_.Commit(place, [this](const CellPlace& fault) { GoTo(fault, /*middle=*/true); });
     if (end == CommitEnd::Written) RedrawCommitted();
     if (end != CommitEnd::Refused) return true;
   } catch (const std::exception& fault) {

@@ -28,6 +28,7 @@ class TableWindow : public Form {
   TableView& View() { return *view_; }
 
   void Edit(Command command) override;
+  bool IsChanged() const override { return editor_.Changed(); }
   /// The header of the model in hand has changed.
   void Follow();
   /// Goes to the row of a number in the key column. False: there is none.
@@ -48,8 +49,9 @@ class TableWindow : public Form {
   bool Commit() override;
 
  private:
-  /// The same behind a commit, which stands whatever becomes of the figure.
+  /// The same behind a commit, which stands whatever becomes of the figure: it shows the tables' files again.
   void RedrawCommitted();
+  void RunRedrawStep();
   QLayout* ButtonRow();
   void Build();
   void Connect();

@@ -30,6 +30,8 @@ struct ShellWindows {
   /// `CloseForm` of a form: commits and closes. False: a row fails, and the form stays, the row's message
   /// shown.
   std::function<bool(const std::string& form)> closeForm;
+  /// Whether an open table form holds what it hasn't committed.
+  std::function<bool()> formsChanged;
   /// Unloads every window but the main one, asking nothing.
   std::function<void()> unloadForms;
 
