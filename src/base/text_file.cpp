@@ -295,7 +295,8 @@ void CopyFileOver(const std::string& from, const std::string& to) {
     file.Buffer().append(piece.data(), got);
     file.Drain();
   }
-  file.Commit();
+  // Whatever breaks in between, the older file is there or the newer one.
+  file.Commit(FileExists(to) ? Flush::Yes : Flush::No);
 }
 
 FileWriter::FileWriter(const std::string& path, Start start) : file_(std::make_unique<Output>(path, start)) {

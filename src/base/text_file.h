@@ -68,7 +68,7 @@ void RemoveFilesIn(const std::string& folder);
 /// Gives a file another name in the same file system; a file of that name is replaced.
 void RenameFile(const std::string& from, const std::string& to);
 
-/// Copies a file over another, by a neighbouring name.
+/// Copies a file over another, by a neighbouring name. At every moment one of the two stands there whole.
 void CopyFileOver(const std::string& from, const std::string& to);
 
 /// Gives `to` the contents of `from` without writing them again, as a second name of the same file, where the

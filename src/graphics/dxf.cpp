@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 
+#include "base/cp932.h"
 #include "base/fault.h"
 #include "base/number.h"
 #include "base/text.h"
@@ -17,6 +18,7 @@ namespace {
 using Kind = DrawOperation::Kind;
 
 constexpr std::string_view kNoFlags = "     0";
+constexpr std::size_t kLongestText = 255;  // bytes
 
 struct LineType {
   std::string_view name, description, length;
@@ -262,7 +264,7 @@ void WriteDXFText(DxfFile& dxf, std::string_view layer, double x, double y, std:
   BeginEntity(dxf, "TEXT", layer, colour);
   WritePoint(dxf, 10, x, dxf.PageBottom - y);
   WriteDXFPair(dxf, 40, height);
-  WriteDXFPair(dxf, 1, text);
+  WriteDXFPair(dxf, 1, FrontWithin(text, kLongestText));
   WriteDXFPair(dxf, 50, angle);
   WriteDXFPair(dxf, 7, "STYLE2");
   WriteDXFPair(dxf, 72, 0.0);  // left
@@ -293,8 +295,12 @@ std::string DxfOfList(std::string_view list) {
   return std::move(dxf.text);
 }
 
+void WriteDxfText(const std::string& dxfFile, std::string_view dxf, Flush flush) {
+  ReplaceBytes(dxfFile, Cp932ForPrint(dxf), flush);
+}
+
 bool WriteDXF(const std::string& listFile, const std::string& dxfFile, std::string* reason) try {
-  ReplaceTextFile(dxfFile, DxfOfList(ReadTextFile(listFile)), Flush::No);
+  WriteDxfText(dxfFile, DxfOfList(ReadTextFile(listFile)), Flush::No);
   return true;
 } catch (const Fault& fault) {
   if (reason != nullptr) *reason = fault.what();

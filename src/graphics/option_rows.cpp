@@ -10,7 +10,7 @@ namespace zorlan {
 namespace {
 
 constexpr std::string_view kColourMark = "&H", kWidthUnit = "dot", kFontOpen = "(", kFontClose = "pt)";
-constexpr double kLargestSize = 100;
+constexpr int kLargestWidth = 100;  // dots
 
 /// A whole number of nothing but digits.
 std::optional<int> Digits(std::string_view text, int base = 10) {
@@ -145,7 +145,7 @@ std::string OptionWidthText(int dots) {
 
 std::optional<int> OptionWidth(std::string_view field) {
   const std::optional<int> dots = Digits(NoSpc(field.substr(0, field.find(kWidthUnit))));
-  return dots && *dots >= 1 && *dots <= kLargestSize ? dots : std::nullopt;
+  return dots && *dots >= 1 && *dots <= kLargestWidth ? dots : std::nullopt;
 }
 
 std::optional<LineStyle> OptionStyle(std::string_view field) {
@@ -164,7 +164,7 @@ std::optional<OptionFont> OptionFontOf(std::string_view field) {
   const std::size_t first = open + kFontOpen.size(), last = field.size() - kFontClose.size();
   if (last < first || !IsNumber(field.substr(first, last - first))) return std::nullopt;
   const double points = ReadReal(field.substr(first));
-  if (points < 1 || points > kLargestSize) return std::nullopt;
+  if (points < kSmallestOptionFont || points > kLargestOptionFont) return std::nullopt;
   return OptionFont{std::string(NoSpc(field.substr(0, open))), points};
 }
 

@@ -1,8 +1,10 @@
 #include "graphics/ratio_files.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "base/fault.h"
 #include "base/number.h"
@@ -44,14 +46,25 @@ std::vector<double> ParseRcRatios(std::string_view text, std::size_t members) {
   return ParseValues(text, members, 0);
 }
 
+void ReadFigureRatios(FigureModel& model, int kind, const std::string& folder) {
+  const bool steel = kind == kSteelRatioFigure;
+  const std::string path = folder + (steel ? "SIG_S" : "SIG_RC");
+  model.ratios.clear();
+  const std::string text = ReadTextFile(path);
+  const std::size_t members = model.elements.size();
+  std::vector<double> ratios = steel ? ParseSteelRatios(text, members) : ParseRcRatios(text, members);
+  // A figure of members without ratios looks like one in which all is well. In SIG_RC a member that wasn't
+  // designed has 0: there it is a text without a value.
+  const bool none = steel ? std::ranges::all_of(ratios, [](double r) { return std::isnan(r); })
+                          : ratios.empty() || std::isnan(ParseValues(text, 1, std::nan(""))[0]);
+  if (none) throw FileFault(path, "判定値のある要素がありません");
+  model.ratios = std::move(ratios);
+}
+
 bool LoadFigureRatios(FigureModel& model, int kind, const std::string& folder) try {
   model.ratios.clear();
-  if (kind == kSteelRatioFigure)
-    model.ratios = ParseSteelRatios(ReadTextFile(folder + "SIG_S"), model.elements.size());
-  else if (kind == kRcRatioFigure)
-    model.ratios = ParseRcRatios(ReadTextFile(folder + "SIG_RC"), model.elements.size());
-  else
-    return false;
+  if (kind != kSteelRatioFigure && kind != kRcRatioFigure) return false;
+  ReadFigureRatios(model, kind, folder);
   return true;
 } catch (const Fault&) {
   return false;  // the caller says which figure can't be shown

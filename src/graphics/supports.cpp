@@ -195,16 +195,20 @@ void DrawSupport(Plot& plot, Point at, std::string_view code, double size, doubl
 
 std::array<Rectangle, 3> SupportBoxes(Point at, std::string_view code, double size, double angle,
                                       SupportSide side) {
-  constexpr double kInclined = 1.15;  // of an inclined roller's box, around its middle
   const auto box = [&](double left, double top, double right, double bottom) {
     return Rectangle{at.x + left * size, at.y + top * size, at.x + right * size, at.y + bottom * size};
   };
   std::array<Rectangle, 3> boxes = {box(0, 0, 0, 0), box(0, 0, 0, 0), box(0, 0, 0, 0)};
   if (code.size() != 3) return boxes;
   if (code[0] == '4') {
-    const Point middle = Place(at, size, angle).Of(0, kReach / 2);
-    boxes[0] = {middle.x - kInclined * size, middle.y - kInclined * size, middle.x + kInclined * size,
-                middle.y + kInclined * size};
+    // The triangle, and the corners of its ground with the hatches.
+    boxes[0] = box(0, 0, 0, 0);
+    const Place place(at, size, angle);
+    const Stroke& base = kWideTriangle[2];
+    for (const Point corner : {place.Of(base.x1, base.y1), place.Of(base.x2, base.y2),
+                               place.Of(-kHalf, kReach), place.Of(kHalf, kReach)})
+      boxes[0] = {std::min(boxes[0].left, corner.x), std::min(boxes[0].top, corner.y),
+                  std::max(boxes[0].right, corner.x), std::max(boxes[0].bottom, corner.y)};
     return boxes;
   }
   if (code[1] != '0') boxes[0] = box(-kHalf, 0, kHalf, kReach);

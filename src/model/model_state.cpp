@@ -85,6 +85,7 @@ void InitModelDefaults() {
 }
 
 void ClearWork() {
+  ForgetTables();
   RemoveFilesIn(WorkPath);
 }
 

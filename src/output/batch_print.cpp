@@ -5,6 +5,7 @@
 #include "base/delimited.h"
 #include "base/fault.h"
 #include "base/number.h"
+#include "base/settings_file.h"
 #include "base/text.h"
 #include "base/text_file.h"
 #include "graphics/frame_figure.h"
@@ -108,8 +109,8 @@ std::string SelectionText(const FigureSelection& selection) {
   return text;
 }
 
-FigureSelection ParseSelection(std::string_view text) {
-  FigureSelection selection;
+FigureSelection ParseSelection(std::string_view text, const FigureSelection& blank) {
+  FigureSelection selection = blank;
   Numbers numbers(text);
   int first = kBatchMark;
   TakeWithin(numbers, kBatchMark, kRcRatioFigure, first);
@@ -131,7 +132,7 @@ void HandOverSelection(const FigureSelection& selection) {
 }
 
 std::optional<FigureSelection> HandedSelection() {
-  const std::optional<std::string> text = ReadTextFileIfAny(PathOf(kHandedFile));
+  const std::optional<std::string> text = ReadSettingsFile(PathOf(kHandedFile));
   if (!text) return std::nullopt;
   return ParseSelection(*text);
 }
@@ -144,9 +145,11 @@ void RemoveSelection() {
   }
 }
 
-FigureSelection KeptBatch() {
-  FigureSelection selection = ParseSelection(ReadTextFileIfAny(PathOf(kKeptFile)).value_or(""));
-  return selection.batch ? selection : FigureSelection();
+FigureSelection KeptBatch(int orientation) {
+  FigureSelection blank;
+  blank.orientation = orientation;
+  const FigureSelection selection = ParseSelection(ReadSettingsFile(PathOf(kKeptFile)).value_or(""), blank);
+  return selection.batch ? selection : blank;
 }
 
 std::vector<SelectedFigure> SelectedFigures(const FigureSelection& selection) {

@@ -60,9 +60,8 @@ std::optional<std::string_view> SelectionFault(const FigureSelection& selection)
 FigureSelection WithinCases(FigureSelection selection, int maxLoadCase);
 
 std::string SelectionText(const FigureSelection& selection);
-/// Total: what is missing, cut off or no number of its kind is as in a new FigureSelection, and cases are
-/// left out.
-FigureSelection ParseSelection(std::string_view text);
+/// Total: what is missing, cut off or no number of its kind is as in `blank`, and cases are left out.
+FigureSelection ParseSelection(std::string_view text, const FigureSelection& blank = {});
 
 /// Hands a choice over to the preview; that of a batch is kept for the next time. Throws FileFault.
 void HandOverSelection(const FigureSelection& selection);
@@ -70,8 +69,8 @@ void HandOverSelection(const FigureSelection& selection);
 std::optional<FigureSelection> HandedSelection();
 /// Removes it: when the preview closes.
 void RemoveSelection();
-/// The batch kept; all types off without one that can be read.
-FigureSelection KeptBatch();
+/// The batch kept; without one that can be read all types are off, on sheets of this orientation.
+FigureSelection KeptBatch(int orientation);
 
 /// A figure of a choice.
 struct SelectedFigure {

@@ -4,9 +4,12 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <ctime>
 #include <exception>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 #include <tuple>
 #include <utility>
 
@@ -19,6 +22,7 @@
 #include "model/model_state.h"
 #include "shell/folder_tree.h"
 #include "shell/folders.h"
+#include "shell/model_status.h"
 #include "shell/settings.h"
 #include "shell/windows.h"
 
@@ -87,9 +91,11 @@ std::string DataPathOf(const ProjectDialog& dialog) {
 
 /// The three parts that the boxes name; nothing if they name none, which the user was told. What a folder
 /// has is proof of its name.
-std::optional<ModelPlace> CheckNames(const ProjectDialog& dialog) {
+std::optional<ModelPlace> CheckNames(ProjectDialog& dialog) {
   const std::string project = ProjectBoxText(dialog.project), model = ModelBoxText(dialog.model);
+  dialog.projectAtFault = true;
   if (project.empty() || model.empty()) {
+    dialog.projectAtFault = project.empty();
     Tell(project.empty() ? kNoProjectName : kNoModel);
     return std::nullopt;
   }
@@ -108,6 +114,7 @@ std::optional<ModelPlace> CheckNames(const ProjectDialog& dialog) {
     if (!Consents(question, Buttons::OkCancel)) return std::nullopt;
     MakeFolder(folder);
   }
+  dialog.projectAtFault = false;
   const std::optional<std::string> there = FindName(folder, model + kDeckEnding);
   place.model = there.value_or(model + kDeckEnding);
   if (!there && (!IsUsableName(model) || !FolderTakes(folder, model + kTestEnding))) {
@@ -139,6 +146,15 @@ void CopyStoredResults(const ModelPlace& from, const ModelPlace& to) {
   FinishFolder(newResults);
 }
 
+/// Copied results are as new as their copy. Those of a former state of the model are made older than its deck
+/// again, by which the status tells them.
+void MakeOlderThanDeck(const ModelPlace& place) {
+  const std::filesystem::path forces = NativePath(BasePath(place) + kResultsEnding + "/FT031");
+  std::error_code ignored;  // without forces there is nothing to be taken for new
+  const auto deck = std::filesystem::last_write_time(NativePath(place.Deck()), ignored);
+  if (!ignored) std::filesystem::last_write_time(forces, deck - std::chrono::seconds(1), ignored);
+}
+
 bool MayOverwrite(const ModelPlace& place) {
   return !FileExists(place.Deck()) ||
          Consents("既存モデル '" + place.project + place.model + "' に上書きしてよろしいですか？",
@@ -147,10 +163,12 @@ bool MayOverwrite(const ModelPlace& place) {
 
 bool SaveUnder(const ModelPlace& place) {
   if (!MayOverwrite(place)) return false;
+  const bool stale = StateOfResults() == ResultState::Stale;
   SaveDeck(/*deleteTables=*/false, place.Deck());
   ModelChanged = false;
   try {
     CopyStoredResults(Origin(), place);
+    if (stale) MakeOlderThanDeck(place);
   } catch (const Fault& fault) {
     ReportError("CopyResults", fault.what());  // the model itself is saved
   }

@@ -7,7 +7,9 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPixmap>
+#include <QPushButton>
 #include <QTableView>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include "desktop/boxes.h"
@@ -30,6 +32,10 @@ class PicturesTest : public DesktopTest {
  protected:
   /// Looks at a window, named `name` in the folder of pictures.
   static void Look(QWidget& window, const char* name) {
+    if (QApplication::activeWindow() == nullptr) {  // behind a dialog that has ended
+      window.window()->activateWindow();
+      EXPECT_TRUE(QTest::qWaitForWindowActive(window.window()));
+    }
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     EXPECT_LE(window.width(), 1280) << name;
     EXPECT_LE(window.height(), 720) << name;
@@ -109,13 +115,33 @@ TEST_F(PicturesTest, FiguresFitASmallScreen) {
   Look(Window(), "figure-steel");
 }
 
+TEST_F(PicturesTest, WindowsSideBySideFitASmallScreen) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  for (const char* const entry : {"mnuDataItem(5)", "mnuDataItem(6)", "mnuDataItem(4)"}) Choose(entry);
+  Choose("mnuWindowItem(0)");
+  Look(Window(), "cascade");
+  QTest::keyClick(Child<QTableView>(OpenForm("InpNODE"), "grid"), Qt::Key_R, Qt::ControlModifier);
+  Look(Window(), "table-and-figure");
+  Window().Forms().Show(OpenForm("Model"));
+  for (int i = 0; i < 4; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  Look(Window(), "figure-tool");
+}
+
 TEST_F(PicturesTest, DialogsOfTheFiguresFitASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuAnalysisStatic(0)");
   OpenForm("frmKakuninText")->CloseForm();
   LookAtModal("frmModelOption", "options-model");
   Choose("minViewOption(0)");
-  LookAtModal("frmAnalysisOption", "options-results");
+  Script().Expect(QStringLiteral("frmAnalysisOption"), [this](QWidget& dialog) {
+    Look(dialog, "options-results");
+    LookAtModal("fontSize", "font-size");
+    auto* const font = Child<QPushButton>(&dialog, "row1field2");
+    QTimer::singleShot(0, font, [font] { font->click(); });
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return Script().Done() && QApplication::activeModalWidget() == &dialog; }));
+    Click(dialog, "cancel");
+  });
   Choose("minViewOption(1)");
   Choose("mnuDesignModelItem(0)");
   LookAtModal("frmDesignOption", "options-design");
@@ -137,6 +163,9 @@ TEST_F(PicturesTest, DialogsOfTheFiguresFitASmallScreen) {
   Child<QComboBox>(OpenForm("frmPrnText"), "zoom")->setCurrentText(QStringLiteral("全体表示"));
   qobject_cast<QMdiSubWindow*>(OpenForm("frmPrnText")->parentWidget())->showMaximized();
   Look(Window(), "preview-figures");
+  RemoveFile(AnalysisPath + "FT031");
+  Choose("mnuWindowItem(0)");
+  Look(Window(), "preview-empty");
 }
 
 TEST_F(PicturesTest, DialogsOfTheFileMenuFitASmallScreen) {
