@@ -170,11 +170,8 @@ TEST(Menu, MnemonicsOfOneMenuDiffer) {
 /// The first captions of the entries that are on, by command.
 std::set<Command> EntriesOn(const MenuFacts& facts) {
   std::set<Command> on;
-  for (const MenuRow& row : kMenu) {
-    MenuRow ready = row;
-    ready.ready = true;  // the rules, whatever windows are there yet
-    if (row.command != Command::None && IsOn(ready, facts)) on.insert(row.command);
-  }
+  for (const MenuRow& row : kMenu)
+    if (row.command != Command::None && IsOn(row, facts)) on.insert(row.command);
   return on;
 }
 
@@ -282,17 +279,6 @@ TEST(MenuState, EditingIsOnWithATableFormInFront) {
   EXPECT_EQ(EntriesOn(facts), Union({kAlways, kWithModel, kWithTables, kWithTableForm}));
 }
 
-TEST(MenuState, EntryWhoseWindowIsNotThereIsOffAtAnyTime) {
-  MenuFacts all = WithTables();
-  all.tableForm = all.forces = all.listing = all.steelDesign = all.concreteDesign = true;
-  for (const MenuRow& row : kMenu) {
-    if (row.command == Command::None) continue;
-    MenuRow later = row;
-    later.ready = false;
-    EXPECT_FALSE(IsOn(later, all)) << row.caption;
-  }
-}
-
 TEST(MenuState, MenuThatOpensIsOnWithAnyOfItsEntries) {
   const MenuRow* prints = nullptr;
   for (const MenuRow& row : kMenu)
@@ -346,14 +332,8 @@ TEST(InputMenu, HasAButtonForEachTable) {
                           "支点ばね", "強制変位", "剛域", "フレーム倍率", "同一変形"));
 }
 
-TEST(InputMenu, ButtonsFollowTheMenuWhoseWindowsAreThere) {
-  for (const InputButton& button : kInputButtons) {
-    if (button.command == Command::None) continue;
-    EXPECT_FALSE(IsOn(button, {})) << button.caption;
-    if (!RowOf(button.command).ready) {
-      EXPECT_FALSE(IsOn(button, WithTables())) << button.caption;
-    }
-  }
+TEST(InputMenu, ButtonsAreOffWithoutAModel) {
+  for (const InputButton& button : kInputButtons) EXPECT_FALSE(IsOn(button, {})) << button.caption;
 }
 
 TEST(MenuFactsOfTheModelInHand, AreItsHeaderAndItsResults) {
