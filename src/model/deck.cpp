@@ -66,7 +66,7 @@ std::string JoinTables(std::vector<std::string>& files) {
   for (const TableName& table : kTables) {
     const std::string file = WorkPath + std::string(table.key);
     if (!FileExists(file)) continue;
-    deck += Cp932FromUtf8(SectionLine(table)).bytes + kLineEnd;
+    deck.append(Cp932FromUtf8(SectionLine(table)).bytes).append(kLineEnd);
     const std::string bytes = ReadBytes(file);
     std::string_view rest = bytes;
     while (const std::optional<std::string_view> line = TakeLine(rest)) deck.append(*line).append(kLineEnd);
