@@ -243,9 +243,9 @@ TEST_F(FiguresTest, ADesignFigureInWhichNoMemberHasARatioSaysSo) {
     Choose("mnuDesignModelItem(0)");
     EXPECT_EQ(note(), missing);
   }
-  DispOption.range.yUpper = 1;  // this is told where nothing graver is
+  DispOption.range.yUpper = 1;  // this is told behind what is graver
   Window("ModelS")->FollowOptions();
-  EXPECT_EQ(note(), missing);
+  EXPECT_EQ(note(), missing + QStringLiteral("　表示範囲を限っています"));
   DispOption.range = {};
   ReplaceBytes(AnalysisPath + "SIG_S", "0.5\r\n");
   Choose("mnuDesignModelItem(0)");
