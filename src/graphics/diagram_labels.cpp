@@ -121,7 +121,7 @@ std::vector<ValueLabels::Label*> ValueLabels::StandInCrowds() {
 
 /// The best of several rounds.
 void ValueLabels::Place(std::vector<Label*> order) {
-  constexpr int kRounds = 6;
+  constexpr int kRounds = 4;
   if (order.empty()) return;
   const LabelField before = field_;
   Covered fewest = Covered::Everything();

@@ -42,20 +42,29 @@ LabelField::Cells LabelField::CellsOf(const Rectangle& box) const {
           std::min(CellAt(box.bottom - area_.top, perTwip_, rows_), rows_ - 1)};
 }
 
-Covered LabelField::CoveredBy(const Rectangle& box, const Covered& limit) const {
-  Covered covered;
-  const Cells c = CellsOf(box);
-  if (c.left > c.right) return covered;
+int LabelField::Count(const Cells& c, std::uint64_t Word::*bits, int limit) const {
+  int count = 0;
   for (int word = c.left / kBits; word <= c.right / kBits; ++word) {
     const std::uint64_t mask = Mask(word, c.left, c.right);
     const Word* at = words_.data() + c.top * wordsOfRow_ + word;
     for (int row = c.top; row <= c.bottom; ++row, at += wordsOfRow_) {
-      if (((at->texts | at->lines) & mask) == 0) continue;
-      covered.texts += std::popcount(at->texts & mask);
-      covered.lines += std::popcount(at->lines & mask);
-      if (!(covered < limit)) return covered;
+      const std::uint64_t found = at->*bits & mask;
+      if (found == 0) continue;
+      count += std::popcount(found);
+      if (count > limit) return count;
     }
   }
+  return count;
+}
+
+Covered LabelField::CoveredBy(const Rectangle& box, const Covered& limit) const {
+  constexpr int kAll = std::numeric_limits<int>::max();
+  Covered covered;
+  const Cells c = CellsOf(box);
+  if (c.left > c.right) return covered;
+  covered.texts = Count(c, &Word::texts, limit.texts);
+  if (covered.texts <= limit.texts)
+    covered.lines = Count(c, &Word::lines, covered.texts < limit.texts ? kAll : limit.lines);
   return covered;
 }
 

@@ -64,6 +64,8 @@ class LabelField {
     int left, top, right, bottom;
   };
   Cells CellsOf(const Rectangle& box) const;
+  /// The cells of a kind, or some number above `limit`.
+  int Count(const Cells& cells, std::uint64_t Word::*bits, int limit) const;
   template <class Use>
   void ForCellsOn(Point from, Point to, Use use) const;
   void Fill(const Rectangle& box, std::uint64_t Word::*bits);
