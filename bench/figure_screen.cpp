@@ -37,15 +37,15 @@ Figure ReadFrame(int kind) {
 
 /// What the window of the figure does for a redraw.
 void Redraw(Figure& figure, QImage& image) {
+  static FigurePicture picture{Surface{}};
   Surface surface;
   surface.width = kWidth * 15;
   surface.height = kHeight * 15;
-  FigurePicture picture(surface);
+  picture.Clear(surface);
   Plot plot(picture);
   DrawFrameFigure(plot, "PICTURE1", figure);
   image.fill(Qt::white);
-  QPainter painter(&image);
-  PaintPicture(painter, picture, ScreenStyle(1));
+  PaintPicture(image, picture, ScreenStyle(1));
 }
 
 void RedrawOnScreen(benchmark::State& state) {

@@ -11,6 +11,7 @@
 
 #include "graphics/frame_figure.h"
 #include "graphics/picking.h"
+#include "render/figure_picture.h"
 
 class QRubberBand;
 
@@ -40,6 +41,8 @@ class FigureView : public QWidget {
 
   /// What is marked as picked.
   void Mark(std::optional<Pick> pick);
+  /// Moves the figure, no further than it must, so that what is marked is in sight.
+  void Reveal();
   const std::optional<Pick>& Marked() const { return marked_; }
   /// Whether the whole figure is in sight because nobody has moved it.
   bool IsFitted() const { return fitted_; }
@@ -54,6 +57,10 @@ class FigureView : public QWidget {
   void clicked(const std::optional<zorlan::Pick>& pick);
   /// A double click on what is picked; anywhere else it shows all.
   void opened(const zorlan::Pick& pick);
+  /// Enter on what is picked.
+  void entered(const zorlan::Pick& pick);
+  /// N and M: the next (1) or former (-1) node or member.
+  void walked(zorlan::Pick::What what, int step);
   /// PageUp and PageDown: so many load cases on.
   void caseAsked(int steps);
   /// The figure lies elsewhere in the widget.
@@ -79,11 +86,12 @@ class FigureView : public QWidget {
   void PaintMark(QPainter& painter) const;
 
   Figure figure_;
-  QImage kept_;          // the figure as it was drawn last
-  View keptView_;        // the view that it was drawn with
-  bool fitted_ = true;   // the window follows the widget's size until the user moves it
-  QTimer rest_;          // the figure is drawn anew when it has come to rest
-  double drawTime_ = 0;  // ms of the last drawing
+  FigurePicture picture_{Surface{}};  // of the figure as it was drawn last
+  QImage kept_;                       // on dots
+  View keptView_;                     // the view that it was drawn with
+  bool fitted_ = true;                // the window follows the widget's size until the user moves it
+  QTimer rest_;                       // the figure is drawn anew when it has come to rest
+  double drawTime_ = 0;               // ms of the last drawing
 
   Hand hand_ = Hand::Pick;
   bool space_ = false;             // the space bar is held: the left button moves

@@ -40,6 +40,12 @@ class Form : public QWidget {
   /// Called behind every command: a form that shows a file shows it as it is now.
   virtual void Renew() {}
 
+  /// Whether it holds what isn't committed to the model's tables.
+  virtual bool IsChanged() const { return false; }
+
+  /// Called whenever the state of the model in hand may have changed: what the form says of it follows.
+  virtual void FollowState() {}
+
   /// An entry of the Edit menu. A form without a grid does it in the box that has the focus.
   virtual void Edit(Command command);
 
@@ -47,8 +53,14 @@ class Form : public QWidget {
   /// What must hold before the form may close; it has told the user why not.
   virtual bool Commit() { return true; }
 
+  /// Tells in the status bar what succeeded and can't be seen.
+  void Say(const QString& text);
+
   /// What takes the keys when the form comes to the front. (A focus proxy would hold Tab there.)
   void SetFirst(QWidget* widget) { first_ = widget; }
+
+  /// To be called behind every edit: the windows tell at once that there is something to commit.
+  void NoteEdit();
 
   void closeEvent(QCloseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -57,6 +69,7 @@ class Form : public QWidget {
  private:
   QWidget* first_ = nullptr;
   bool unloading_ = false;
+  bool edited_ = false;  // as the windows were told
 };
 
 /// The area of the child windows.
@@ -78,11 +91,17 @@ class FormArea : public QMdiArea {
   /// A form whose content has changed becomes as large as it asks for (Grow: no smaller than it is), as far
   /// as the area has room, and is moved into it.
   void Fit(Form* form, Fitting fitting);
+  /// Shows a form beside the one in front, which keeps the keys: neither hides the other as far as there is
+  /// room for both.
+  void ShowBeside(Form* form, Form* front);
   /// Unloads the forms of the model in hand.
   void UnloadAll();
   /// Closes the others; false as soon as one refuses.
   bool CloseOthers();
   void RenewAll();
+  /// Whether one of them holds what isn't committed.
+  bool AnyChanged() const;
+  void FollowState();
   /// Every form but those named takes input, or takes none.
   void SetFormsEnabled(bool enabled, const std::vector<std::string>& except);
 
@@ -92,13 +111,17 @@ class FormArea : public QMdiArea {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   std::vector<Form*> Forms() const;
   /// The frames to be arranged, the one in front first, and the room for them.
   std::vector<QMdiSubWindow*> FramesToArrange() const;
   QRect RoomToArrange() const;
+  QSize RoomInFrame() const;  // for a form
   void Place(QMdiSubWindow* frame, const std::string& name);
+  /// Gives two frames places that don't overlap, if there is room for both.
+  void Part(QMdiSubWindow* frame, QMdiSubWindow* kept) const;
 
   QPoint cascade_;  // of the form opened last, in twips
   std::unique_ptr<QStyle> frameStyle_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 #include <QAbstractButton>
 #include <QBoxLayout>
 #include <QButtonGroup>
@@ -117,8 +118,13 @@ TitleForm::TitleForm(std::string_view key)
   rows_->addRow(windowTitle(), title_);
   rows_->addRow(QString(), below);
   connect(title_, &QLineEdit::textChanged, this, &TitleForm::ShowWidth);
+  connect(title_, &QLineEdit::textChanged, this, &TitleForm::NoteEdit);
   ShowWidth();
   SetFirst(title_);
+}
+
+bool TitleForm::IsChanged() const {
+  return FromQt(title_->text()) != loaded_;
 }
 
 void TitleForm::ShowWidth() {
@@ -178,6 +184,7 @@ void InpCONT::Take(ControlField field, int index) {
     Tell(fault.what());
   }
   ShowEntry();
+  NoteEdit();
   if (!TablesCanBeEntered(entry_)) return;
   TakeControl(entry_);
   HeaderChanged();
@@ -222,6 +229,7 @@ InpUNIT::InpUNIT() : OneRowForm("InpUNIT", "単位"), loaded_(LoadUnit()) {
   connect(force_, &QComboBox::currentIndexChanged, this,
           [this](int index) { Take(UnitField::Force, index); });
   rows_->addRow(ToQt(UnitChoiceOf(UnitField::Force, 0).title), force_);
+  connect(factor_, &QLineEdit::textChanged, this, &InpUNIT::NoteEdit);
   QAbstractButton* const chosen = input_->checkedButton();
   SetFirst(chosen != nullptr ? chosen : input_->button(0));
 }

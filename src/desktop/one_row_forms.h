@@ -40,6 +40,7 @@ class TitleForm : public OneRowForm {
  public:
   /// `key` is "TITL" or "SUBT".
   explicit TitleForm(std::string_view key);
+  bool IsChanged() const override;
 
  protected:
   bool Save() override;
@@ -56,6 +57,7 @@ class InpCONT : public OneRowForm {
   Q_OBJECT
  public:
   InpCONT();
+  bool IsChanged() const override { return entry_ != loaded_; }
 
  protected:
   bool Save() override;
@@ -75,6 +77,7 @@ class InpUNIT : public OneRowForm {
   Q_OBJECT
  public:
   InpUNIT();
+  bool IsChanged() const override { return Entry() != loaded_; }
 
  protected:
   bool Save() override;

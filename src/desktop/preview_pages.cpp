@@ -9,6 +9,7 @@
 
 #include "base/text_file.h"
 #include "desktop/hush.h"
+#include "graphics/ratio_files.h"
 #include "model/model_state.h"
 #include "output/dxf_page.h"
 #include "output/print_flag.h"
@@ -34,12 +35,9 @@ void PaintOnDots(QPainter& painter, const FigurePicture& picture, const QSizeF& 
   if (part.isEmpty()) return;
   QImage image((QSizeF(part.size()) * ratio).toSize(), QImage::Format_RGB32);
   image.fill(Qt::white);
-  {
-    PictureStyle style = SheetStyle(toPixels.m11() * ratio * kUnitsPerTwip);
-    style.origin = (whole.topLeft() - part.topLeft()) * ratio;
-    QPainter dots(&image);
-    PaintPicture(dots, picture, style);
-  }
+  PictureStyle style = SheetStyle(toPixels.m11() * ratio * kUnitsPerTwip);
+  style.origin = (whole.topLeft() - part.topLeft()) * ratio;
+  PaintPicture(image, picture, style);
   image.setDevicePixelRatio(ratio);
   painter.save();
   painter.setWorldTransform(QTransform());
@@ -98,8 +96,11 @@ bool ListingPages::Renew() {
 
 FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout,
                              std::optional<View> shown)
-    : figure_(std::move(figure)), sheets_(SheetsOf(PrinterSettings, std::move(figures), layout)) {
+    : figure_(std::move(figure)),
+      chosen_(std::move(figures)),
+      sheets_(SheetsOf(PrinterSettings, chosen_, layout)) {
   sheets_.shown = shown;
+  files_.Look();
   RecordSheet(sheets_, 0,
               figure_);  // what there is to tell of the model is told here, and not while painting
 }
@@ -112,6 +113,40 @@ void FigurePreview::LayOut() {
   const std::optional<View> shown = sheets_.shown;
   sheets_ = SheetsOf(PrinterSettings, std::move(sheets_.figures), sheets_.layout);
   sheets_.shown = shown;
+}
+
+/// Reads what the figures chosen are drawn from; answers why there is nothing to draw.
+std::optional<std::string_view> FigurePreview::ReadData() {
+  FigureModel& model = figure_.model;
+  model = ReadFigureTables();
+  if (model.nodes.empty()) return "表示するモデルがありません";
+  const auto among = [this](int first, int last) {
+    return std::ranges::find_if(
+        chosen_, [&](const SelectedFigure& figure) { return figure.kind >= first && figure.kind <= last; });
+  };
+  if (among(kDisplacementFigure, kMomentFigure) != chosen_.end() && !LoadFigureResults(model, AnalysisPath))
+    return kNoFittingResults;
+  const auto ratios = among(kSteelRatioFigure, kRcRatioFigure);
+  if (ratios != chosen_.end() && !LoadFigureRatios(model, ratios->kind, AnalysisPath))
+    return "断面算定の結果がありません";
+  sheets_.figures = chosen_;
+  std::erase_if(sheets_.figures, [&](const SelectedFigure& figure) {
+    return HasLoadCase(figure.kind) && figure.loadCase > model.maxLoadCase;
+  });
+  if (sheets_.figures.empty()) return "選択した荷重ケースがありません";
+  return std::nullopt;
+}
+
+bool FigurePreview::Renew() {
+  if (!files_.Changed()) return false;
+  files_.Look();
+  const Hush hush;  // nobody has asked for the figures now
+  sheets_.figures.clear();
+  const std::optional<std::string_view> lacking = ReadData();
+  if (!lacking) RecordSheet(sheets_, 0, figure_);
+  note_ = ToQt(lacking.value_or(hush.Message())).section(QLatin1Char('\n'), 0, 1);
+  note_.replace(QLatin1Char('\n'), QLatin1String("　"));
+  return true;
 }
 
 QSize FigurePreview::Sheet() const {

@@ -53,9 +53,11 @@ ProjectDialogWindow::ProjectDialogWindow(ProjectDialog& dialog, QWidget* parent)
   connect(&lookSoon_, &QTimer::timeout, this, &ProjectDialogWindow::ShowInformation);
   ShowInformation();
   RestoreDialog(*this, kPlaceName, QSize(860, 560));
-  (dialog_.mode == DialogMode::SaveNew || dialog_.mode == DialogMode::SaveAs ? static_cast<QWidget*>(model_)
-                                                                             : tree_)
-      ->setFocus();
+  const bool saves = dialog_.mode == DialogMode::SaveNew || dialog_.mode == DialogMode::SaveAs;
+  if (saves)
+    (project_->text().isEmpty() ? project_ : model_)->setFocus();
+  else
+    tree_->setFocus();
 }
 
 void ProjectDialogWindow::Build() {
@@ -136,7 +138,10 @@ void ProjectDialogWindow::ShowInformation() {
 
 void ProjectDialogWindow::accept() {
   TakeBoxes();
-  if (AcceptProjectDialog(dialog_)) QDialog::accept();
+  if (AcceptProjectDialog(dialog_)) return QDialog::accept();
+  QLineEdit* const atFault = dialog_.projectAtFault ? project_ : model_;
+  atFault->setFocus();
+  atFault->selectAll();
 }
 
 void ProjectDialogWindow::done(int result) {

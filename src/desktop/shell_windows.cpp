@@ -70,6 +70,7 @@ void InstallMainWindow(MainWindow& window) {
   ShellWindows table;
   table.openForms = [&forms] { return forms.Names(); };
   table.closeForm = [&forms](const std::string& name) { return CloseFormOf(forms, name); };
+  table.formsChanged = [&forms] { return forms.AnyChanged(); };
   table.unloadForms = [&forms] { forms.UnloadAll(); };
   table.projectDialog = [&window](ProjectDialog& dialog) { ProjectDialogWindow(dialog, &window).exec(); };
   table.folderDialog = [&window](FolderDialog& dialog) { FolderDialogWindow(dialog, &window).exec(); };
@@ -80,6 +81,7 @@ void InstallMainWindow(MainWindow& window) {
   table.openModelFigure = [&window] { OpenModelFigure(window); };
   table.dropFigureData = [&window] { DropFigureData(window); };
   table.drawTyped = [&window](const std::vector<TypedTable>& typed) { DrawTyped(window, typed); };
+  table.markInFigure = [&window](std::string_view key, int number) { MarkInFigure(window, key, number); };
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
   table.takeNodes = [&window](const std::vector<int>& nodes) { return TakePickedNodes(window, nodes); };

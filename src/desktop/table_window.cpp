@@ -61,8 +61,9 @@ TableWindow::~TableWindow() {
 
 QLayout* TableWindow::ButtonRow() {
   auto* const row = new QHBoxLayout;
-  auto* const redraw = Button("再描画", "redraw", "入力中のデータをモデル図に表示します (Ctrl+R)");
-  connect(redraw, &QPushButton::clicked, this, &TableWindow::Redraw);
+  auto* const redraw =
+      Button("再描画", "redraw", "入力中のデータと、カーソル行の節点や要素を、モデル図に表示します (Ctrl+R)");
+  connect(redraw, &QPushButton::clicked, this, &TableWindow::ShowInFigure);
   row->addWidget(redraw);
   if (editor_.Form().name == "InpSECT") {
     auto* const section = Button("断面性能入力", "sectionEntry", "カーソル行の断面を表から選びます (F4)");
@@ -117,7 +118,11 @@ void TableWindow::Build() {
 
 void TableWindow::Connect() {
   connect(view_, &TableView::stored, this, &TableWindow::Store);
-  connect(view_, &TableView::typed, this, [this] { editor_.MarkChanged(); });
+  connect(view_, &TableView::typed, this, [this] {
+    editor_.MarkChanged();
+    NoteEdit();
+  });
+  connect(model_, &TableModel::dataChanged, this, &TableWindow::NoteEdit);
   connect(view_, &TableView::refused, this,
           [this] { Hint(ToQt(MaskHint(editor_.ColumnAt(view_->Current().column).mask))); });
   connect(view_, &TableView::movedTo, this, &TableWindow::Explain);
@@ -137,7 +142,7 @@ void TableWindow::Connect() {
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
     connect(shortcut, &QShortcut::activated, this, action);
   };
-  key(Qt::CTRL | Qt::Key_R, &TableWindow::Redraw);
+  key(Qt::CTRL | Qt::Key_R, &TableWindow::ShowInFigure);
   if (editor_.Form().name == "InpSECT") key(Qt::Key_F4, &TableWindow::EnterSection);
   if (groups_ != nullptr)
     key(Qt::CTRL | Qt::Key_G, [this] {
@@ -254,14 +259,18 @@ void TableWindow::FindFault() {
   Hint(ToQt(fault->message));
 }
 
-void TableWindow::Redraw() {
-  view_->CloseBox();
+void TableWindow::RunRedrawStep() {
   try {
     editor_.RunRedrawStep();
   } catch (const std::exception& fault) {
     Tell(fault.what());
   }
   if (editor_.Form().dropsListing) LookAtListing();
+}
+
+void TableWindow::Redraw() {
+  view_->CloseBox();
+  RunRedrawStep();
   std::vector<TypedTable> tables = {{TableKey(editor_.Form()), editor_.Rows()}};
   if (editor_.Form().name == "InpELEM")
     if (TableWindow* const nodes = OpenWindowOf(window_, "InpNODE"))
@@ -270,9 +279,27 @@ void TableWindow::Redraw() {
   TheWindows().refresh();
 }
 
+void TableWindow::ShowInFigure() {
+  Redraw();
+  Form* const figure = window_.Forms().Find("Model");
+  if (figure == nullptr) return;
+  window_.Forms().ShowBeside(figure, this);
+  const CellPlace at = view_->Current();
+  const int number = static_cast<int>(editor_.View(at.page, at.row).Real(1));
+  const std::string_view key = editor_.Form().keyBlank;  // the word for what the rows are of
+  for (const std::string_view table : {"NODE", "ELEM"})
+    if (key == FindTableForm("Inp" + std::string(table))->keyBlank) TheWindows().markInFigure(table, number);
+}
+
 void TableWindow::RedrawCommitted() {
+  RunRedrawStep();
+  std::vector<TypedTable> tables;
+  if (editor_.Form().name == "InpELEM")  // its ends may be nodes that are only typed yet
+    if (TableWindow* const nodes = OpenWindowOf(window_, "InpNODE"); nodes != nullptr && nodes->IsChanged())
+      tables.push_back({"NODE", nodes->editor_.Rows()});
+  TheWindows().refresh();
   try {
-    Redraw();
+    TheWindows().drawTyped(tables);
   } catch (const std::exception& fault) {
     Tell(fault.what());  // the table stands; a figure that can't be drawn doesn't hold the form
   }
@@ -282,7 +309,8 @@ bool TableWindow::Commit() {
   view_->CloseBox();
   std::optional<CellPlace> place;
   try {
-    const CommitEnd end = editor_.Commit(place);
+    const CommitEnd end =
+        editor_.Commit(place, [this](const CellPlace& fault) { GoTo(fault, /*middle=*/true); });
     if (end == CommitEnd::Written) RedrawCommitted();
     if (end != CommitEnd::Refused) return true;
   } catch (const std::exception& fault) {

@@ -28,6 +28,7 @@ class TableWindow : public Form {
   TableView& View() { return *view_; }
 
   void Edit(Command command) override;
+  bool IsChanged() const override { return editor_.Changed(); }
   /// The header of the model in hand has changed.
   void Follow();
   /// Goes to the row of a number in the key column. False: there is none.
@@ -37,8 +38,10 @@ class TableWindow : public Form {
   /// A member picked in the figure: its number goes into the current row, in InpELEM the cursor to its row.
   /// False: the table has no members.
   bool TakeElement(int number);
-  /// The redraw button: the figure shows the rows as they are typed.
+  /// The figure shows the rows as they are typed.
   void Redraw();
+  /// The redraw button: the same beside the table, with the node or member of the current row marked.
+  void ShowInFigure();
 
   QSize sizeHint() const override;
 
@@ -46,8 +49,9 @@ class TableWindow : public Form {
   bool Commit() override;
 
  private:
-  /// The same behind a commit, which stands whatever becomes of the figure.
+  /// The same behind a commit, which stands whatever becomes of the figure: it shows the tables' files again.
   void RedrawCommitted();
+  void RunRedrawStep();
   QLayout* ButtonRow();
   void Build();
   void Connect();

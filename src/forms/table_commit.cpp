@@ -1,7 +1,5 @@
 // The row check and the commit of a table form.
-#include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include "base/cp932.h"
 #include "base/host.h"
@@ -77,7 +75,7 @@ std::optional<RowFault> TableEditor::NearestFault(const CellPlace& place) const 
   return std::nullopt;
 }
 
-std::optional<RowFault> TableEditor::CheckPage(int page, Step& fixes) {
+std::optional<RowFault> TableEditor::CheckPage(int page, Step& fixes, const ShowPlace& show) {
   const int last = LastKeyRow(page);
   for (int row = 1; row <= last; ++row) {
     if (const std::optional<RowFault> fault = FaultOf(page, row)) return fault;
@@ -85,11 +83,14 @@ std::optional<RowFault> TableEditor::CheckPage(int page, Step& fixes) {
     if (IsBlank(page, row)) continue;
     for (const RowFix& fix : form_->fixes)
       if (fix.applies(view)) Put(fixes, {page, row, fix.column}, std::string(fix.text));
-    for (const RowQuestion& question : form_->questions)
-      if (question.asks(View(page, row)) &&
-          TheHost().question(question.text(View(page, row)), kApplicationTitle, Buttons::YesNo) !=
-              Answer::Yes)
-        return RowFault{{page, row, question.column}, {}};
+    for (const RowQuestion& question : form_->questions) {
+      if (!question.asks(View(page, row))) continue;
+      const CellPlace place = {page, row, question.column};
+      show(place);
+      if (TheHost().question(question.text(View(page, row)), kApplicationTitle, Buttons::YesNo) !=
+          Answer::Yes)
+        return RowFault{place, {}};
+    }
   }
   return std::nullopt;
 }
@@ -101,13 +102,14 @@ std::optional<CellPlace> TableEditor::KeylessRow() const {
   return std::nullopt;
 }
 
-bool TableEditor::AgreesToLoss(std::optional<CellPlace>& fault) const {
+bool TableEditor::AgreesToLoss(std::optional<CellPlace>& fault, const ShowPlace& show) const {
   const auto agrees = [](const std::string& text) {
     return TheHost().question(text + "\n良いですか？", kApplicationTitle, Buttons::YesNo) == Answer::Yes;
   };
   if (const std::string unshown = UnshownText(); !unshown.empty())
     if (!agrees(std::string(form_->caption) + "に" + unshown + "。保存すると失われます")) return false;
   if (const std::optional<CellPlace> keyless = KeylessRow()) {
+    show(*keyless);
     const std::string page = PageTitle(form_->pages, keyless->page);
     const std::string where = (page.empty() ? page : page + " の ") + std::to_string(keyless->row) + "行目";
     if (!agrees(where + "は" + ColumnAt(1).title + "がないため、保存されません")) {
@@ -118,19 +120,20 @@ bool TableEditor::AgreesToLoss(std::optional<CellPlace>& fault) const {
   return true;
 }
 
-CommitEnd TableEditor::Commit(std::optional<CellPlace>& fault) {
+CommitEnd TableEditor::Commit(std::optional<CellPlace>& fault, const ShowPlace& show) {
   fault.reset();
   if (!changed_) return CommitEnd::Nothing;
   Step fixes;
   std::optional<RowFault> failed;
-  for (int page = 1; page <= PageCount() && !failed; ++page) failed = CheckPage(page, fixes);
+  for (int page = 1; page <= PageCount() && !failed; ++page) failed = CheckPage(page, fixes, show);
   Finish(std::move(fixes));
   if (failed) {
+    show(failed->place);
     if (!failed->message.empty()) TheHost().message(failed->message + "！！！", form_->caption);
     fault = failed->place;
     return CommitEnd::Refused;
   }
-  if (!AgreesToLoss(fault)) return CommitEnd::Refused;
+  if (!AgreesToLoss(fault, show)) return CommitEnd::Refused;
   TableRows = Rows();
   TableRowCount = static_cast<int>(TableRows.size());
   TableIO(/*write=*/true, TableKey(*form_));

@@ -3,6 +3,7 @@
 // box and asks this value for everything else.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -109,8 +110,11 @@ class TableEditor {
   std::optional<RowFault> NearestFault(const CellPlace& place) const;
 
   /// Checks the rows and writes the table if something was changed. What fails is told, and `fault` says
-  /// where; nothing is written then. Throws FileFault; the table is as it was.
-  CommitEnd Commit(std::optional<CellPlace>& fault);
+  /// where; nothing is written then. `show` is called with the place before a box speaks of it. Throws
+  /// FileFault; the table is as it was.
+  using ShowPlace = std::function<void(const CellPlace&)>;
+  CommitEnd Commit(
+      std::optional<CellPlace>& fault, const ShowPlace& show = [](const CellPlace&) {});
 
   /// What a redraw does to the model's files, by button and behind a commit. Throws FileFault.
   void RunRedrawStep() const;
@@ -165,11 +169,11 @@ class TableEditor {
   std::string_view KeyFault(const RowView& row) const;
   std::string TextFault(int column, std::string_view text) const;
   /// Checks the rows of a page down to the last with a key, fixes and asks as the form wants.
-  std::optional<RowFault> CheckPage(int page, Step& fixes);
+  std::optional<RowFault> CheckPage(int page, Step& fixes, const ShowPlace& show);
   /// The first row with texts below the last with a key: a commit doesn't reach it.
   std::optional<CellPlace> KeylessRow() const;
   /// Asks about everything that a commit would lose; `fault` says where the cursor goes.
-  bool AgreesToLoss(std::optional<CellPlace>& fault) const;
+  bool AgreesToLoss(std::optional<CellPlace>& fault, const ShowPlace& show) const;
 
   const TableForm* form_;
   FormSetting setting_;

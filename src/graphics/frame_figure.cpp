@@ -160,7 +160,8 @@ void DrawNodes(Plot& plot, const Figure& figure, LabelField& labels) {
     const Point p = figure.view.ToFigure(figure.place[n]);
     if (const std::string_view code = SupportSymbol(node.code); code != "000") {
       DrawSupport(plot, p, code, size, node.rollerAngle, option.colour, sides[n]);
-      for (const Rectangle& box : SupportBoxes(p, code, size, node.rollerAngle, sides[n])) labels.Take(box);
+      for (const Rectangle& box : SupportBoxes(p, code, size, node.rollerAngle, sides[n]))
+        labels.TakeMark(box);
     }
     if (!option.visible) continue;
     PlotCircle(plot, p.x, p.y, radius, option.colour, /*filled=*/true);

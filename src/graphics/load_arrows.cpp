@@ -1,6 +1,7 @@
 #include "graphics/load_arrows.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <functional>
 #include <numbers>
@@ -65,9 +66,24 @@ void PlacesOfNote(const LoadNote& note, double w, double h, double side, std::ve
 
 }  // namespace
 
-LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes,
+Side SideOf(Point way) {
+  if (std::abs(way.x) > std::abs(way.y)) return way.x > 0 ? kRight : kLeft;
+  return way.y > 0 ? kBelow : kAbove;
+}
+
+void DrawnLoads::Reach(int node, Side side, double height) {
+  double& known =
+      reach[static_cast<std::size_t>(node)][static_cast<std::size_t>(std::countr_zero<unsigned>(side))];
+  known = std::max(known, height);
+}
+
+double DrawnLoads::ReachAt(int node, Side side) const {
+  return reach[static_cast<std::size_t>(node)][static_cast<std::size_t>(std::countr_zero<unsigned>(side))];
+}
+
+LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoads& drawn,
                   const LineOption& line) {
-  return {plot, figure, labels, notes, line, ArrowLength(figure)};
+  return {plot, figure, labels, drawn, line, ArrowLength(figure)};
 }
 
 void DrawArrow(const LoadPen& pen, Point tip, Point along, double length, int heads) {
@@ -98,13 +114,17 @@ void DrawTurn(const LoadPen& pen, Point centre, double radius, bool counterClock
   });
   const double end = (counterClockwise ? kStart + kSweep : kStart);
   DrawHead(pen, from, {-way * std::sin(end), -way * std::cos(end)}, kSideShare * radius);
-  pen.labels.Take({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
+  pen.labels.TakeMark({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
 }
 
 void WriteNotes(Plot& plot, const Figure& figure, LabelField& labels, const std::vector<LoadNote>& notes) {
   const TextOption& option = figure.options.loadValue;
   if (!option.visible) return;
   PlotSetFont(plot, option.Height());
+  const double height = TextHeight(option.Height());
+  const auto width = [&](const LoadNote& note) { return TextWidth(note.text, option.Height()); };
+  Crowding crowding(labels.Area());
+  for (const LoadNote& note : notes) crowding.Add(note.strokes[0].end, width(note), height);
   const Rectangle visible = {plot.clip.left - plot.OffsetX, plot.clip.top - plot.OffsetY,
                              plot.clip.right - plot.OffsetX, plot.clip.bottom - plot.OffsetY};
   const auto liesIn = [&](const Rectangle& box) {
@@ -113,9 +133,9 @@ void WriteNotes(Plot& plot, const Figure& figure, LabelField& labels, const std:
   };
   std::vector<Rectangle> boxes;
   for (const LoadNote& note : notes) {
-    PlacesOfNote(note, TextWidth(note.text, option.Height()), TextHeight(option.Height()),
-                 kSideShare * ArrowLength(figure) / 2, boxes);
+    PlacesOfNote(note, width(note), height, kSideShare * ArrowLength(figure) / 2, boxes);
     if (std::ranges::any_of(boxes, liesIn)) std::erase_if(boxes, std::not_fn(liesIn));
+    if (crowding.IsFull(note.strokes[0].end)) boxes.resize(1);
     const Rectangle& place = boxes[labels.Place(boxes)];
     PlotText(plot, place.left, place.top, note.text, option.colour);
   }

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <optional>
 
 #include "graphics/diagram_curves.h"
 #include "graphics/diagram_labels.h"
@@ -53,8 +54,9 @@ void DrawRatioData(Plot& plot, const Figure& figure, LabelField& labels) {
     place.along = {line->cosine, -line->sine};
     place.room = line->L / 3;
     place.angle = LabelAngle(*line);
-    values.Write(place, member.ratio);
+    values.Add(place, member.ratio);
   }
+  values.Write();
 }
 
 }  // namespace zorlan

@@ -5,6 +5,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/model_rec.h"
 
@@ -22,9 +23,24 @@ int SplitFields(std::string_view line, Fields& fields);
 /// What is left of a deck line: without its comment and the blanks around it.
 std::string_view DeckLine(std::string_view line);
 
+/// A table of a deck: its name in upper case, and its rows as the text of a table file.
+struct DeckTable {
+  std::string name, text;
+};
+
+/// The tables of a deck's text, in the order in which their sections come first; a section that comes again
+/// starts its table anew. Comments are left out, and sections whose name can't be that of a file.
+std::vector<DeckTable> SplitDeck(std::string_view deck);
+
+/// Why the bytes of a file aren't a deck, in the user's words: no table in them, or an encoding that would
+/// lose some. Empty for a deck.
+std::string WhyNoDeck(std::string_view bytes);
+
 /// Joins the table files of the work folder into a deck. `path` empty: the deck of the model in hand. With
-/// `deleteTables` each table file is removed once the deck stands. Throws FileFault; the old deck is whole
-/// then, and the tables are there.
+/// `deleteTables` each table file is removed once the deck stands. A deck that already stands so isn't
+/// written again and keeps its time. Throws Fault when tables have vanished from the work folder, when
+/// nothing at all would take a deck's place, and when the deck of the model in hand would lose its control
+/// data or was no deck; throws FileFault. The old deck is whole then, and the tables are there.
 void SaveDeck(bool deleteTables = false, const std::string& path = {});
 
 /// Empties the work folder and splits the deck of the model in hand into table files; a missing deck leaves

@@ -1,5 +1,7 @@
 #include "model/table_file.h"
 
+#include <set>
+
 #include "base/number.h"
 #include "base/text.h"
 #include "base/text_file.h"
@@ -13,6 +15,8 @@ int TableRowCount = 0;
 namespace {
 
 constexpr std::string_view kTenBlanks = "          ";
+
+std::set<std::string> Given;  // paths of the table files that the work folder was given
 
 /// The text as a cell keeps it: without blanks around it, and with a 0 in front of a bare point if its value
 /// is not 0.
@@ -69,7 +73,7 @@ std::string TableText(const std::vector<TableRow>& rows, int count) {
     std::string_view shown = NoSpc(line);
     while (shown.ends_with(',')) shown.remove_suffix(1);
     text += shown;
-    text += "\r\n";
+    text += kLineEnd;
   }
   return text;
 }
@@ -82,9 +86,32 @@ void TableIO(bool write, std::string_view key) {
     TableRowCount = static_cast<int>(TableRows.size());
   } else if (TableRowCount < 1) {
     RemoveFile(path);
+    NoteTable(key, /*there=*/false);
   } else {
     ReplaceTextFile(path, TableText(TableRows, TableRowCount), Flush::No);
+    NoteTable(key, /*there=*/true);
   }
+}
+
+void NoteTable(std::string_view key, bool there) {
+  const std::string path = WorkPath + std::string(key);
+  if (there)
+    Given.insert(path);
+  else
+    Given.erase(path);
+}
+
+void ForgetTables() {
+  Given.clear();
+}
+
+std::vector<std::string> VanishedTables() {
+  std::vector<std::string> names;
+  for (const TableName& table : kTables) {
+    const std::string path = WorkPath + std::string(table.key);
+    if (Given.contains(path) && !FileExists(path)) names.emplace_back(table.comment.substr(1));
+  }
+  return names;
 }
 
 }  // namespace zorlan

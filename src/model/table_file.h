@@ -53,6 +53,14 @@ extern int TableRowCount;                // how many of them are in use
 /// comment behind "%" becomes a cell when read, and goes out as an ordinary cell. Throws FileFault.
 void TableIO(bool write, std::string_view key);
 
+/// Keeps in mind that the work folder was given this table, or gave it up.
+void NoteTable(std::string_view key, bool there);
+/// The work folder was emptied: it owes no table.
+void ForgetTables();
+/// The tables that the work folder was given and hasn't any more, by their names such as "節点データ":
+/// another program, or the user, has taken their files.
+std::vector<std::string> VanishedTables();
+
 /// The rows of a table file's text, and the text of rows: what TableIO does between file and buffer.
 std::vector<TableRow> ParseTable(std::string_view key, std::string_view text);
 std::string TableText(const std::vector<TableRow>& rows, int count);

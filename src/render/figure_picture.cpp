@@ -9,11 +9,13 @@ bool Same(const Pen& a, const Pen& b) {
 
 /// The group of a pen; pens are few, and the one used last is mostly meant again.
 template <class Group>
-Group& GroupOf(std::vector<Group>& groups, const Pen& pen) {
-  for (auto group = groups.rbegin(); group != groups.rend(); ++group)
+Group& GroupOf(ItemGroups<Group>& groups, const Pen& pen) {
+  const std::span<Group> inUse = groups.InUse();
+  for (auto group = inUse.rbegin(); group != inUse.rend(); ++group)
     if (Same(group->pen, pen)) return *group;
-  groups.push_back({pen, {}});
-  return groups.back();
+  Group& added = groups.Add();
+  added.pen = pen;
+  return added;
 }
 
 QPointF ToQt(Point p) {
@@ -22,31 +24,46 @@ QPointF ToQt(Point p) {
 
 }  // namespace
 
+void FigurePicture::Clear(const Surface& surface) {
+  surface_ = surface;
+  tints_.clear();
+  corners_.clear();
+  lines_.Clear();
+  discs_.Clear();
+  texts_.Clear();
+  groupOfText_.clear();
+}
+
 void FigurePicture::Line(Point from, Point to, const Pen& pen) {
-  GroupOf(lines_, pen).lines.emplace_back(ToQt(from), ToQt(to));
+  GroupOf(lines_, pen).items.emplace_back(ToQt(from), ToQt(to));
 }
 
 void FigurePicture::Circle(Point centre, double radius, const Pen& pen, bool filled) {
-  GroupOf(discs_, pen).discs.push_back({ToQt(centre), radius, filled});
+  GroupOf(discs_, pen).items.push_back({ToQt(centre), radius, filled});
 }
 
 void FigurePicture::Text(Point origin, std::string_view text, double height, double angle, Rgb colour) {
   const auto wanted = [&](const Texts& group) {
     return group.height == height && group.angle == angle && group.colour == colour;
   };
-  if (texts_.empty() || !wanted(texts_[lastText_])) {
-    const auto [place, isNew] = groupOfText_.try_emplace({height, angle, colour}, texts_.size());
-    if (isNew) texts_.push_back({height, angle, colour, {}});
+  if (groupOfText_.empty() || !wanted(texts_.InUse()[lastText_])) {
+    const std::size_t next = texts_.InUse().size();
+    const auto [place, isNew] = groupOfText_.try_emplace({height, angle, colour}, next);
+    if (isNew) {
+      Texts& added = texts_.Add();
+      added.height = height;
+      added.angle = angle;
+      added.colour = colour;
+    }
     lastText_ = place->second;
   }
-  texts_[lastText_].texts.push_back({ToQt(origin), std::string(text)});
+  texts_.InUse()[lastText_].items.push_back({ToQt(origin), std::string(text)});
 }
 
 void FigurePicture::Shade(std::span<const Point> polygon, Rgb colour) {
-  QPolygonF corners;
-  corners.reserve(static_cast<qsizetype>(polygon.size()));
-  for (const Point& corner : polygon) corners.append(ToQt(corner));
-  tints_.push_back({std::move(corners), colour});
+  const std::size_t begin = corners_.size();
+  for (const Point& corner : polygon) corners_.push_back(ToQt(corner));
+  tints_.push_back({colour, begin, corners_.size()});
 }
 
 }  // namespace zorlan

@@ -4,7 +4,8 @@
 
 #include <map>
 #include <QLineF>
-#include <QPolygonF>
+#include <QPointF>
+#include <span>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -13,14 +14,38 @@
 
 namespace zorlan {
 
+/// Groups of items in the order of their first use. Cleared, they keep their storage for the next ones.
+template <class Group>
+class ItemGroups {
+ public:
+  std::span<const Group> InUse() const { return std::span(groups_).first(used_); }
+  std::span<Group> InUse() { return std::span(groups_).first(used_); }
+  /// A group without items; what they have in common is for the caller to set.
+  Group& Add() {
+    if (used_ == groups_.size()) groups_.emplace_back();
+    return groups_[used_++];
+  }
+  void Clear() {
+    for (Group& group : groups_) group.items.clear();
+    used_ = 0;
+  }
+
+ private:
+  std::vector<Group> groups_;
+  std::size_t used_ = 0;
+};
+
 /// All lengths are in twips of the surface, y downward.
 class FigurePicture final : public PlotTarget {
  public:
   explicit FigurePicture(const Surface& surface) : surface_(surface) {}
 
+  /// Leaves an empty picture for a surface. One that is drawn again and again so needs no storage anew.
+  void Clear(const Surface& surface);
+
   struct Lines {  // of one pen
     Pen pen;
-    std::vector<QLineF> lines;
+    std::vector<QLineF> items;
   };
   struct Disc {
     QPointF centre;
@@ -29,7 +54,7 @@ class FigurePicture final : public PlotTarget {
   };
   struct Discs {  // of one pen
     Pen pen;
-    std::vector<Disc> discs;
+    std::vector<Disc> items;
   };
   struct PlacedText {
     QPointF origin;
@@ -38,18 +63,21 @@ class FigurePicture final : public PlotTarget {
   struct Texts {  // of one height, angle and colour
     double height = 0, angle = 0;
     Rgb colour = kBlack;
-    std::vector<PlacedText> texts;
+    std::vector<PlacedText> items;
   };
   struct Tint {
-    QPolygonF polygon;
     Rgb colour = kBlack;
+    std::size_t begin = 0, end = 0;  // of its corners
   };
 
   // In the order of their first use. They are painted tints first, then lines, circles, texts.
   const std::vector<Tint>& TheTints() const { return tints_; }
-  const std::vector<Lines>& TheLines() const { return lines_; }
-  const std::vector<Discs>& TheDiscs() const { return discs_; }
-  const std::vector<Texts>& TheTexts() const { return texts_; }
+  std::span<const QPointF> CornersOf(const Tint& tint) const {
+    return std::span(corners_).subspan(tint.begin, tint.end - tint.begin);
+  }
+  std::span<const Lines> TheLines() const { return lines_.InUse(); }
+  std::span<const Discs> TheDiscs() const { return discs_.InUse(); }
+  std::span<const Texts> TheTexts() const { return texts_.InUse(); }
 
   Surface TheSurface() const override { return surface_; }
   void Line(Point from, Point to, const Pen& pen) override;
@@ -60,9 +88,10 @@ class FigurePicture final : public PlotTarget {
  private:
   Surface surface_;
   std::vector<Tint> tints_;
-  std::vector<Lines> lines_;
-  std::vector<Discs> discs_;
-  std::vector<Texts> texts_;
+  std::vector<QPointF> corners_;  // of all tints
+  ItemGroups<Lines> lines_;
+  ItemGroups<Discs> discs_;
+  ItemGroups<Texts> texts_;
   std::map<std::tuple<double, double, Rgb>, std::size_t> groupOfText_;  // by height, angle, colour
   std::size_t lastText_ = 0;
 };

@@ -101,6 +101,7 @@ void CheckInput() {
 void PrintInputList() {
   RunCommand("PrintInputList", [] {
     if (!CloseInputForms()) return;
+    SaveDeck(/*deleteTables=*/false, ScratchDeck());  // refuses what is no longer the whole model
     MakeInputList();
     ShowText(kPrintInputList, /*preview=*/true);
   });

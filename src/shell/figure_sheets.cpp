@@ -1,6 +1,5 @@
 #include "shell/figure_sheets.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -34,7 +33,7 @@ class BlankSheet final : public PlotTarget {
 
 void PlotPageNumber(Plot& plot, int number) {
   const Surface& sheet = plot.surface;
-  const std::string text = "Page-" + std::to_string(number);
+  const std::string text = PageName(number);
   const double height = kNumberHeight * kTwipsPerMm;
   plot.Begin();
   plot.DrawLayer = layer::kTitle;

@@ -13,6 +13,7 @@
 #include "model/table_file.h"
 #include "shell/menu.h"
 #include "shell/projects.h"
+#include "shell/windows.h"
 
 namespace zorlan {
 namespace {
@@ -37,30 +38,55 @@ std::string_view UnitName(const std::vector<std::string>& cells, std::size_t pla
   return place < cells.size() && ReadReal(cells[place]) != 0 ? "ＳＩ単位" : "工学単位";
 }
 
-/// Whether the deck was written after its results.
+/// The place of the deck and the stored results of the model in hand, which may have lost its name.
+ModelPlace Stored() {
+  return ModelFile.empty() ? Origin() : PlaceInHand();
+}
+
+/// Whether the deck was written after its results. Results that aren't stored tell it by the time of the
+/// analysis folder's.
 bool DeckIsNewer() {
+  const ModelPlace stored = Stored();
+  const std::string forces = stored.dataPath + stored.project + ModelBaseName(stored.model) + ".ANA/FT031";
   std::error_code deckError, resultError;
-  const auto deck = std::filesystem::last_write_time(NativePath(DeckPath()), deckError);
-  const auto result = std::filesystem::last_write_time(NativePath(ResultFolder() + "FT031"), resultError);
+  const auto deck = std::filesystem::last_write_time(NativePath(stored.Deck()), deckError);
+  const auto result = std::filesystem::last_write_time(
+      NativePath(FileExists(forces) ? forces : AnalysisPath + "FT031"), resultError);
   return !deckError && !resultError && deck > result;
 }
 
+/// Whether the tables hold more than the deck, or an open form more than its table.
+bool IsChanged() {
+  return ModelChanged || TheWindows().formsChanged();
+}
+
 std::string ResultText() {
-  if (!HasForces()) return "解析結果なし";
-  return ModelChanged || DeckIsNewer() ? "解析結果は変更前のものです" : "解析結果あり";
+  switch (StateOfResults()) {
+    case ResultState::Stale:
+      return std::string(kStaleResults);
+    case ResultState::Current:
+      return "解析結果あり";
+    default:
+      return "解析結果なし";
+  }
 }
 
 }  // namespace
+
+ResultState StateOfResults() {
+  if (!HasForces()) return ResultState::None;
+  return IsChanged() || DeckIsNewer() ? ResultState::Stale : ResultState::Current;
+}
 
 ModelStatus CurrentModelStatus() {
   if (!ModelIsOpen) return {"モデルなし", "", "", "", ""};
   ModelStatus status;
   status.model = ModelFile.empty() ? "NewData" : ModelBaseName();
-  status.saved = ModelChanged || ModelFile.empty() ? "未保存" : "保存済み";
+  status.saved = IsChanged() || ModelFile.empty() ? "未保存" : "保存済み";
   status.results = ResultText();
   const MenuFacts facts = CurrentMenuFacts(/*tableFormInFront=*/false);
   if (facts.modelCode >= 1 && facts.modelCode <= 3)
-    status.kind = std::string(kKinds[static_cast<std::size_t>(facts.modelCode)]) + "　荷重ケース " +
+    status.kind = std::string(kKinds[static_cast<std::size_t>(facts.modelCode)]) + "　荷重ケース数 " +
                   std::to_string(facts.maxLoadCase);
   const std::vector<std::string> unit = CellsOf("UNIT");
   if (unit.size() >= 2)

@@ -2,8 +2,15 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace zorlan {
+
+/// Of what the results in the analysis folder are: there are none, of the model before it was changed, typed
+/// cells included, or of the model as it stands.
+enum class ResultState { None, Stale, Current };
+ResultState StateOfResults();
+inline constexpr std::string_view kStaleResults = "解析結果は変更前のものです";
 
 /// Short texts for the user; an empty one has nothing to say.
 struct ModelStatus {

@@ -40,7 +40,8 @@ struct ProjectDialog {
   std::string project;   // the box of the project's name, without ".zor"
   std::string model;     // the box of the model's name, without ".inp"
   bool accepted = false;
-  ModelPlace chosen;  // what was accepted
+  bool projectAtFault = false;  // not accepted for the project's name, not for the model's
+  ModelPlace chosen;            // what was accepted
 };
 
 /// Takes the mode off ModelFile and fills the boxes from the model in hand, or with an old model from

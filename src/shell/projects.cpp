@@ -317,6 +317,7 @@ void ShowTakenModel() {
   TheWindows().dropFigureData();
   TheWindows().openInputMenu();
   TheWindows().openModelFigure();
+  if (const std::string why = WhyNoDeck(ReadBytes(DeckPath())); !why.empty()) Tell(DeckPath() + " ： " + why);
 }
 
 void NameModel(const ModelPlace& place) {

@@ -20,6 +20,7 @@ void Default(std::function<void(Arguments...)>& entry) {
 ShellWindows WithDefaults(ShellWindows windows) {
   Default(windows.openForms, std::vector<std::string>());
   Default(windows.closeForm, true);
+  Default(windows.formsChanged, false);
   Default(windows.unloadForms);
   Default(windows.projectDialog);
   Default(windows.folderDialog);

@@ -52,6 +52,21 @@ TEST(Cp932, EveryDefinedPairComesBackAsTheSameCharacter) {
     }
 }
 
+TEST(Cp932, PrintsWhatOtherSystemsWriteForItsOwnCharacters) {
+  EXPECT_EQ(Cp932ForPrint("梁〜−‖—¢£¬é한a"), Cp932FromUtf8("梁～－∥―￠￡￢??a").bytes);
+  EXPECT_EQ(Cp932FromUtf8("〜").lost, "〜");  // as data it would come back as another character
+  EXPECT_EQ(HalfWidth("〜−"), 4u);
+  EXPECT_EQ(HalfWidth("é"), 1u);
+}
+
+TEST(HalfWidth, CutsATextBetweenCharacters) {
+  EXPECT_EQ(FrontWithin("節点ab", 6), "節点ab");
+  EXPECT_EQ(FrontWithin("節点ab", 5), "節点a");
+  EXPECT_EQ(FrontWithin("節点ab", 3), "節");
+  EXPECT_EQ(FrontWithin("節", 1), "");
+  EXPECT_EQ(FrontWithin("", 9), "");
+}
+
 TEST(HalfWidth, CountsBytesOfTheCodePage) {
   EXPECT_EQ(HalfWidth("abc"), 3u);
   EXPECT_EQ(HalfWidth("節点ｱθ"), 7u);

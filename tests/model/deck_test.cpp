@@ -1,5 +1,8 @@
 #include "model/deck.h"
 
+#include <chrono>
+#include <filesystem>
+
 #include "model/model_state.h"
 #include "model/table_file.h"
 #include "support/model_folder.h"
@@ -147,6 +150,108 @@ TEST_F(DeckFileTest, AFailedSaveNamesThePathAndLosesNothing) {
   EXPECT_TRUE(FileExists(WorkPath + "TITL"));
 }
 
+constexpr std::string_view kWhole =
+    "@CONT   %コントロールデータ\n1,1,0\n\n@NODE   %節点データ\n1,0,0,1,1,1\n\n";
+
+TEST_F(DeckFileTest, ADeckIsNotReplacedByWhatIsLeftOfAWorkFolderEmptiedByAnotherHand) {
+  WriteDeck(kWhole);
+  LoadDeck();
+  RemoveFilesIn(WorkPath);
+  const auto save = [](const std::string& path) {
+    return FaultOf([&] { SaveDeck(/*deleteTables=*/false, path); });
+  };
+  for (const std::string& path : {std::string(), WorkPath + "TmpFile.inp", DataPath + "new.inp"}) {
+    EXPECT_THAT(save(path), HasSubstr("コントロールデータ、節点データ")) << path;
+    EXPECT_THAT(save(path), HasSubstr(WorkPath)) << path;
+  }
+  EXPECT_EQ(Read(DeckPath()), kWhole);
+  EXPECT_FALSE(FileExists(DataPath + "new.inp"));
+}
+
+TEST_F(DeckFileTest, ACommittedTableThatHasVanishedIsMissedAndOneThatWasEmptiedIsNot) {
+  WriteDeck(kWhole);
+  LoadDeck();
+  TableRows = {{"ELEM", {"1", "1", "2"}}};
+  TableRowCount = 1;
+  TableIO(/*write=*/true, "ELEM");
+  RemoveFile(WorkPath + "ELEM");
+  EXPECT_THAT(FaultOf([] { SaveDeck(); }), HasSubstr("要素データ"));
+  TableRowCount = 0;
+  TableIO(/*write=*/true, "ELEM");
+  TableIO(/*write=*/true, "NODE");
+  SaveDeck();
+  EXPECT_EQ(Read(DeckPath()), "@CONT   %コントロールデータ\n1,1,0\n\n");
+}
+
+TEST_F(DeckFileTest, AModelWithoutTablesTakesNoDecksPlace) {
+  WriteDeck(kWhole);
+  EXPECT_THAT(FaultOf([] { SaveDeck(false, DeckPath()); }), HasSubstr("保存する表がありません"));
+  EXPECT_EQ(Read(DeckPath()), kWhole);
+}
+
+TEST_F(DeckFileTest, TheDeckInHandIsNotReplacedByOneWithoutControlData) {
+  WriteDeck(kWhole);
+  WriteTable("TITL", "題\n");
+  EXPECT_THAT(FaultOf([] { SaveDeck(); }), HasSubstr("コントロールデータがない"));
+  EXPECT_EQ(Read(DeckPath()), kWhole);
+  SaveDeck(false, DeckPath());  // under a name that the user was asked about
+  EXPECT_EQ(Read(DeckPath()), "@TITL   %タイトル\n題\n\n");
+}
+
+TEST_F(DeckFileTest, AFileThatIsNoDeckIsNotReplacedUnderItsOwnName) {
+  for (const std::string& bytes : {std::string("\x7F"
+                                               "ELF\r\n@@@\xFE\0 ",
+                                               12),
+                                   std::string("\xEF\xBB\xBF@CONT\r\n1,1,0\r\n@NODE\r\n1\r\n"),
+                                   std::string("\xFF\xFE@\0C\0O\0N\0T\0\r\0\n\0", 16)}) {
+    ReplaceBytes(DeckPath(), bytes);
+    WriteTable("CONT", "1,1,0\n");
+    EXPECT_THAT(FaultOf([] { SaveDeck(); }), HasSubstr(DeckPath()));
+    EXPECT_TRUE(ReadBytes(DeckPath()) == bytes);
+  }
+  ReplaceBytes(DeckPath(), "\r\n \x1A");
+  SaveDeck();
+  EXPECT_EQ(Read(DeckPath()), "@CONT   %コントロールデータ\n1,1,0\n\n") << "a blank file has nothing to lose";
+}
+
+TEST_F(DeckFileTest, ADeckThatStandsAsItIsSavedKeepsItsTime) {
+  WriteTable("CONT", "1,1,0\n");
+  SaveDeck();
+  const std::filesystem::path deck(DeckPath());
+  const auto before = std::filesystem::last_write_time(deck) - std::chrono::hours(1);
+  std::filesystem::last_write_time(deck, before);
+  SaveDeck();
+  EXPECT_EQ(std::filesystem::last_write_time(deck), before);
+  WriteTable("CONT", "1,2,0\n");
+  SaveDeck();
+  EXPECT_NE(std::filesystem::last_write_time(deck), before);
+}
+
+struct NoDeckCase {
+  const char* name;
+  std::string bytes;
+  const char* why;  // a part of it
+};
+
+TEST(WhyNoDeck, TellsWhatAFileIsNot) {
+  const NoDeckCase cases[] = {
+      {"a deck", "@cont\r\n1,1,0\r\n", ""},
+      {"a deck behind comments", "%old\n\n  @TITL %x\nA\n", ""},
+      {"nothing", "", "空"},
+      {"line ends", "\r\n\r\n", "空"},
+      {"a letter", "拝啓\n@\n", "表"},
+      {"an unknown section", "@NOTE\n1\n", "表"},
+      {"UTF-16", std::string("\xFF\xFE@\0T\0", 6), "ＵＴＦ－１６"},
+      {"UTF-16 without its mark", std::string("@\0T\0I\0", 6), "ＵＴＦ－１６"},
+      {"UTF-16, high byte first", std::string("\xFE\xFF\0@\0T", 6), "ＵＴＦ－１６"},
+      {"UTF-8 with its mark", "\xEF\xBB\xBF@TITL\n題\n@CONT\n1\n", "ＵＴＦ－８"},
+  };
+  for (const NoDeckCase& c : cases) {
+    EXPECT_THAT(WhyNoDeck(c.bytes), HasSubstr(c.why)) << c.name;
+    EXPECT_EQ(WhyNoDeck(c.bytes).empty(), *c.why == '\0') << c.name;
+  }
+}
+
 TEST_F(DeckFileTest, LoadDeckSplitsADeckIntoTableFiles) {
   WriteDeck("@TITL   %タイトル\n事務所\n\n@NODE\n 1,0,0,1,1,1 \n2,6,0,0,0,0\n");
   LoadDeck();
@@ -206,6 +311,14 @@ TEST_F(DeckFileTest, ASectionNameNeverLeadsOutOfTheWorkFolder) {
   LoadDeck();
   EXPECT_FALSE(FileExists(DataPath + "EVIL"));
   EXPECT_EQ(ReadTable("TITL"), "題\n");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(WorkPath), {}), 1);
+}
+
+TEST_F(DeckFileTest, ASectionNameWithControlCharactersIsSkipped) {
+  using std::string_literals::operator""s;
+  ReplaceBytes(DeckPath(), "@N\0ODE\r\n1\r\n@A\x07\r\n1\r\n@TITL\r\nA\r\n"s);
+  LoadDeck();
+  EXPECT_EQ(ReadTable("TITL"), "A\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(WorkPath), {}), 1);
 }
 

@@ -39,6 +39,15 @@ TEST_F(ModelStateTest, TheBaseNameIsTheModelInHandsWithoutAName) {
   EXPECT_EQ(ResultFolder(), DataPath + ProjectName + "梁.ANA/");
 }
 
+TEST_F(ModelStateTest, ADeckTakenInHandHasItsFolderForAProject) {
+  SetModelInHand("/例題/梁.inp");
+  EXPECT_EQ(DataPath, "/例題/");
+  EXPECT_EQ(ProjectName, "");
+  EXPECT_EQ(ModelFile, "梁.inp");
+  SetModelInHand("梁.inp");
+  EXPECT_EQ(DeckPath(), "梁.inp");
+}
+
 TEST_F(ModelStateTest, ANewModelHasItsDefaultsAndOnlyTheTableOfUnits) {
   InitModelDefaults();
   EXPECT_EQ(InpModel.Title, "新規");

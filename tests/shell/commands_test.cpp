@@ -90,13 +90,24 @@ TEST_F(CommandsTest, AnalysisWithoutAModelNeverSavesOverTheLastOne) {
 TEST_F(CommandsTest, FailedAnalysisSwitchesTheResultsOff) {
   ASSERT_TRUE(AnalyseModel());
   Write(WorkPath + "NODE", "1,0,0,0,0,0\n2,0,4,0,0,0\n3,6,4,0,0,0\n");
-  std::filesystem::remove(NativePath(WorkPath + "ELEM"));
+  TableRowCount = 0;
+  TableIO(/*write=*/true, "ELEM");
   Write(WorkPath + "NODE", "1,0,0,1,1,1\n2,0,4,0,0,0\n3,6,4,0,0,0\n");
   Forget();
   EXPECT_FALSE(AnalyseModel());
   EXPECT_THAT(told, ElementsAre(HasSubstr("要素データの入力がありません")));
   EXPECT_FALSE(Enabled(Command::DesignSteel));
   EXPECT_FALSE(Enabled(Command::WriteCsv));
+}
+
+TEST_F(CommandsTest, NothingIsCheckedListedOrSavedOfAWorkFolderThatLostATable) {
+  std::filesystem::remove(NativePath(WorkPath + "ELEM"));
+  for (void (*const command)() : {CheckInput, PrintInputList, OverwriteModel, +[] { AnalyseModel(); }}) {
+    Forget();
+    command();
+    EXPECT_THAT(told, ElementsAre(HasSubstr("要素データ")));
+    EXPECT_EQ(Read(Sample() + "門形.inp"), CrLf(kPortal));
+  }
 }
 
 TEST_F(CommandsTest, ResultsStayOnThroughEditsUntilTheNextAnalysis) {

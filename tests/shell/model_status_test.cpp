@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "shell/projects.h"
+#include "shell/windows.h"
 #include "support/model_folder.h"
 
 namespace zorlan {
@@ -57,6 +58,33 @@ TEST_F(ModelStatusTest, ResultsAreOfTheModelAsItStandsOrOfAFormerState) {
   EXPECT_EQ(CurrentModelStatus().results, "解析結果は変更前のものです");
   RemoveFile(AnalysisPath + "FT031");
   EXPECT_EQ(CurrentModelStatus().results, "解析結果なし");
+}
+
+TEST_F(ModelStatusTest, AnOpenFormThatWasChangedCountsAsAChange) {
+  StoreForces(1);
+  ShellWindows windows;
+  windows.formsChanged = [] { return true; };
+  InstallWindows(windows);
+  EXPECT_EQ(CurrentModelStatus().saved, "未保存");
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果は変更前のものです");
+  InstallWindows({});
+  EXPECT_EQ(CurrentModelStatus().saved, "保存済み");
+}
+
+TEST_F(ModelStatusTest, ResultsThatAreNotStoredTellTheirAgeThemselves) {
+  StoreForces(1);
+  RemoveFile(ResultFolder() + "FT031");
+  const auto deck = std::filesystem::last_write_time(DeckPath());
+  std::filesystem::last_write_time(AnalysisPath + "FT031", deck + std::chrono::seconds(1));
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果あり");
+  std::filesystem::last_write_time(AnalysisPath + "FT031", deck - std::chrono::seconds(1));
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果は変更前のものです");
+}
+
+TEST_F(ModelStatusTest, TheNumberOfLoadCasesIsSaidAsANumber) {
+  InpModel.ModelCode = 1;
+  InpModel.MaxLoadCase = 2;
+  EXPECT_EQ(CurrentModelStatus().kind, "一般任意平面骨組み　荷重ケース数 2");
 }
 
 TEST_F(ModelStatusTest, UnitsComeFromTheTable) {
