@@ -1,13 +1,10 @@
 // A figure of 5000 elements with all numbers into operations: the model, the same zoomed in, its loads, its
 // diagrams.
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
 
-#include <filesystem>
 #include <string>
 
-#include "base/text_file.h"
-#include "frames.h"
+#include "deck_folder.h"
 #include "graphics/frame_figure.h"
 #include "model/deck.h"
 #include "model/model_state.h"
@@ -27,19 +24,15 @@ class NullTarget : public PlotTarget {
 };
 
 FigureModel LargeModel(const bench::Frame& frame) {
-  std::string folder = PathText(std::filesystem::temp_directory_path() / "zorlan-bench-XXXXXX");
-  if (::mkdtemp(folder.data()) == nullptr) std::abort();
-  const std::string deck = FolderText(folder) + "f5000.inp";
-  ReplaceTextFile(deck, bench::DeckText(frame), Flush::No);
-  ReadDeck(deck, /*checkMode=*/false);
-  std::filesystem::remove_all(folder);
+  const bench::DeckInHand deck(frame);
+  ReadDeck(DeckPath(), /*checkMode=*/false);
   return FigureModelOf(InpModel);
 }
 
 /// A frame whose members are divided, with all numbers and their marks.
 Figure LargeFigure() {
   Figure figure;
-  figure.model = LargeModel(bench::RegularFrame(5, 20, 1, 8, 40));
+  figure.model = LargeModel(bench::LargeFrame(1));
   figure.FigureFlags = kRedrawAll;
   figure.options.elementNumber.mark = figure.options.sectionNumber.mark = true;
   return figure;

@@ -44,8 +44,7 @@ void Redraw(Figure& figure, QImage& image) {
   Plot plot(picture);
   DrawFrameFigure(plot, "PICTURE1", figure);
   image.fill(Qt::white);
-  QPainter painter(&image);
-  PaintPicture(painter, picture, ScreenStyle(1));
+  PaintPicture(image, picture, ScreenStyle(1));
 }
 
 void RedrawOnScreen(benchmark::State& state) {

@@ -1,10 +1,8 @@
 // The listing and the CSV files of 4960 elements with 20 load cases, from stored results to files, and the
 // number fields that they are made of.
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
 
 #include <cmath>
-#include <filesystem>
 #include <random>
 #include <string>
 #include <vector>
@@ -13,7 +11,7 @@
 #include "analysis/field_format.h"
 #include "analysis/result_files.h"
 #include "base/text_file.h"
-#include "frames.h"
+#include "deck_folder.h"
 #include "model/deck.h"
 #include "model/model_state.h"
 #include "output/csv_output.h"
@@ -30,20 +28,11 @@ std::vector<double> SomeReals(std::size_t count) {
   return values;
 }
 
-/// A folder with the deck and results of the frame, and the globals set to it.
-class ResultsInHand {
+/// The deck of the frame with results.
+class ResultsInHand : public bench::DeckInHand {
  public:
-  ResultsInHand() {
-    std::string path = PathText(std::filesystem::temp_directory_path() / "zorlan-bench-XXXXXX");
-    if (::mkdtemp(path.data()) == nullptr) std::abort();
-    folder_ = FolderText(path);
-    DataPath = folder_;
-    ProjectName.clear();
-    ModelFile = "f5000.inp";
-    AnalysisPath = WorkPath = FolderText(folder_ + "WK");
-    MakeFolder(WorkPath);
+  ResultsInHand() : DeckInHand(bench::LargeFrame(20)) {
     MakeFolder(ResultFolder());
-    ReplaceTextFile(DeckPath(), bench::DeckText(bench::RegularFrame(5, 20, 20, 8, 40)), Flush::No);
     ReadDeck(DeckPath(), /*checkMode=*/false);
     for (const std::string& results : {ResultFolder(), AnalysisPath}) {
       WriteDisplacements(results, SomeReals(ValueCount(RawModel.MaxLoadCase, RawModel.NodeCount, 3)));
@@ -53,14 +42,6 @@ class ResultsInHand {
                      ReactionLines::One);
     }
   }
-  ~ResultsInHand() { std::filesystem::remove_all(folder_); }
-  ResultsInHand(const ResultsInHand&) = delete;
-  ResultsInHand& operator=(const ResultsInHand&) = delete;
-
-  const std::string& Folder() const { return folder_; }
-
- private:
-  std::string folder_;
 };
 
 void WriteListing(benchmark::State& state) {

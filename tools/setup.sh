@@ -1,5 +1,5 @@
-# Shared by ./run, ./test and .ci/run: installs what is missing from Debian's packages, configures and builds.
-# Source it; it moves to the root of the project.
+# Shared by the scripts of the project (./run, ./test, bench/run and those in tools/): installs what is missing from
+# Debian's packages, configures and builds. Source it; it moves to the root of the project.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 root=$PWD

@@ -1,5 +1,6 @@
 #include "command_line.h"
 
+#include <charconv>
 #include <CLI/CLI.hpp>
 #include <cstdio>
 
@@ -25,6 +26,14 @@ std::shared_ptr<CLI::Formatter> JapaneseFormatter() {
   formatter->label("TEXT", "文字列");
   formatter->label("REQUIRED", "（必須）");
   return formatter;
+}
+
+/// What is wrong with the word of an option that is a whole number; empty: nothing.
+std::string WholeNumberRefusal(const std::string& word) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+  const bool whole = error == std::errc() && end == word.data() + word.size();
+  return whole ? std::string() : "「" + word + "」 は整数ではありません";
 }
 
 /// What is wrong with the words of the command line.
@@ -115,6 +124,7 @@ std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
           ->type_name("KIND")
           ->group(kOptionGroup);
       level->add_option("--case", request.loadCase, "荷重ケース（省略時は 1）")
+          ->check(WholeNumberRefusal, "")
           ->type_name("N")
           ->group(kOptionGroup);
       level->add_option("--output", request.output, "出力するファイル .dxf .pdf .svg .png .tmp")

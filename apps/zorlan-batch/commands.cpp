@@ -36,14 +36,6 @@ void PrintProduct(std::string text) {
     throw FileFault("標準出力", std::strerror(errno));
 }
 
-/// The deck's folder serves as the project folder.
-void SetModelInHand(const std::string& deck) {
-  const std::size_t nameAt = deck.rfind('/') == std::string::npos ? 0 : deck.rfind('/') + 1;
-  DataPath = deck.substr(0, nameAt);
-  ProjectName.clear();
-  ModelFile = deck.substr(nameAt);
-}
-
 /// Holds a deck while its results are written: who wants to write them at the same time waits. Where the file
 /// system has no locks nobody waits.
 class DeckHeld {
@@ -130,9 +122,11 @@ ExitCode DrawFigure(const Request& request) {
   const SelectedFigure choice{*FigureKindOf(request.figureKind), request.loadCase};
   switch (*FigureFormOf(request.output)) {
     case FigureForm::DrawingList:
-      return WriteFigureList(choice, request.output) ? kDone : kFailed;
+      WriteFigureList(choice, request.output);
+      return kDone;
     case FigureForm::Dxf:
-      return WriteFigureDxf(choice, request.output) ? kDone : kFailed;
+      WriteFigureDxf(choice, request.output);
+      return kDone;
     case FigureForm::Painted:
       break;
   }

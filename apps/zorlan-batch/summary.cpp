@@ -50,7 +50,7 @@ std::string CaseTable(const AnalysisReport& report, bool grid) {
   text += "  最大残差  節点";
   for (std::size_t c = 0; c < report.trust.size(); ++c) {
     const CaseTrust& trust = report.trust[c];
-    text += "\n" + PadLeft(std::to_string(c + 1), 10) + Cell(trust.largestDisplacement * 100, 14) +
+    text += "\n" + PadLeft(std::to_string(c + 1), 10) + Cell(trust.largestDisplacement * kCmPerM, 14) +
             PadLeft(std::to_string(trust.displacementNode), 6);
     for (const auto& sums : {trust.loadSum, trust.reactionSum})
       for (std::size_t d = 0; d < (grid ? 1U : 2U); ++d) text += Cell(ConvertForce(sums[d]), 16);

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <new>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 #include <span>
@@ -34,20 +35,12 @@ void PrintMessage(std::string_view text, std::string_view title) {
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-bool WritePages(std::span<char*> words) {
+void WritePages(std::span<char*> words) {
   const std::string listing = words[0];
   const std::string text = ReadTextFile(listing);
   const TextPages pages =
       LayOutTextPages(text, StyleOfFlag(FlagOfListing(listing)), PageSetupOf(StoredPrinterInfo()));
   ReplaceBytes(words[1], TextPagesPdf(pages));
-  return true;
-}
-
-/// The deck's folder serves as the project folder.
-void SetModelInHand(const std::string& deck) {
-  const std::size_t nameAt = deck.rfind('/') + 1;
-  DataPath = deck.substr(0, nameAt);
-  ModelFile = deck.substr(nameAt);
 }
 
 std::string FigureFile(const FigurePicture& picture, const std::string& path) {
@@ -57,19 +50,18 @@ std::string FigureFile(const FigurePicture& picture, const std::string& path) {
   return PicturesPdf({&picture, 1});
 }
 
-bool WriteFigure(std::span<char*> words) {
+void WriteFigure(std::span<char*> words) {
   SetModelInHand(words[0]);
   const SelectedFigure choice{FigureKindOf(words[1]).value_or(kModelFigure), std::atoi(words[2])};
   FigurePicture picture(SheetOfFigure(choice).sheet);
-  if (!DrawFigureOfDeck(picture, choice)) return false;
+  DrawFigureOfDeck(picture, choice);
   ReplaceBytes(words[3], FigureFile(picture, words[3]), Flush::No);
-  return true;
 }
 
 struct Job {
   std::string_view name;
-  int words;                            // behind the tree
-  bool (*run)(std::span<char*> words);  // false: it failed, which was told
+  int words;  // behind the tree
+  void (*run)(std::span<char*> words);
 };
 constexpr Job kJobs[] = {{"listing", 2, WritePages}, {"figure", 4, WriteFigure}};
 
@@ -102,9 +94,12 @@ int main(int argc, char** argv) {
   }
   try {
     AppPath = argv[2];
-    return job->run(std::span(argv, static_cast<std::size_t>(argc)).subspan(3)) ? kDone : kFailed;
+    job->run(std::span(argv, static_cast<std::size_t>(argc)).subspan(3));
+    return kDone;
+  } catch (const std::bad_alloc&) {
+    Tell(std::string(argv[3]) + " ： メモリが不足しています");
   } catch (const std::exception& fault) {
     Tell(fault.what());
-    return kFailed;
   }
+  return kFailed;
 }

@@ -1,4 +1,6 @@
 // zorlan: the desktop program. One argument is accepted: the path of a deck to be opened.
+#include <cstdio>
+#include <cstdlib>
 #include <QFileInfo>
 #include <QTimer>
 
@@ -13,9 +15,20 @@
 #include "render/qt_text.h"
 #include "shell/start_up.h"
 
+/// Without a screen the toolkit would abort, with a page of its own words.
+static void EndWithoutScreen(QtMsgType type, const QMessageLogContext&, const QString&) {
+  if (type != QtFatalMsg) return;
+  const char* const display = std::getenv("DISPLAY");
+  std::fprintf(stderr, "zorlan: 画面に接続できません（DISPLAY=%s）。画面のある環境で起動してください。\n",
+               display == nullptr ? "" : display);
+  std::_Exit(EXIT_FAILURE);
+}
+
 int main(int argc, char** argv) {
   using namespace zorlan;
+  qInstallMessageHandler(EndWithoutScreen);
   Application application(argc, argv);
+  qInstallMessageHandler(nullptr);
   SetUpApplication(application);
   ProgramFolder = FolderText(FromQt(QApplication::applicationDirPath()));
   ShowSplash();

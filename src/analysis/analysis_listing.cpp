@@ -1,6 +1,5 @@
 #include "analysis/analysis_listing.h"
 
-#include <algorithm>
 #include <set>
 #include <vector>
 

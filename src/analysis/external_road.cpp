@@ -58,12 +58,7 @@ std::string PlaceOf(int deckNode) {
 
 /// What the companion said, with the deck's node number turned into the model's.
 std::string ErrorFileText(int exitCode) {
-  std::string text;
-  try {
-    text = NoSpc(ReadTextFile(AnalysisPath + kErrorFile));
-  } catch (const FileFault&) {  // it had nothing to say
-    return {};
-  }
+  std::string text(NoSpc(ReadTextFileIfAny(AnalysisPath + kErrorFile).value_or("")));
   while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.pop_back();
   constexpr std::string_view kNode = "NODE =";
   const std::size_t label = text.find(kNode);

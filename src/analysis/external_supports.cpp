@@ -1,6 +1,5 @@
 #include "analysis/external_supports.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -10,8 +9,6 @@
 
 namespace zorlan {
 namespace {
-
-constexpr double kCmPerM = 100;
 
 /// The axes of a node's three directions in the deck: along X, upward, and the rotation's, which points at
 /// the viewer, so that a rotation about it is counter-clockwise.

@@ -14,7 +14,6 @@ namespace zorlan {
 namespace {
 
 constexpr int kInMemoryNodes = 29;  // more nodes take the file road's tolerance
-constexpr double kMmPerM = 1000;    // the unit that the section tables are kept in
 constexpr double kNone = 1e-14;     // stands for a shear area or an inertia that the section doesn't have
 constexpr double kHelperE = 7e12;   // t/m2
 constexpr double kHelperNu = 0.3;

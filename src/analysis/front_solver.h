@@ -13,7 +13,6 @@
 #include <array>
 #include <memory>
 #include <optional>
-#include <span>
 #include <vector>
 
 #include "analysis/equations.h"

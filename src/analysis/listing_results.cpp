@@ -50,7 +50,6 @@ constexpr NumberPattern kForce = "######0.000";
 constexpr std::string_view kNoReaction = "           0";
 constexpr std::string_view kRule = " ------------------------------------------------";
 constexpr std::string_view kSum = "    Σ";
-constexpr double kCmPerM = 100;
 
 /// The places of a row of FT031, and the columns that show them: M(I) M(C) M(J) Q(I) Q(J) N(I) N(J).
 enum ForcePosition : std::size_t { kNI, kQI, kMI, kNJ, kQJ, kMJ, kMC };

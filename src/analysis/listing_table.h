@@ -8,11 +8,10 @@
 #include <string_view>
 
 #include "analysis/field_format.h"
+#include "base/text.h"
 #include "model/model_rec.h"
 
 namespace zorlan {
-
-inline constexpr std::string_view kLineEnd = "\r\n";
 
 /// Place of the frame's text, or the grid's, in a pair of headings.
 inline std::size_t KindPlace(const ModelRec& model) {

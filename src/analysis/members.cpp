@@ -8,7 +8,6 @@
 namespace zorlan {
 namespace {
 
-constexpr double kMmPerM = 1000;
 constexpr int kLastType = 12;
 
 [[noreturn]] void FailElement(const ElemRec& element, const std::string& what) {

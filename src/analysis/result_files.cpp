@@ -7,6 +7,7 @@
 #include "analysis/run_progress.h"
 #include "base/fault.h"
 #include "base/number.h"
+#include "base/text.h"
 #include "base/text_file.h"
 #include "model/model_rec.h"
 
@@ -91,7 +92,7 @@ void WriteLines(const std::string& path, std::span<const double> values) {
   std::size_t written = 0;
   for (const double value : values) {
     AppendPrinted(file.Buffer(), value);
-    file.Buffer() += "\r\n";
+    file.Buffer() += kLineEnd;
     file.Drain();
     if (++written % kValuesBetweenTells == 0) SayGoingOn();
   }
@@ -145,7 +146,7 @@ void WriteForces(const std::string& folder, std::span<const double> values) {
 }
 
 void WriteReactions(const std::string& folder, const Reactions& reactions, ReactionLines lines) {
-  const std::string_view separator = lines == ReactionLines::Four ? "\r\n" : "";
+  const std::string_view separator = lines == ReactionLines::Four ? kLineEnd : std::string_view();
   FileWriter file(folder + "FT022");
   std::string& text = file.Buffer();
   const double* value = reactions.values.data();
@@ -156,7 +157,7 @@ void WriteReactions(const std::string& folder, const Reactions& reactions, React
         text += separator;
         AppendPrinted(text, *value++);
       }
-      text += "\r\n";
+      text += kLineEnd;
       file.Drain();
     }
   SayGoingOn();

@@ -8,7 +8,6 @@
 // A reader splits at blanks, commas and line ends. Folders are texts with a closing separator.
 #pragma once
 
-#include <array>
 #include <span>
 #include <string>
 #include <vector>

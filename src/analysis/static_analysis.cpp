@@ -1,6 +1,5 @@
 #include "analysis/static_analysis.h"
 
-#include <algorithm>
 #include <filesystem>
 
 #include "analysis/analysis_listing.h"
@@ -254,8 +253,8 @@ void CleanResults(int folder) {
 }
 
 void CopyResults() {
-  std::error_code ignored;  // no stored results: nothing to copy
-  for (const auto& entry : std::filesystem::directory_iterator(NativePath(ResultFolder()), ignored))
+  std::error_code ignored;  // what can't be looked at isn't a file to copy
+  for (const std::filesystem::directory_entry& entry : EntriesOf(ResultFolder()))
     if (entry.is_regular_file(ignored))
       CopyFileOver(PathText(entry.path()), AnalysisPath + PathText(entry.path().filename()));
 }

@@ -22,10 +22,11 @@ std::int16_t RunStaticAnalysis();
 std::int16_t SolveStatic();
 
 /// 0: deletes every file in AnalysisPath. 1: makes `<model>.ANA` if it is missing and deletes in it what a
-/// new analysis makes stale: FT021, FT031, SIG_S, DSNS, DSNRC; all else is kept.
+/// new analysis makes stale: FT021, FT031, SIG_S, DSNS, DSNRC; all else is kept. Throws FileFault, as
+/// CopyResults does.
 void CleanResults(int folder);
 
-/// Copies every file of `<model>.ANA` to AnalysisPath.
+/// Copies every file of `<model>.ANA` to AnalysisPath; without that folder there is nothing to copy.
 void CopyResults();
 
 /// Whether a node of CalcModel is an inclined roller: codes 4, 4, 0 or 4, 4, 1.

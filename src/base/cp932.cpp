@@ -127,6 +127,51 @@ std::uint16_t CodeOf(char32_t c) {
   return c < 0x10000 ? CodeOfUnicode()[c] : std::uint16_t{0};
 }
 
+/// Characters that the JIS mapping has where the Microsoft one has another of the same look.
+struct Twin {
+  char32_t other, ours;
+};
+constexpr std::array kTwins = {Twin{0x301C, 0xFF5E}, Twin{0x2212, 0xFF0D}, Twin{0x2016, 0x2225},
+                               Twin{0x2014, 0x2015}, Twin{0x00A2, 0xFFE0}, Twin{0x00A3, 0xFFE1},
+                               Twin{0x00AC, 0xFFE2}};
+
+/// The code that a character is printed by.
+std::uint16_t PrintCodeOf(char32_t c) {
+  for (const Twin& twin : kTwins)
+    if (twin.other == c) return CodeOf(twin.ours);
+  return CodeOf(c);
+}
+
+std::size_t ColumnsOf(char32_t c) {
+  return c >= 0x80 && PrintCodeOf(c) > 0xFF ? 2 : 1;
+}
+
+/// The text by `codeOf`, "?" for a character without a code.
+template <class CodeOfCharacter>
+Cp932Text Encoded(std::string_view text, CodeOfCharacter codeOf) {
+  Cp932Text result;
+  result.bytes.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    if (const std::size_t run = PlainRun(text, at); run > 0) {
+      result.bytes.append(text, at, run);
+      at += run;
+      continue;
+    }
+    char32_t c = 0;
+    const std::size_t length = DecodeUtf8(text, at, c);
+    const std::uint16_t code = codeOf(c);
+    if (code == 0) {
+      if (result.lost.empty()) result.lost = text.substr(at, length);
+      result.bytes += '?';
+    } else {
+      if (code > 0xFF) result.bytes += static_cast<char>(code >> 8U);
+      result.bytes += static_cast<char>(code & 0xFFU);
+    }
+    at += length;
+  }
+  return result;
+}
+
 }  // namespace
 
 std::string Utf8FromCp932(std::string_view bytes) {
@@ -150,27 +195,11 @@ std::string Utf8FromCp932(std::string_view bytes) {
 }
 
 Cp932Text Cp932FromUtf8(std::string_view text) {
-  Cp932Text result;
-  result.bytes.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) {
-    if (const std::size_t run = PlainRun(text, at); run > 0) {
-      result.bytes.append(text, at, run);
-      at += run;
-      continue;
-    }
-    char32_t c = 0;
-    const std::size_t length = DecodeUtf8(text, at, c);
-    const std::uint16_t code = CodeOf(c);
-    if (code == 0) {
-      if (result.lost.empty()) result.lost = text.substr(at, length);
-      result.bytes += '?';
-    } else {
-      if (code > 0xFF) result.bytes += static_cast<char>(code >> 8U);
-      result.bytes += static_cast<char>(code & 0xFFU);
-    }
-    at += length;
-  }
-  return result;
+  return Encoded(text, CodeOf);
+}
+
+std::string Cp932ForPrint(std::string_view text) {
+  return Encoded(text, PrintCodeOf).bytes;
 }
 
 std::size_t HalfWidth(std::string_view text) {
@@ -178,9 +207,21 @@ std::size_t HalfWidth(std::string_view text) {
   for (std::size_t at = 0; at < text.size();) {
     char32_t c = 0;
     at += DecodeUtf8(text, at, c);
-    width += c >= 0x80 && CodeOf(c) > 0xFF ? 2 : 1;
+    width += ColumnsOf(c);
   }
   return width;
+}
+
+std::string_view FrontWithin(std::string_view text, std::size_t width) {
+  std::size_t at = 0;
+  while (at < text.size()) {
+    char32_t c = 0;
+    const std::size_t length = DecodeUtf8(text, at, c), columns = ColumnsOf(c);
+    if (columns > width) break;
+    width -= columns;
+    at += length;
+  }
+  return text.substr(0, at);
 }
 
 std::string PadLeft(std::string_view text, std::size_t width) {
@@ -191,6 +232,24 @@ std::string PadLeft(std::string_view text, std::size_t width) {
 std::string PadRight(std::string_view text, std::size_t width) {
   const std::size_t own = HalfWidth(text);
   return std::string(text) + std::string(own < width ? width - own : 0, ' ');
+}
+
+std::vector<std::string_view> InPiecesOf(std::string_view text, std::size_t width) {
+  std::vector<std::string_view> pieces;
+  std::size_t from = 0, filled = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    char32_t c = 0;
+    const std::size_t next = at + DecodeUtf8(text, at, c), own = HalfWidth(text.substr(at, next - at));
+    if (at > from && filled + own > width) {
+      pieces.push_back(text.substr(from, at - from));
+      from = at;
+      filled = 0;
+    }
+    filled += own;
+    at = next;
+  }
+  pieces.push_back(text.substr(from));
+  return pieces;
 }
 
 }  // namespace zorlan

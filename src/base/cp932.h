@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorlan {
 
@@ -16,16 +17,28 @@ std::string Utf8FromCp932(std::string_view bytes);
 /// A text in code page 932, and what could not be put into it.
 struct Cp932Text {
   std::string bytes;
-  std::string
-      lost;  // UTF-8 of the first character that the code page lacks ("?" stands for it in bytes), or empty
+  /// UTF-8 of the first character that the code page lacks, or empty; "?" stands for it in the bytes.
+  std::string lost;
 };
 Cp932Text Cp932FromUtf8(std::string_view text);
 
-/// Width of a UTF-8 text in half-width columns: its length in bytes of code page 932.
+/// The bytes of a text for people and drawing programs to read, which never comes back as data. A character
+/// that other systems write for one of the code page (U+301C for ～, U+2212 for －) goes as that one; what
+/// the code page lacks otherwise is "?".
+std::string Cp932ForPrint(std::string_view text);
+
+/// Width of a UTF-8 text in half-width columns: its length in bytes of code page 932, as it is printed.
 std::size_t HalfWidth(std::string_view text);
+
+/// The longest front of the text that is no wider than `width` half-width columns.
+std::string_view FrontWithin(std::string_view text, std::size_t width);
 
 /// The text with blanks in front, or behind, up to `width` half-width columns; a wider text stays as it is.
 std::string PadLeft(std::string_view text, std::size_t width);
 std::string PadRight(std::string_view text, std::size_t width);
+
+/// The text in pieces of at most `width` half-width columns (2 at least), broken between any two characters;
+/// one piece for an empty text.
+std::vector<std::string_view> InPiecesOf(std::string_view text, std::size_t width);
 
 }  // namespace zorlan

@@ -1,6 +1,6 @@
 #include "base/host.h"
 
-#include <string>
+#include <utility>
 
 namespace zorlan {
 namespace {
@@ -31,6 +31,19 @@ void InstallHost(Host host) {
 
 const Host& TheHost() {
   return Installed();
+}
+
+MessageWatch::MessageWatch(Messages messages) : host_(TheHost()) {
+  Host watched = host_;
+  watched.message = [this, messages](std::string_view text, std::string_view title) {
+    if (message_.empty()) message_ = text;
+    if (messages == Messages::Shown) host_.message(text, title);
+  };
+  InstallHost(std::move(watched));
+}
+
+MessageWatch::~MessageWatch() {
+  InstallHost(std::move(host_));
 }
 
 void Tell(std::string_view text) {

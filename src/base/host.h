@@ -39,6 +39,25 @@ struct Host {
 void InstallHost(Host host);
 const Host& TheHost();
 
+/// Listens while it lives: keeps the first message that the user is told, or would be told if it weren't
+/// hushed. Those that overlap end in turn, the youngest first.
+class MessageWatch {
+ public:
+  enum class Messages { Shown, Hushed };
+  explicit MessageWatch(Messages messages);
+  ~MessageWatch();
+  MessageWatch(const MessageWatch&) = delete;
+  MessageWatch& operator=(const MessageWatch&) = delete;
+
+  /// Empty without one.
+  const std::string& Message() const { return message_; }
+  bool Told() const { return !message_.empty(); }
+
+ private:
+  Host host_;
+  std::string message_;
+};
+
 /// A message under the application title.
 void Tell(std::string_view text);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -118,15 +119,15 @@ Scaled Scale(double magnitude, int power) {
 /// the general conversion's time.
 std::optional<Digits15> QuickDigits(double magnitude) {
   const int binary = static_cast<int>(std::bit_cast<std::uint64_t>(magnitude) >> 52U) - 1023;
-  int power =
-      static_cast<int>(std::floor(binary * 0.30102999566398120));  // log10(2): this power, or the next
+  constexpr double kLog10Of2 = 0.30102999566398120;
+  int power = static_cast<int>(std::floor(binary * kLog10Of2));  // or the next one
   if (std::abs(kSignificantDigits - 1 - power) >= kLargestExactPower) return std::nullopt;
   Scaled scaled = Scale(magnitude, kSignificantDigits - 1 - power);
   if (scaled.value >= 1e15) scaled = Scale(magnitude, kSignificantDigits - 1 - ++power);
   if (!(scaled.value >= 1e14)) return std::nullopt;
   auto digits = static_cast<std::uint64_t>(scaled.value);
-  const double fraction =
-      scaled.value - static_cast<double>(digits) + scaled.rest;  // below 0 when the value was rounded up
+  // Below 0 when the value was rounded up.
+  const double fraction = scaled.value - static_cast<double>(digits) + scaled.rest;
   constexpr double kTooNear = 1e-6;
   if (std::abs(fraction - 0.5) < kTooNear || std::abs(fraction + 0.5) < kTooNear) return std::nullopt;
   if (fraction > 0.5) ++digits;
@@ -193,6 +194,13 @@ double ReadReal(std::string_view text) {
     value = Unsigned(text.substr(0, mantissa));
   }
   return negative ? -value : value;
+}
+
+std::optional<double> ReadFinite(std::string_view text) {
+  if (text.find_first_of("0123456789") == std::string_view::npos) return std::nullopt;
+  const double value = ReadReal(text);
+  if (!std::isfinite(value)) return std::nullopt;
+  return value;
 }
 
 bool IsNumberText(std::string_view text) {

@@ -13,6 +13,10 @@ namespace zorlan {
 /// is 0.
 double ReadReal(std::string_view text);
 
+/// The number in a field that may hold none: ReadReal of a text with a digit in it. Nothing without a digit,
+/// and beyond the range of a 64-bit real.
+std::optional<double> ReadFinite(std::string_view text);
+
 /// Whether a text is a number in full, as ReadReal knows it, and nothing else: "-1.5E+03".
 bool IsNumberText(std::string_view text);
 

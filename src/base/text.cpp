@@ -1,7 +1,5 @@
 #include "base/text.h"
 
-#include <algorithm>
-
 namespace zorlan {
 namespace {
 
@@ -31,6 +29,17 @@ std::optional<std::string_view> TakeLine(std::string_view& rest) {
   const bool pair = rest[end] == '\r' && end + 1 < rest.size() && rest[end + 1] == '\n';
   rest.remove_prefix(end + (pair ? 2 : 1));
   return line;
+}
+
+std::string_view TakeField(std::optional<std::string_view>& line) {
+  if (!line) return {};
+  const std::size_t comma = line->find(',');
+  const std::string_view field = line->substr(0, comma);
+  if (comma == std::string_view::npos)
+    line.reset();
+  else
+    line->remove_prefix(comma + 1);
+  return field;
 }
 
 std::string UpperCase(std::string_view text) {

@@ -225,6 +225,15 @@ std::string ReadTextFile(const std::string& path) {
   return Utf8FromCp932(ReadBytes(path));
 }
 
+std::optional<std::string> ReadTextFileIfAny(const std::string& path) {
+  if (!FileExists(path)) return std::nullopt;
+  try {
+    return ReadTextFile(path);
+  } catch (const Fault&) {
+    return std::nullopt;  // the caller goes on without it
+  }
+}
+
 void ReplaceBytes(const std::string& path, std::string_view bytes, Flush flush) {
   FileWriter file(path);
   file.Buffer() = bytes;
@@ -247,6 +256,17 @@ bool CanWriteFile(const std::string& path) {
   return true;
 }
 
+std::vector<fs::directory_entry> EntriesOf(const std::string& folder) {
+  std::error_code error;
+  std::vector<fs::directory_entry> entries;
+  fs::directory_iterator entry(NativePath(folder), error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) entries.push_back(*entry);
+  std::error_code ignored;  // of a folder that isn't there
+  if (error && fs::status(NativePath(folder), ignored).type() != fs::file_type::not_found)
+    Fail(folder, error.value());
+  return entries;
+}
+
 void MakeFolder(const std::string& folder) {
   std::error_code error;
   fs::create_directories(NativePath(folder), error);
@@ -262,9 +282,9 @@ void RenameFile(const std::string& from, const std::string& to) {
 }
 
 void RemoveFilesIn(const std::string& folder) {
-  std::error_code error;
-  for (const fs::directory_entry& entry : fs::directory_iterator(NativePath(folder), error))
-    if (!entry.is_directory(error)) RemoveFile(PathText(entry.path()));
+  std::error_code ignored;  // what can't be looked at isn't a folder
+  for (const fs::directory_entry& entry : EntriesOf(folder))
+    if (!entry.is_directory(ignored)) RemoveFile(PathText(entry.path()));
 }
 
 void CopyFileOver(const std::string& from, const std::string& to) {
@@ -275,7 +295,8 @@ void CopyFileOver(const std::string& from, const std::string& to) {
     file.Buffer().append(piece.data(), got);
     file.Drain();
   }
-  file.Commit();
+  // Whatever breaks in between, the older file is there or the newer one.
+  file.Commit(FileExists(to) ? Flush::Yes : Flush::No);
 }
 
 FileWriter::FileWriter(const std::string& path, Start start) : file_(std::make_unique<Output>(path, start)) {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorlan {
 
@@ -37,6 +38,8 @@ std::string FileReason(int error);
 /// The bytes of a file; the text of one in code page 932.
 std::string ReadBytes(const std::string& path);
 std::string ReadTextFile(const std::string& path);
+/// The same for a file that may be missing or spoilt: nothing where there is none that can be read.
+std::optional<std::string> ReadTextFileIfAny(const std::string& path);
 
 /// Whether a new file is flushed to the disk before it takes its name: for all that can't be made again by
 /// another run.
@@ -52,8 +55,12 @@ void ReplaceTextFile(const std::string& path, std::string_view text, Flush flush
 /// Whether a file can be written at this path. What stands there stays as it is.
 bool CanWriteFile(const std::string& path);
 
+/// What lies directly in a folder, files and folders; nothing without the folder. One that is there and can't
+/// be looked into is a fault.
+std::vector<std::filesystem::directory_entry> EntriesOf(const std::string& folder);
+
 /// Makes the folder and those above it; removes a file if it is there; removes every file directly in a
-/// folder.
+/// folder, which need not be there.
 void MakeFolder(const std::string& folder);
 void RemoveFile(const std::string& path);
 void RemoveFilesIn(const std::string& folder);
@@ -61,7 +68,7 @@ void RemoveFilesIn(const std::string& folder);
 /// Gives a file another name in the same file system; a file of that name is replaced.
 void RenameFile(const std::string& from, const std::string& to);
 
-/// Copies a file over another, by a neighbouring name.
+/// Copies a file over another, by a neighbouring name. At every moment one of the two stands there whole.
 void CopyFileOver(const std::string& from, const std::string& to);
 
 /// Gives `to` the contents of `from` without writing them again, as a second name of the same file, where the

@@ -2,13 +2,17 @@
 
 #include <exception>
 #include <memory>
+#include <QDialog>
+#include <QEvent>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
 #include "desktop/boxes.h"
 #include "desktop/busy.h"
+#include "desktop/file_columns.h"
 #include "desktop/icons.h"
+#include "desktop/scroll_content.h"
 #include "render/fonts.h"
 #include "shell/commands.h"
 
@@ -38,12 +42,15 @@ void UseJapaneseWords(QApplication& application) {
   auto words = std::make_unique<QTranslator>(&application);
   if (words->load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(words.release());
+  InstallMissingWords(&application);  // behind the others: the last one installed is asked first
 }
 
 }  // namespace
 
 bool Application::notify(QObject* receiver, QEvent* event) {
   try {
+    if (event->type() == QEvent::Show && !event->spontaneous())
+      if (auto* const dialog = qobject_cast<QDialog*>(receiver)) SettleDialog(*dialog);
     return QApplication::notify(receiver, event);
   } catch (const UserStop&) {
     EndBusy();

@@ -5,6 +5,7 @@
 #include <QCursor>
 #include <QMessageBox>
 #include <QString>
+#include <span>
 
 #include "render/qt_text.h"
 
@@ -36,16 +37,28 @@ QMessageBox::StandardButton Run(QMessageBox::Icon icon, std::string_view text, s
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
+bool Holds(std::string_view text, std::span<const std::string_view> words) {
+  return std::ranges::any_of(
+      words, [&](std::string_view word) { return text.find(word) != std::string_view::npos; });
+}
+
+/// A box tells of a success, of the program's own failure, or, most of them, of what the user has to mend.
+QMessageBox::Icon IconOf(std::string_view text, std::string_view title) {
+  constexpr std::string_view kSuccesses[] = {"保存しました", "作成しました", "エラーはありませんでした"};
+  constexpr std::string_view kFailures[] = {"エラーが発生しました", "解析失敗"};
+  if (Holds(title, kFailures)) return QMessageBox::Critical;
+  return Holds(text, kSuccesses) ? QMessageBox::Information : QMessageBox::Warning;
+}
+
 bool SomethingWouldBeLost(std::string_view text) {
   constexpr std::string_view kWords[] = {"削除", "上書き", "破棄"};
-  return std::ranges::any_of(
-      kWords, [&](std::string_view word) { return text.find(word) != std::string_view::npos; });
+  return Holds(text, kWords);
 }
 
 }  // namespace
 
 void ShowBox(std::string_view text, std::string_view title) {
-  Run(QMessageBox::Information, text, title, QMessageBox::Ok, QMessageBox::Ok);
+  Run(IconOf(text, title), text, title, QMessageBox::Ok, QMessageBox::Ok);
 }
 
 Answer AskBox(std::string_view text, std::string_view title, Buttons buttons) {

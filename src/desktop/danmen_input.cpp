@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStackedWidget>
 #include <QTableView>
 
 #include "desktop/dialog_buttons.h"
@@ -41,11 +42,13 @@ frmDanmenInput::frmDanmenInput(const SectionEntry& entry, QWidget* parent) : QDi
   noList_ = new QLabel(QStringLiteral("この種別は、下の欄に数値を入力します"));
   noList_->setObjectName(QStringLiteral("noList"));
   noList_->setAlignment(Qt::AlignCenter);
-  noList_->setMinimumSize(list_->sizeHint());
+  source_ = new QStackedWidget;
+  source_->addWidget(list_);
+  source_->addWidget(noList_);
+  source_->setMinimumWidth(list_->sizeHint().width());
 
   auto* const right = new QVBoxLayout;
-  right->addWidget(list_, 1);
-  right->addWidget(noList_, 1);
+  right->addWidget(source_, 1);
   right->addWidget(FieldPanel());
   auto* const upper = new QHBoxLayout;
   upper->addWidget(kinds_);
@@ -108,14 +111,19 @@ QWidget* frmDanmenInput::FieldPanel() {
   grid->addWidget(speciesTitle_, 3, 2);
   grid->addWidget(species_, 3, 3, 1, 2);
   grid->setColumnStretch(5, 1);
+  // What a kind has no use for keeps its room, so that the window stays as it is.
+  for (QWidget* const widget : panel->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+  }
   return panel;
 }
 
 void frmDanmenInput::ShowKind() {
   const SectionKind& kind = SectionKindOf(entry_.type);
   const bool steel = kind.source == SectionSource::Steel, timber = kind.source == SectionSource::Timber;
-  list_->setVisible(steel || timber);
-  noList_->setVisible(!steel && !timber);
+  source_->setCurrentWidget(steel || timber ? static_cast<QWidget*>(list_) : noList_);
   if (steel) list_->ShowChoices(SteelChoices(kind.family));
   if (timber) list_->ShowChoices(TimberChoices());
   list_->GoTo(timber ? entry_.timberSection : NameOfEntry(entry_));
@@ -124,14 +132,9 @@ void frmDanmenInput::ShowKind() {
     labels_[i]->setText(used ? QStringLiteral("P%1 : ").arg(i + 1) + ToQt(kind.fields[i]) : QString());
     fields_[i]->setVisible(used);
   }
-  // They keep their room, so that the window stays as it is.
   for (QWidget* const widget : {static_cast<QWidget*>(timberTitle_), static_cast<QWidget*>(timberName_),
-                                static_cast<QWidget*>(speciesTitle_), static_cast<QWidget*>(species_)}) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
+                                static_cast<QWidget*>(speciesTitle_), static_cast<QWidget*>(species_)})
     widget->setVisible(timber);
-  }
   ShowFields();
 }
 

@@ -12,6 +12,7 @@
 class QComboBox;
 class QLabel;
 class QListWidget;
+class QStackedWidget;
 
 namespace zorlan {
 
@@ -34,6 +35,7 @@ class frmDanmenInput : public QDialog {
 
   SectionEntry entry_;
   QListWidget* kinds_;
+  QStackedWidget* source_;  // the list, or the word that there is none
   SectionList* list_;
   QLabel *noList_, *name_, *timberTitle_, *timberName_, *speciesTitle_;
   std::array<QLabel*, 4> labels_{};

@@ -40,6 +40,8 @@ class FigureView : public QWidget {
 
   /// What is marked as picked.
   void Mark(std::optional<Pick> pick);
+  /// Moves the figure, no further than it must, so that what is marked is in sight.
+  void Reveal();
   const std::optional<Pick>& Marked() const { return marked_; }
   /// Whether the whole figure is in sight because nobody has moved it.
   bool IsFitted() const { return fitted_; }
@@ -54,6 +56,10 @@ class FigureView : public QWidget {
   void clicked(const std::optional<zorlan::Pick>& pick);
   /// A double click on what is picked; anywhere else it shows all.
   void opened(const zorlan::Pick& pick);
+  /// Enter on what is picked.
+  void entered(const zorlan::Pick& pick);
+  /// N and M: the next (1) or former (-1) node or member.
+  void walked(zorlan::Pick::What what, int step);
   /// PageUp and PageDown: so many load cases on.
   void caseAsked(int steps);
   /// The figure lies elsewhere in the widget.

@@ -40,6 +40,10 @@ frmPrnText* OpenPreview(MainWindow& window) {
   return qobject_cast<frmPrnText*>(window.Forms().Find("frmPrnText"));
 }
 
+void RenewPreview(MainWindow& window) {
+  if (frmPrnText* const preview = OpenPreview(window)) preview->Renew();
+}
+
 void FollowOptions(MainWindow& window) {
   ForEachFigure(window, [](Model& figure) { figure.FollowOptions(); });
   if (frmPrnText* const preview = OpenPreview(window)) preview->FollowOptions();
@@ -87,10 +91,21 @@ void DrawTyped(MainWindow& window, const std::vector<TypedTable>& typed) {
   Model* const figure = FigureWindow(window, kWindows[0]);
   if (window.Forms().Find(kWindows[0]) == nullptr) window.Forms().Show(figure);
   figure->ShowTyped(rows);
+  RenewPreview(window);
+}
+
+void MarkInFigure(MainWindow& window, std::string_view key, int number) {
+  if (auto* const figure = qobject_cast<Model*>(window.Forms().Find(kWindows[0])))
+    figure->MarkNumber(key == "NODE" ? Pick::What::Node : Pick::What::Element, number);
+}
+
+void FollowMenu(MainWindow& window, const MenuFacts& facts) {
+  ForEachFigure(window, [&](Model& figure) { figure.FollowMenu(facts); });
 }
 
 void DropFigureData(MainWindow& window) {
   ForEachFigure(window, [](Model& figure) { figure.DropData(Model::Asked::No); });
+  RenewPreview(window);
 }
 
 void OpenOptions(MainWindow& window, OptionSet set) {
@@ -116,15 +131,15 @@ std::optional<Figure> FigureOfPages(bool results) {
   Figure figure;
   figure.model = ReadFigureTables();
   if (results && !LoadFigureResults(figure.model, AnalysisPath)) {
-    Tell("入力データに合う解析結果がありません。静解析を行ってください");
+    Tell(kNoFittingResults);
     return std::nullopt;
   }
   return figure;
 }
 
 void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> figures, int layout,
-               FigurePreview::Part part) {
-  auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout, part);
+               std::optional<View> shown) {
+  auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout, shown);
   auto* preview = OpenPreview(window);
   if (preview == nullptr) {
     preview = new frmPrnText(window.Printers());
@@ -135,37 +150,54 @@ void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> fi
   window.Forms().Show(preview);
 }
 
-/// Asks which figures go on pages, hands the choice over and shows them.
-void ChoosePages(MainWindow& window, FigureSelection choice) {
+/// Hands a choice over to the preview. One that can't be kept is told, and shown all the same.
+FigureSelection HandOver(const FigureSelection& choice) {
+  try {
+    HandOverSelection(choice);
+    return HandedSelection().value_or(choice);
+  } catch (const std::exception& fault) {
+    Tell(fault.what());
+    RemoveSelection();  // half of it, or an older one
+    return choice;
+  }
+}
+
+/// What a figure's window shows of it; nothing while that is all of it, which a page shows in its own form.
+std::optional<View> PartInSight(Model& figure) {
+  if (figure.View().IsFitted()) return std::nullopt;
+  return figure.View().TheFigure().view;
+}
+
+/// Asks which figures go on pages, hands the choice over and shows them: `shown` of each, or all.
+void ChoosePages(MainWindow& window, FigureSelection choice, std::optional<View> shown) {
   std::optional<Figure> figure = FigureOfPages(choice.batch || choice.figureKind != kLoadCheck);
   if (!figure) return;
   const int cases = figure->model.maxLoadCase;
   choice = WithinCases(std::move(choice), cases);
   if (frmSelctLC(choice, cases, &window).exec() != QDialog::Accepted) return;
-  PrinterSettings.orientation = static_cast<std::int16_t>(choice.orientation);
-  HandOverSelection(choice);
-  const FigureSelection handed = HandedSelection().value_or(choice);
-  ShowPages(window, std::move(*figure), SelectedFigures(handed), handed.layout, FigurePreview::Part::Whole);
+  const FigureSelection handed = HandOver(choice);
+  PrinterSettings.orientation = static_cast<std::int16_t>(handed.orientation);
+  ShowPages(window, std::move(*figure), SelectedFigures(handed), handed.layout, shown);
 }
 
 }  // namespace
 
 void PrintFigures(MainWindow& window) {
-  ChoosePages(window, KeptBatch());
+  ChoosePages(window, KeptBatch(PrinterSettings.orientation), std::nullopt);
 }
 
 void PrintFigure(MainWindow& window, int kind, int loadCase) {
-  if (HasLoadCase(kind)) {
+  ForEachFigure(window, [&](Model& figure) {
+    if (figure.Kind() != kind) return;
+    figure.Renew();
+    const std::optional<View> shown = PartInSight(figure);
+    if (!HasLoadCase(kind)) return ShowPages(window, figure.View().TheFigure(), {{kind, loadCase}}, 0, shown);
     FigureSelection choice;
     choice.batch = false;
     choice.figureKind = kind;
     choice.cases = {loadCase};
     choice.orientation = PrinterSettings.orientation;
-    return ChoosePages(window, std::move(choice));
-  }
-  ForEachFigure(window, [&](Model& shown) {
-    if (shown.Kind() == kind)
-      ShowPages(window, shown.View().TheFigure(), {{kind, loadCase}}, 0, FigurePreview::Part::Shown);
+    ChoosePages(window, std::move(choice), shown);
   });
 }
 

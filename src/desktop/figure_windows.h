@@ -1,6 +1,7 @@
 // The windows of figures as the commands open them, and what they ask of one another.
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "shell/figure_sheets.h"
@@ -9,6 +10,7 @@
 namespace zorlan {
 
 class MainWindow;
+struct MenuFacts;
 enum class OptionSet;
 
 /// Shows a figure of this kind (FigureKind) of the model in hand, in the window for its kind.
@@ -19,6 +21,12 @@ void OpenModelFigure(MainWindow& window);
 
 /// Shows the model figure with tables as they are typed.
 void DrawTyped(MainWindow& window, const std::vector<TypedTable>& typed);
+
+/// Marks a node ("NODE") or member ("ELEM") in the model figure, where it is open.
+void MarkInFigure(MainWindow& window, std::string_view key, int number);
+
+/// The figures' buttons follow the menu.
+void FollowMenu(MainWindow& window, const MenuFacts& facts);
 
 /// The data of all figures are stale.
 void DropFigureData(MainWindow& window);

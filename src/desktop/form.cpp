@@ -6,9 +6,12 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMdiSubWindow>
 #include <QProxyStyle>
+#include <QStatusBar>
 
+#include "desktop/scroll_content.h"
 #include "render/qt_text.h"
 #include "shell/settings.h"
 #include "shell/windows.h"
@@ -16,11 +19,13 @@
 namespace zorlan {
 namespace {
 
+constexpr int kHintTime = 5000;  // ms
 constexpr int kTwipsPerPixel = 15;
 constexpr QPoint kCascadeStart(1700, -250);
 constexpr QPoint kCascadeStep(100, 250);
-constexpr int kCascadeOffset = 28;  // pixels: a title bar
-constexpr int kVisible = 60;        // pixels of a form that stay within reach
+constexpr int kCascadeOffset = 28;     // pixels: a title bar
+constexpr int kAtLeftEdge = 60;        // pixels: a form that begins within them stands at the edge
+constexpr QSize kLeastForm(320, 240);  // of a form that must do with the room beside another one
 
 /// A maximized form keeps its title bar: in the main window's frame it would change the caption, which is the
 /// model's alone.
@@ -33,6 +38,32 @@ class FrameStyle : public QProxyStyle {
                                                     : QProxyStyle::styleHint(hint, option, widget, result);
   }
 };
+
+/// A place moved into a room, and made smaller only where it is larger than the room.
+QRect Within(const QRect& room, const QRect& place) {
+  const QSize size = place.size().boundedTo(room.size());
+  return {QPoint(std::clamp(place.x(), room.left(), room.left() + room.width() - size.width()),
+                 std::clamp(place.y(), room.top(), room.top() + room.height() - size.height())),
+          size};
+}
+
+/// The largest part of `room` beside, above or below `taken`.
+QRect RoomBeside(const QRect& taken, const QRect& room) {
+  const QRect parts[] = {
+      QRect(QPoint(taken.right() + 1, room.top()), room.bottomRight()),
+      QRect(room.topLeft(), QPoint(taken.left() - 1, room.bottom())),
+      QRect(QPoint(room.left(), taken.bottom() + 1), room.bottomRight()),
+      QRect(room.topLeft(), QPoint(room.right(), taken.top() - 1)),
+  };
+  const auto area = [](const QRect& part) {
+    return part.width() < kLeastForm.width() || part.height() < kLeastForm.height()
+               ? 0
+               : part.width() * part.height();
+  };
+  const QRect* const best =
+      std::ranges::max_element(parts, [&](const QRect& a, const QRect& b) { return area(a) < area(b); });
+  return area(*best) > 0 ? *best : QRect();
+}
 
 Form* FormIn(const QMdiSubWindow* frame) {
   return qobject_cast<Form*>(frame->widget());
@@ -82,6 +113,11 @@ void Form::Edit(Command command) {
     default:
       return;
   }
+}
+
+void Form::Say(const QString& text) {
+  if (auto* const main = qobject_cast<QMainWindow*>(window()))
+    main->statusBar()->showMessage(text, kHintTime);
 }
 
 void Form::focusInEvent(QFocusEvent* event) {
@@ -135,9 +171,15 @@ void FormArea::Show(Form* form) {
   frame->setStyle(frameStyle_.get());
   frame->setWindowIcon(window()->windowIcon());
   frame->installEventFilter(this);
+  ScrollWhereTooLarge(*form, RoomInFrame());
   Place(frame, FromQt(form->objectName()));
   frame->show();
   form->setFocus();
+}
+
+QSize FormArea::RoomInFrame() const {
+  const int border = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+  return viewport()->size() - QSize(2 * border, 2 * border + style()->pixelMetric(QStyle::PM_TitleBarHeight));
 }
 
 void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
@@ -153,30 +195,52 @@ void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
     const QPoint corner = fixed ? QPoint(0, 0) : cascade_ / kTwipsPerPixel;
     place = {corner.x(), corner.y(), size.width(), size.height(), false};
   }
-  // A form that was left in a larger window must stay within reach of the mouse; a new one fits in whole,
-  // beside the bar of buttons.
-  const QRect room = kept || fixed ? viewport()->rect() : RoomToArrange();
-  place.width = std::min(place.width, std::max(room.width(), kVisible));
-  place.height = std::min(place.height, std::max(room.height(), kVisible));
-  const int left = kept ? kVisible - place.width : room.left();
-  const int right = room.left() + room.width() - (kept ? kVisible : place.width);
-  const int bottom = room.height() - (kept ? kVisible : place.height);
-  place.left = std::clamp(place.left, left, std::max(left, right));
-  place.top = std::clamp(place.top, 0, std::max(0, bottom));
-  frame->setGeometry(place.left, place.top, place.width, place.height);
+  // A form that was left in a larger window, or beyond an edge, comes up whole; a new one beside the bar of
+  // buttons, unless it needs that room too.
+  const QRect beside = RoomToArrange();
+  const bool fits = frame->minimumSizeHint().boundedTo(beside.size()) == frame->minimumSizeHint();
+  const QRect room = kept || fixed || !fits ? viewport()->rect() : beside;
+  frame->setGeometry(Within(room, QRect(place.left, place.top, place.width, place.height)));
   if (place.maximized) frame->setWindowState(Qt::WindowMaximized);
 }
 
 void FormArea::Fit(Form* form, Fitting fitting) {
   auto* const frame = qobject_cast<QMdiSubWindow*>(form->parentWidget());
   if (frame == nullptr || frame->isMaximized() || frame->isMinimized()) return;
-  const QSize room = viewport()->size();
   QSize size = frame->sizeHint();
   if (fitting == Fitting::Grow) size = size.expandedTo(frame->size());
-  size = size.boundedTo(room);
-  const QPoint corner(std::clamp(frame->x(), 0, std::max(0, room.width() - size.width())),
-                      std::clamp(frame->y(), 0, std::max(0, room.height() - size.height())));
-  frame->setGeometry(QRect(corner, size));
+  frame->setGeometry(Within(viewport()->rect(), QRect(frame->pos(), size)));
+}
+
+void FormArea::ShowBeside(Form* form, Form* front) {
+  if (qobject_cast<QMdiSubWindow*>(form->parentWidget()) == nullptr) Show(form);
+  auto* const other = qobject_cast<QMdiSubWindow*>(form->parentWidget());
+  auto* const kept = qobject_cast<QMdiSubWindow*>(front->parentWidget());
+  for (QMdiSubWindow* const frame : {other, kept})
+    if (frame->isMinimized() || frame->isMaximized()) frame->showNormal();
+  if (other->geometry().intersects(kept->geometry())) Part(other, kept);
+  other->raise();
+  setActiveSubWindow(kept);
+  kept->raise();
+  front->setFocus();
+}
+
+void FormArea::Part(QMdiSubWindow* frame, QMdiSubWindow* kept) const {
+  const QRect room = RoomToArrange();
+  QRect place = kept->geometry();
+  const auto turnTo = [&](const QRect& wanted) {
+    if (RoomBeside(wanted, room).isEmpty()) return false;
+    place = wanted;
+    return true;
+  };
+  // Where it stands; else at the left edge; else at the top edge, half as high as the room.
+  const QSize half(place.width(), std::min(place.height(), room.height() / 2));
+  if (!turnTo(place) && !turnTo(QRect(room.topLeft(), place.size())) &&
+      !turnTo(QRect(room.topLeft(), half.boundedTo(room.size()))))
+    return;  // no room for both: the one in front hides the other
+  kept->setGeometry(place);
+  const QRect beside = RoomBeside(place, room);
+  frame->setGeometry(Within(beside, frame->geometry()));
 }
 
 void FormArea::UnloadAll() {
@@ -232,7 +296,7 @@ std::vector<QMdiSubWindow*> FormArea::FramesToArrange() const {
 QRect FormArea::RoomToArrange() const {
   QRect room = viewport()->rect();
   for (const QMdiSubWindow* const frame : subWindowList())
-    if (FormIn(frame) != nullptr && FormIn(frame)->KeepsItsSize() && frame->x() < kVisible)
+    if (FormIn(frame) != nullptr && FormIn(frame)->KeepsItsSize() && frame->x() < kAtLeftEdge)
       room.setLeft(std::max(room.left(), frame->geometry().right() + 1));
   return room.width() > viewport()->width() / 2 ? room : viewport()->rect();
 }
@@ -241,10 +305,14 @@ void FormArea::CascadeForms() {
   const QRect room = RoomToArrange();
   std::vector<QMdiSubWindow*> frames = FramesToArrange();
   std::ranges::reverse(frames);
+  // Each is as large as its content asks for, as far as those behind leave their title bars to be seen.
+  const int steps = std::max(0, static_cast<int>(frames.size()) - 1);
+  const QSize least = kLeastForm.boundedTo(room.size());
+  const QSize most = (room.size() - kCascadeOffset * QSize(steps, steps)).expandedTo(least);
   QPoint corner = room.topLeft();
   for (QMdiSubWindow* const frame : frames) {
     frame->showNormal();
-    const QSize size = frame->size().boundedTo(room.size());
+    const QSize size = frame->sizeHint().boundedTo(most);
     if (!room.contains(QRect(corner, size))) corner = room.topLeft();
     frame->setGeometry(QRect(corner, size));
     corner += QPoint(kCascadeOffset, kCascadeOffset);
@@ -264,6 +332,14 @@ void FormArea::TileForms(Qt::Orientation along) {
     else
       frame->setGeometry(room.left() + room.width() * i / count, room.top(), room.width() / count,
                          room.height());
+  }
+}
+
+void FormArea::resizeEvent(QResizeEvent* event) {
+  QMdiArea::resizeEvent(event);
+  for (Form* const form : Forms()) {
+    if (!form->KeepsItsSize()) continue;
+    if (ScrollWhereTooLarge(*form, RoomInFrame())) Fit(form, Fitting::Exact);
   }
 }
 

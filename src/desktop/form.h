@@ -53,6 +53,9 @@ class Form : public QWidget {
   /// What must hold before the form may close; it has told the user why not.
   virtual bool Commit() { return true; }
 
+  /// Tells in the status bar what succeeded and can't be seen.
+  void Say(const QString& text);
+
   /// What takes the keys when the form comes to the front. (A focus proxy would hold Tab there.)
   void SetFirst(QWidget* widget) { first_ = widget; }
 
@@ -88,6 +91,9 @@ class FormArea : public QMdiArea {
   /// A form whose content has changed becomes as large as it asks for (Grow: no smaller than it is), as far
   /// as the area has room, and is moved into it.
   void Fit(Form* form, Fitting fitting);
+  /// Shows a form beside the one in front, which keeps the keys: neither hides the other as far as there is
+  /// room for both.
+  void ShowBeside(Form* form, Form* front);
   /// Unloads the forms of the model in hand.
   void UnloadAll();
   /// Closes the others; false as soon as one refuses.
@@ -105,13 +111,17 @@ class FormArea : public QMdiArea {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   std::vector<Form*> Forms() const;
   /// The frames to be arranged, the one in front first, and the room for them.
   std::vector<QMdiSubWindow*> FramesToArrange() const;
   QRect RoomToArrange() const;
+  QSize RoomInFrame() const;  // for a form
   void Place(QMdiSubWindow* frame, const std::string& name);
+  /// Gives two frames places that don't overlap, if there is room for both.
+  void Part(QMdiSubWindow* frame, QMdiSubWindow* kept) const;
 
   QPoint cascade_;  // of the form opened last, in twips
   std::unique_ptr<QStyle> frameStyle_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <exception>
 #include <QBoxLayout>
-#include <QFileDialog>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QLabel>
@@ -19,6 +18,7 @@
 
 #include "base/host.h"
 #include "base/text_file.h"
+#include "desktop/save_file.h"
 #include "forms/message_row.h"
 #include "output/print_flag.h"
 #include "render/fonts.h"
@@ -166,7 +166,7 @@ void frmKakuninText::Search(bool backwards) {
 }
 
 void frmKakuninText::Save() {
-  const QString target = QFileDialog::getSaveFileName(this, QStringLiteral("保存"), ToQt(file_.Path()));
+  const QString target = AskSaveFile(this, QStringLiteral("保存"), ToQt(file_.Path()), {}, {});
   if (target.isEmpty()) return;
   try {
     ReplaceBytes(FromQt(target), FileExists(file_.Path()) ? ReadBytes(file_.Path()) : std::string());

@@ -1,6 +1,6 @@
 #include "desktop/ledger_delegate.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPainter>
 
 namespace zorlan {
@@ -15,9 +15,13 @@ void LedgerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
                            const QModelIndex& index) const {
   const QPalette& palette = option.palette;
   const QModelIndex current = view_->currentIndex();
+  // A grid that doesn't take the keys is grey, so that one cell alone looks as if it did.
+  const bool active = view_->hasFocus() || view_->viewport()->isAncestorOf(QApplication::focusWidget());
   // The style has filled a selected cell already.
-  if (index.row() == current.row() && !option.state.testFlag(QStyle::State_Selected))
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
+  if (index.row() == current.row() && !selected)
     painter->fillRect(option.rect, Tint(QGuiApplication::palette(), 0.09));
+  if (selected && !active) painter->fillRect(option.rect, palette.color(QPalette::AlternateBase));
   const QString text = index.data(Qt::DisplayRole).toString();
   if (!text.isEmpty()) {
     const QRect room = option.rect.adjusted(kCellPadding, 0, -kCellPadding, 0);
@@ -29,7 +33,8 @@ void LedgerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
                       cut ? option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()) : text);
   }
   if (index == current) {
-    painter->setPen(QPen(QGuiApplication::palette().color(QPalette::Highlight), 2));
+    const QPalette frame = QGuiApplication::palette();
+    painter->setPen(QPen(frame.color(active ? QPalette::Highlight : QPalette::Mid), 2));
     painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
   }
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <QApplication>
+#include <QBoxLayout>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
@@ -14,11 +16,13 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
+#include <QToolButton>
 #include <QUrl>
 
 #include "base/host.h"
 #include "desktop/busy.h"
 #include "desktop/csv_file.h"
+#include "desktop/elided_label.h"
 #include "desktop/figure_windows.h"
 #include "desktop/form.h"
 #include "desktop/hand_over.h"
@@ -35,6 +39,7 @@
 #include "desktop/table_window.h"
 #include "desktop/to_zor2.h"
 #include "desktop/version_form.h"
+#include "model/model_state.h"
 #include "render/qt_text.h"
 #include "shell/commands.h"
 #include "shell/model_status.h"
@@ -194,7 +199,7 @@ QString DraggedDeck(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
   if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
   const QString path = urls.front().toLocalFile();
-  return path.endsWith(QLatin1String(".inp"), Qt::CaseInsensitive) ? path : QString();
+  return path.endsWith(QLatin1String(kDeckEnding), Qt::CaseInsensitive) ? path : QString();
 }
 
 }  // namespace
@@ -209,6 +214,8 @@ MainWindow::MainWindow() {
   connect(menu_, &MainMenu::chosen, this, &MainWindow::Run);
   connect(menu_, &MainMenu::recentChosen, this, &MainWindow::OpenDeck);
   connect(forms_, &QMdiArea::subWindowActivated, this, &MainWindow::Refresh);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](const QWidget*, const QWidget* now) { ExplainFocus(now); });
   BuildStatusBar();
   InstallMainWindow(*this);
 }
@@ -276,17 +283,23 @@ void MainWindow::Refresh() {
   const MenuFacts facts = CurrentMenuFacts(HasGridInFront(*forms_));
   menu_->Update(facts);
   if (auto* const tables = qobject_cast<frmInputMenu*>(forms_->Find("frmInputMenu"))) tables->Update(facts);
+  FollowMenu(*this, facts);
   if (loaded_) menu_->ShowRecent(RecentModels());
   ShowStatus();
   forms_->FollowState();
 }
 
 void MainWindow::BuildStatusBar() {
+  fields_ = new QWidget;
+  auto* const row = new QHBoxLayout(fields_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
   for (QLabel** const label : {&model_, &saved_, &results_, &kind_, &units_}) {
-    *label = new QLabel;
+    *label = new ElidedLabel;
     (*label)->setContentsMargins(6, 0, 6, 0);
-    statusBar()->addPermanentWidget(*label);
+    row->addWidget(*label);
   }
+  statusBar()->addPermanentWidget(fields_);
   model_->setObjectName(QStringLiteral("statusModel"));
   saved_->setObjectName(QStringLiteral("statusSaved"));
   results_->setObjectName(QStringLiteral("statusResults"));
@@ -303,6 +316,26 @@ void MainWindow::ShowStatus() {
     label->setText(ToQt(*text));
     label->setVisible(!text->empty());
   }
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  fields_->setMaximumWidth(width() * 3 / 5);  // the rest explains what is under the hand
+}
+
+void MainWindow::ExplainFocus(const QWidget* now) {
+  QString text;
+  if (now != nullptr && isAncestorOf(now)) {
+    const auto* const tool = qobject_cast<const QToolButton*>(now);
+    const QAction* const action = tool == nullptr ? nullptr : tool->defaultAction();
+    text = action != nullptr ? action->statusTip() : now->statusTip();
+    if (text.isEmpty()) text = now->toolTip();
+  }
+  if (!text.isEmpty())
+    statusBar()->showMessage(text);
+  else if (!explained_.isEmpty() && statusBar()->currentMessage() == explained_)
+    statusBar()->clearMessage();
+  explained_ = text;
 }
 
 void MainWindow::Leave() {

@@ -48,9 +48,12 @@ class MainWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void BuildStatusBar();
+  /// The status bar says of what has come to be used by a key what it says under the mouse.
+  void ExplainFocus(const QWidget* now);
   void ShowStatus();
   void RestorePlace();
   void KeepPlace();
@@ -62,8 +65,10 @@ class MainWindow : public QMainWindow {
   FormArea* forms_ = nullptr;
   MainMenu* menu_ = nullptr;
   QLabel *model_ = nullptr, *saved_ = nullptr, *results_ = nullptr, *kind_ = nullptr, *units_ = nullptr;
-  bool loaded_ = false;   // the program's tree is held
-  bool closing_ = false;  // the closing flag: without it a close request is refused
+  QWidget* fields_ = nullptr;  // with these labels
+  QString explained_;          // what was said of the widget with the focus
+  bool loaded_ = false;        // the program's tree is held
+  bool closing_ = false;       // the closing flag: without it a close request is refused
 };
 
 }  // namespace zorlan

@@ -41,9 +41,10 @@ constexpr std::array kTools = {
             "ドラッグで図を移動します（中ボタン、スペースキー、矢印キーでも移動できます）", false},
     ToolRow{Tool::All, "全", "figure-all", "Home",
             "図の全体を表示します（図のない所のダブルクリックでも表示できます）", false},
-    ToolRow{Tool::Enter, "マウス入力", "figure-pick", "", "クリックした節点を、入力中の表に入れます", true},
-    ToolRow{Tool::Define, "定義", "figure-define", "", "クリックした節点、要素の入力データを表示します",
-            false},
+    ToolRow{Tool::Enter, "マウス入力", "figure-pick", "",
+            "クリックした節点を、入力中の表に入れます（N、M キーで選び、Enter でも入ります）", true},
+    ToolRow{Tool::Define, "定義", "figure-define", "",
+            "クリックした節点、要素の入力データを表示します（N、M キーで選び、Enter でも表示します）", false},
     ToolRow{Tool::Options, "属性", "figure-options", "", "図の色や文字の大きさを設定します", false},
     ToolRow{Tool::Range, "範囲設定", "figure-range", "", "表示する範囲を座標で設定します", false},
     ToolRow{Tool::InputModel, "入力データモデル図", "figure-model", "", "入力データのモデル図を表示します",
@@ -101,6 +102,7 @@ void Model::Build() {
   panel_ = new PickPanel(*view_);
   bar_ = new QToolBar;
   bar_->setIconSize(QSize(kIconSize, kIconSize));
+  bar_->setStyleSheet(QStringLiteral("QToolButton:focus { border: 2px solid palette(highlight); }"));
   AddTools();
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
@@ -110,8 +112,15 @@ void Model::Build() {
   setTabOrder(view_, bar_->widgetForAction(tools_.front()));
   SetFirst(view_);
   connect(view_, &FigureView::clicked, this, &Model::TakePick);
-  connect(view_, &FigureView::opened, this, [](const Pick& pick) {
-    TheWindows().showRow(pick.what == Pick::What::Node ? "NODE" : "ELEM", 1, pick.number);
+  view_->setStatusTip(
+      QStringLiteral("N：次の節点　M：次の要素（Shift で前）　Enter：表の行　Esc：選択を外す"));
+  connect(view_, &FigureView::opened, this, &Model::OpenRow);
+  connect(view_, &FigureView::entered, this, &Model::EnterPick);
+  connect(view_, &FigureView::walked, this, [this](Pick::What what, int step) {
+    if (const std::optional<Pick> pick = NextPick(view_->TheFigure(), view_->Marked(), what, step)) {
+      MarkPick(pick);
+      view_->Reveal();
+    }
   });
   connect(view_, &FigureView::caseAsked, this,
           [this](int steps) { ChooseCase(view_->TheFigure().loadCase + steps); });
@@ -159,6 +168,24 @@ void Model::AddTools() {
   note_->setObjectName(QStringLiteral("note"));
   note_->setContentsMargins(8, 0, 8, 0);
   bar_->addWidget(note_);
+}
+
+void Model::FollowMenu(const MenuFacts& facts) {
+  struct ResultTool {
+    Tool tool;
+    Command command;
+  };
+  constexpr std::array kResultTools = {ResultTool{Tool::Loads, Command::LoadFigure},
+                                       ResultTool{Tool::Displacement, Command::DisplacementFigure},
+                                       ResultTool{Tool::AxialShear, Command::ShearFigure},
+                                       ResultTool{Tool::Moment, Command::MomentFigure}};
+  for (const ResultTool& row : kResultTools) {
+    QAction* const action = tools_[static_cast<std::size_t>(row.tool)];
+    const bool on = IsOn(RowOf(row.command), facts);
+    action->setEnabled(on);
+    action->setToolTip(on ? action->text()
+                          : action->text() + QStringLiteral("（静解析を行うと表示できます）"));
+  }
 }
 
 int Model::Kind() const {
@@ -211,7 +238,7 @@ void Model::Noting(Asked asked, Act act) {
   const Hush hush;
   act();
   fault_ =
-      ToQt(hush.Message()).section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QLatin1String("　"));
+      ToQt(hush.Message()).section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QStringLiteral("　"));
   ShowNote();
 }
 
@@ -222,7 +249,7 @@ void Model::ShowFigure(int kind, Asked asked) {
 void Model::Show(int kind) {
   Figure& figure = view_->TheFigure();
   ChooseFigure(figure, {kind, figure.loadCase});
-  if (!read_ || FilesChanged()) ReadData();
+  if (!read_ || files_.Changed()) ReadData();
   ReadResults();
   ShowCaption();
   const bool oblique = figure.model.IsGrid() && kind >= kDisplacementFigure;
@@ -235,7 +262,7 @@ void Model::ReadData() {
   Figure& figure = view_->TheFigure();
   figure.model = ReadFigureTables(typed_);
   read_ = true;
-  Look();
+  files_.Look();
   FillCases();
   view_->Mark(std::nullopt);
   panel_->hide();
@@ -245,24 +272,13 @@ void Model::ReadResults() {
   Figure& figure = view_->TheFigure();
   const int kind = figure.DiagramType;
   if (IsResult(kind) && figure.model.StressTable.empty() && !LoadFigureResults(figure.model, AnalysisPath))
-    Tell("入力データに合う解析結果がありません。静解析を行ってください");
+    Tell(kNoFittingResults);
   figure.model.ratios.clear();
   if (IsRatio(kind)) LoadFigureRatios(figure.model, kind, AnalysisPath);
 }
 
-void Model::Look() {
-  files_.clear();
-  const auto look = [this](const std::string& path) { files_.emplace_back().Look(path); };
-  for (const TableName& table : kTables) look(WorkPath + std::string(table.key));
-  for (const char* const result : {"FT021", "FT031", "SIG_S", "SIG_RC"}) look(AnalysisPath + result);
-}
-
-bool Model::FilesChanged() const {
-  return std::ranges::any_of(files_, [](const ShownFile& file) { return file.Changed(); });
-}
-
 void Model::Renew() {
-  if (drawn_ && FilesChanged()) DropData(Asked::No);
+  if (drawn_ && files_.Changed()) DropData(Asked::No);
 }
 
 void Model::FollowState() {
@@ -341,13 +357,36 @@ void Model::ShowNote() {
   note_->setText(fault_.isEmpty() ? notes.join(QStringLiteral("　")) : fault_);
 }
 
-void Model::TakePick(const std::optional<Pick>& pick) {
+bool Model::IsPressed(Tool tool) const {
+  return tools_[static_cast<std::size_t>(tool)]->isChecked();
+}
+
+void Model::MarkPick(const std::optional<Pick>& pick) {
   view_->Mark(pick);
   panel_->Show(pick);
+}
+
+void Model::MarkNumber(Pick::What what, int number) {
+  MarkPick(PickNumber(view_->TheFigure(), what, number));
+  view_->Reveal();
+}
+
+void Model::TakePick(const std::optional<Pick>& pick) {
+  MarkPick(pick);
   if (!pick) return;
-  const auto isOn = [this](Tool tool) { return tools_[static_cast<std::size_t>(tool)]->isChecked(); };
-  if (isOn(Tool::Enter)) HandOver(*pick);
-  if (isOn(Tool::Define)) emit definitionAsked(*pick);
+  if (IsPressed(Tool::Enter)) HandOver(*pick);
+  if (IsPressed(Tool::Define)) emit definitionAsked(*pick);
+}
+
+void Model::EnterPick(const Pick& pick) {
+  if (IsPressed(Tool::Enter) || IsPressed(Tool::Define))
+    TakePick(pick);
+  else
+    OpenRow(pick);
+}
+
+void Model::OpenRow(const Pick& pick) {
+  TheWindows().showRow(pick.what == Pick::What::Node ? "NODE" : "ELEM", 1, pick.number);
 }
 
 void Model::HandOver(const Pick& pick) {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "desktop/figure_files.h"
 #include "desktop/form.h"
-#include "desktop/shown_file.h"
 #include "graphics/figure_model.h"
 #include "graphics/picking.h"
 
@@ -56,6 +56,10 @@ class Model : public Form {
   int Kind() const;
   /// The model figure with rows as they are typed.
   void ShowTyped(const TypedRows& typed);
+  /// Marks the node or member of this number and brings it into sight; nothing where none of it is shown.
+  void MarkNumber(Pick::What what, int number);
+  /// The buttons of the result figures follow the menu.
+  void FollowMenu(const MenuFacts& facts);
   /// The data are stale: they are read anew, and what was typed is forgotten.
   void DropData(Asked asked);
   /// The display options or the viewing range have changed.
@@ -87,12 +91,15 @@ class Model : public Form {
   void ReadResults();
   void FillCases();
   void ChooseCase(int loadCase);
-  void Look();
-  bool FilesChanged() const;
   void Redraw(int flags);
   void ShowCaption();
   void ShowNote();
+  bool IsPressed(Tool tool) const;
+  void MarkPick(const std::optional<Pick>& pick);
   void TakePick(const std::optional<Pick>& pick);
+  /// Enter on a pick: what a click does with the tool that is on, or else its row.
+  void EnterPick(const Pick& pick);
+  void OpenRow(const Pick& pick);
   /// To the table form in front.
   void HandOver(const Pick& pick);
 
@@ -104,8 +111,8 @@ class Model : public Form {
   FigureView* view_ = nullptr;
   PickPanel* panel_ = nullptr;
   TypedRows typed_;
-  std::vector<ShownFile> files_;  // that the figure was read from
-  QString fault_;                 // what is wrong with the data, where no box has told it
+  FigureFiles files_;  // that the figure was read from
+  QString fault_;      // what is wrong with the data, where no box has told it
   bool read_ = false, drawn_ = false, oblique_ = false;
 };
 

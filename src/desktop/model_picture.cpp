@@ -65,10 +65,7 @@ void ModelPicture::paintEvent(QPaintEvent*) {
     }
     QImage image((QSizeF(size()) * devicePixelRatioF()).toSize(), QImage::Format_RGB32);
     image.fill(Qt::white);
-    {
-      QPainter dots(&image);
-      PaintPicture(dots, drawing.Picture(), ScreenStyle(devicePixelRatioF()));
-    }
+    PaintPicture(image, drawing.Picture(), ScreenStyle(devicePixelRatioF()));
     image.setDevicePixelRatio(devicePixelRatioF());
     painter.drawImage(QPointF(), image);
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 #include <QAbstractButton>
 #include <QBoxLayout>
 #include <QButtonGroup>

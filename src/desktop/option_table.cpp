@@ -5,7 +5,8 @@
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
-#include <QFontDialog>
+#include <QDoubleSpinBox>
+#include <QFormLayout>
 #include <QGridLayout>
 #include <QIcon>
 #include <QLabel>
@@ -13,7 +14,7 @@
 #include <QPixmap>
 #include <QPushButton>
 
-#include "render/fonts.h"
+#include "desktop/dialog_buttons.h"
 #include "render/qt_text.h"
 
 namespace zorlan {
@@ -62,16 +63,29 @@ void ShowFont(QPushButton& button, const QString& field) {
   button.setText(field);
 }
 
-/// The size counts; figures are written in the fixed face alone, so that their columns and boxes fit.
+/// Asks for the size alone: figures are written in the one face whose columns and boxes fit.
 void AskFont(QPushButton& button) {
   const std::optional<OptionFont> old = OptionFontOf(FromQt(button.property(kValue).toString()));
   if (!old) return;
-  bool chosen = false;
-  const QFont font = QFontDialog::getFont(&chosen, FixedFont(old->points), button.window(),
-                                          QStringLiteral("文字の設定"), QFontDialog::MonospacedFonts);
-  if (!chosen) return;
-  const double points = std::clamp(font.pointSizeF(), 1.0, 100.0);
-  ShowFont(button, ToQt(OptionFontText(old->face, points)));
+  QDialog dialog(button.window());
+  dialog.setObjectName(QStringLiteral("fontSize"));
+  dialog.setWindowTitle(QStringLiteral("文字の設定"));
+  auto* const size = new QDoubleSpinBox;
+  size->setObjectName(QStringLiteral("points"));
+  size->setDecimals(1);
+  size->setRange(kSmallestOptionFont, kLargestOptionFont);
+  size->setSingleStep(0.5);
+  size->setValue(old->points);
+  size->selectAll();
+  const double shown = size->value();
+  auto* const buttons = OkCancelButtons();
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  auto* const form = new QFormLayout(&dialog);
+  form->addRow(ToQt(old->face) + QStringLiteral("の大きさ (pt)"), size);
+  form->addRow(buttons);
+  if (dialog.exec() != QDialog::Accepted || size->value() == shown) return;
+  ShowFont(button, ToQt(OptionFontText(old->face, size->value())));
 }
 
 QWidget* WidgetOf(OptionPart part, const OptionRow& form) {
@@ -122,11 +136,11 @@ std::string FieldOf(const QWidget& widget, OptionPart part) {
   }
 }
 
-/// What stands in front of a row: its name, or the bounds of a ratio class.
-QString NameOf(const OptionRow& form) {
-  if (form.parts.front() != OptionPart::Lower) return ToQt(OptionField(form.text, 1));
-  const std::string upper = OptionField(form.text, 2);
-  return ToQt("検定比 " + OptionField(form.text, 1) + " 以上" + (upper.empty() ? "" : " " + upper + " 未満"));
+/// What stands in front of a row: its name, or the bounds of a ratio class as they count.
+QString NameOf(const OptionRow& form, std::string_view row) {
+  if (form.parts.front() != OptionPart::Lower) return ToQt(OptionField(row, 1));
+  const std::string upper = OptionField(row, 2);
+  return ToQt("検定比 " + OptionField(row, 1) + " 以上" + (upper.empty() ? "" : " " + upper + " 未満"));
 }
 
 }  // namespace
@@ -147,7 +161,9 @@ OptionTable::OptionTable(std::span<const OptionRow> forms) : forms_(forms) {
 
 void OptionTable::AddRow(QGridLayout& grid, int line, std::size_t row, std::span<const OptionPart> columns) {
   const OptionRow& form = forms_[row];
-  grid.addWidget(new QLabel(NameOf(form)), line, 0);
+  names_.push_back(new QLabel);
+  names_.back()->setObjectName(QStringLiteral("row%1name").arg(row + 1));
+  grid.addWidget(names_.back(), line, 0);
   for (std::size_t n = 0; n < form.parts.size(); ++n) {
     const auto column = std::ranges::find(columns, form.parts[n]);
     const int number = static_cast<int>(n) + 1;
@@ -161,6 +177,7 @@ void OptionTable::AddRow(QGridLayout& grid, int line, std::size_t row, std::span
 
 void OptionTable::SetRows(std::span<const std::string> rows) {
   rows_.assign(rows.begin(), rows.end());
+  for (std::size_t row = 0; row < names_.size(); ++row) names_[row]->setText(NameOf(forms_[row], rows_[row]));
   for (const Field& field : fields_)
     ShowField(*field.widget, field.part, OptionField(rows_[field.row], field.number));
 }

@@ -9,6 +9,7 @@
 #include "graphics/option_rows.h"
 
 class QGridLayout;
+class QLabel;
 
 namespace zorlan {
 
@@ -32,6 +33,7 @@ class OptionTable : public QWidget {
   std::span<const OptionRow> forms_;
   std::vector<std::string> rows_;
   std::vector<Field> fields_;
+  std::vector<QLabel*> names_;  // of the rows
 };
 
 /// A button of a colour of its own, for values outside of the rows.

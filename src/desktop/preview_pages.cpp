@@ -9,6 +9,7 @@
 
 #include "base/text_file.h"
 #include "desktop/hush.h"
+#include "graphics/ratio_files.h"
 #include "model/model_state.h"
 #include "output/dxf_page.h"
 #include "output/print_flag.h"
@@ -25,20 +26,18 @@ constexpr double kUnitsPerTwip = kUnitsPerMm / kTwipsPerMm;
 /// Paints a sheet's picture on dots: at the places of the dots themselves, so that thin lines stay sharp, and
 /// no more of it than the window shows.
 void PaintOnDots(QPainter& painter, const FigurePicture& picture, const QSizeF& sheet) {
-  // Not the device's transform: that of a widget also has its place in the window.
-  const QTransform toPixels = painter.combinedTransform();
+  // Not the device's transform: that of a widget also has its place in the window. The combined one ends in
+  // the dots of the screen, the viewport and what is drawn count its pixels.
+  const double ratio = painter.device()->devicePixelRatioF();
+  const QTransform toPixels = painter.combinedTransform() * QTransform::fromScale(1 / ratio, 1 / ratio);
   const QRectF whole = toPixels.mapRect(QRectF(QPointF(), sheet));
   const QRect part = whole.intersected(QRectF(painter.viewport())).toAlignedRect();
   if (part.isEmpty()) return;
-  const double ratio = painter.device()->devicePixelRatioF();
   QImage image((QSizeF(part.size()) * ratio).toSize(), QImage::Format_RGB32);
   image.fill(Qt::white);
-  {
-    PictureStyle style = SheetStyle(toPixels.m11() * ratio * kUnitsPerTwip);
-    style.origin = (whole.topLeft() - part.topLeft()) * ratio;
-    QPainter dots(&image);
-    PaintPicture(dots, picture, style);
-  }
+  PictureStyle style = SheetStyle(toPixels.m11() * ratio * kUnitsPerTwip);
+  style.origin = (whole.topLeft() - part.topLeft()) * ratio;
+  PaintPicture(image, picture, style);
   image.setDevicePixelRatio(ratio);
   painter.save();
   painter.setWorldTransform(QTransform());
@@ -95,9 +94,13 @@ bool ListingPages::Renew() {
   return true;
 }
 
-FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, Part part)
-    : figure_(std::move(figure)), sheets_(SheetsOf(PrinterSettings, std::move(figures), layout)) {
-  sheets_.fitted = part == Part::Whole;
+FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout,
+                             std::optional<View> shown)
+    : figure_(std::move(figure)),
+      chosen_(std::move(figures)),
+      sheets_(SheetsOf(PrinterSettings, chosen_, layout)) {
+  sheets_.shown = shown;
+  files_.Look();
   RecordSheet(sheets_, 0,
               figure_);  // what there is to tell of the model is told here, and not while painting
 }
@@ -107,9 +110,43 @@ QString FigurePreview::Caption() const {
 }
 
 void FigurePreview::LayOut() {
-  const bool fitted = sheets_.fitted;
+  const std::optional<View> shown = sheets_.shown;
   sheets_ = SheetsOf(PrinterSettings, std::move(sheets_.figures), sheets_.layout);
-  sheets_.fitted = fitted;
+  sheets_.shown = shown;
+}
+
+/// Reads what the figures chosen are drawn from; answers why there is nothing to draw.
+std::optional<std::string_view> FigurePreview::ReadData() {
+  FigureModel& model = figure_.model;
+  model = ReadFigureTables();
+  if (model.nodes.empty()) return "表示するモデルがありません";
+  const auto among = [this](int first, int last) {
+    return std::ranges::find_if(
+        chosen_, [&](const SelectedFigure& figure) { return figure.kind >= first && figure.kind <= last; });
+  };
+  if (among(kDisplacementFigure, kMomentFigure) != chosen_.end() && !LoadFigureResults(model, AnalysisPath))
+    return kNoFittingResults;
+  const auto ratios = among(kSteelRatioFigure, kRcRatioFigure);
+  if (ratios != chosen_.end() && !LoadFigureRatios(model, ratios->kind, AnalysisPath))
+    return "断面算定の結果がありません";
+  sheets_.figures = chosen_;
+  std::erase_if(sheets_.figures, [&](const SelectedFigure& figure) {
+    return HasLoadCase(figure.kind) && figure.loadCase > model.maxLoadCase;
+  });
+  if (sheets_.figures.empty()) return "選択した荷重ケースがありません";
+  return std::nullopt;
+}
+
+bool FigurePreview::Renew() {
+  if (!files_.Changed()) return false;
+  files_.Look();
+  const Hush hush;  // nobody has asked for the figures now
+  sheets_.figures.clear();
+  const std::optional<std::string_view> lacking = ReadData();
+  if (!lacking) RecordSheet(sheets_, 0, figure_);
+  note_ = ToQt(lacking.value_or(hush.Message())).section(QLatin1Char('\n'), 0, 1);
+  note_.replace(QLatin1Char('\n'), QLatin1String("　"));
+  return true;
 }
 
 QSize FigurePreview::Sheet() const {

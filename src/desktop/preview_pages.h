@@ -6,7 +6,10 @@
 #include <QSize>
 #include <QString>
 #include <string>
+#include <string_view>
+#include <vector>
 
+#include "desktop/figure_files.h"
 #include "desktop/shown_file.h"
 #include "output/text_pages.h"
 #include "shell/figure_sheets.h"
@@ -36,6 +39,8 @@ class PreviewPages {
   virtual QString Text(int page) const = 0;
   /// Whether the content has changed since it was read; it is read anew then.
   virtual bool Renew() { return false; }
+  /// What there is to say of the content, such as why it has no page; empty for nothing.
+  virtual QString Note() const { return {}; }
 
   // Figures alone:
   /// The kind of the first figure on a page.
@@ -71,13 +76,12 @@ class ListingPages final : public PreviewPages {
   TextPages pages_;  // points into the text
 };
 
-/// Figures of a model in the cells of their pages.
+/// Figures of the model in hand in the cells of their pages. They follow its tables and results.
 class FigurePreview final : public PreviewPages {
  public:
-  /// `figure` has the model and its results.
-  /// Whether the figures are shown whole, or what the figure's own window shows of them.
-  enum class Part { Whole, Shown };
-  FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, Part part);
+  /// `figure` has the model and its results as they are now. `shown` is the part of each figure that a window
+  /// of the screen shows; nothing: each whole.
+  FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout, std::optional<View> shown);
 
   QString Caption() const override;
   void LayOut() override;
@@ -87,12 +91,20 @@ class FigurePreview final : public PreviewPages {
   std::string Pdf(const std::function<void(double share)>& pageDone) override;
   QString FileName() const override;
   QString Text(int) const override { return {}; }
+  /// Without data that the figures can be drawn from there is no page, and a note says so.
+  bool Renew() override;
+  QString Note() const override { return note_; }
   std::optional<int> KindOn(int page) const override;
   bool WriteDxf(int page, const std::string& path) override;
 
  private:
+  std::optional<std::string_view> ReadData();
+
   Figure figure_;
-  FigureSheets sheets_;
+  FigureFiles files_;
+  std::vector<SelectedFigure> chosen_;
+  FigureSheets sheets_;  // of those chosen that the model has
+  QString note_;
 };
 
 }  // namespace zorlan

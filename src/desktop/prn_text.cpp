@@ -6,7 +6,6 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QImage>
 #include <QKeyEvent>
@@ -22,8 +21,10 @@
 #include "base/host.h"
 #include "base/text_file.h"
 #include "desktop/busy.h"
+#include "desktop/flow_row.h"
 #include "desktop/print_job.h"
 #include "desktop/printer_set.h"
+#include "desktop/save_file.h"
 #include "model/model_state.h"
 #include "output/batch_print.h"
 #include "output/dxf_page.h"
@@ -90,18 +91,23 @@ void frmPrnText::Build() {
   auto* const setUp = Button("プリンタ設定", "setUp", "用紙と向き、頁番号を設定します");
   auto* const closing = Button("閉じる", "close", "プレビューを閉じます (Esc)");
 
-  auto* const row = new QHBoxLayout;
+  auto* const pages = new QWidget;
+  auto* const pageRow = new QHBoxLayout(pages);
+  pageRow->setContentsMargins(4, 0, 8, 0);
+  pageRow->addWidget(new QLabel(QStringLiteral("表示ページ")));
+  pageRow->addWidget(page_);
+  pageRow->addWidget(count_);
+  auto* const row = new FlowRow;
   row->addWidget(zoom_);
-  row->addSpacing(8);
-  row->addWidget(new QLabel(QStringLiteral("表示ページ")));
-  row->addWidget(page_);
-  row->addWidget(count_);
-  row->addStretch();
+  row->addWidget(pages);
   for (QPushButton* const button : {print_, pdf_, dxf_, options_, copy_, setUp, closing})
     row->addWidget(button);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(6, 6, 6, 6);
+  note_ = new QLabel;
+  note_->setObjectName(QStringLiteral("note"));
   column->addLayout(row);
+  column->addWidget(note_);
   column->addWidget(view_, 1);
   SetFirst(view_);
 
@@ -139,7 +145,6 @@ void frmPrnText::ShowFigures(std::unique_ptr<FigurePreview> pages) {
 
 void frmPrnText::ShowPages(std::unique_ptr<PreviewPages> pages, PageView::Place place) {
   pages_ = std::move(pages);
-  setWindowTitle(QStringLiteral("印刷プレビュー　") + pages_->Caption());
   LayOut(place);
 }
 
@@ -153,6 +158,9 @@ void frmPrnText::FollowOptions() {
 
 void frmPrnText::LayOut(PageView::Place place) {
   pages_->LayOut();
+  setWindowTitle(QStringLiteral("印刷プレビュー　") + pages_->Caption());
+  note_->setText(pages_->Note());
+  note_->setVisible(!note_->text().isEmpty());
   const int count = Count();
   const QSize sheet = pages_->Sheet();
   view_->SetPages(
@@ -175,6 +183,7 @@ void frmPrnText::SetZoomOf(int row) {
 }
 
 void frmPrnText::Print() {
+  Renew();
   if (Count() == 0) return;
   QPrinter printer(QPrinter::HighResolution);
   SetUpPrinterOf(printer, PrinterSettings, *pages_);
@@ -192,17 +201,18 @@ void frmPrnText::Print() {
 }
 
 void frmPrnText::WritePdf() {
+  Renew();
   if (Count() == 0) return;
   const QString proposed = ToQt(DataPath + ProjectName) + pages_->FileName() + QStringLiteral(".pdf");
-  const QString target = QFileDialog::getSaveFileName(this, QStringLiteral("ＰＤＦファイル出力"), proposed,
-                                                      QStringLiteral("ＰＤＦ (*.pdf)"));
+  const QString target = AskSaveFile(this, QStringLiteral("ＰＤＦファイル出力"), proposed,
+                                     QStringLiteral("ＰＤＦ (*.pdf)"), QStringLiteral(".pdf"));
   if (target.isEmpty()) return;
-  const bool named = target.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
   std::string failure;
   SetBusy(true);
   try {
     const std::string pdf = pages_->Pdf([](double share) { ShowProgress("ＰＤＦファイル出力", share); });
-    ReplaceBytes(FromQt(named ? target : target + QStringLiteral(".pdf")), pdf);
+    ReplaceBytes(FromQt(target), pdf);
+    SayWritten(target);
   } catch (const UserStop&) {
     // Nothing was written; the user knows.
   } catch (const std::exception& fault) {
@@ -213,19 +223,25 @@ void frmPrnText::WritePdf() {
 }
 
 void frmPrnText::WriteDxf() {
+  Renew();
+  if (Count() == 0) return;
   const int page = view_->Page();
   const QString proposed =
       ToQt(DataPath + ProjectName) + ToQt(DxfPageName(page + 1)) + QStringLiteral(".dxf");
   const QString target =
-      QFileDialog::getSaveFileName(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter());
+      AskSaveFile(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter(), QStringLiteral(".dxf"));
   if (target.isEmpty()) return;
-  const bool named = target.endsWith(QStringLiteral(".dxf"), Qt::CaseInsensitive);
   SetBusy(true);
-  pages_->WriteDxf(page, FromQt(named ? target : target + QStringLiteral(".dxf")));
+  if (pages_->WriteDxf(page, FromQt(target))) SayWritten(target);
   EndBusy();
 }
 
+void frmPrnText::SayWritten(const QString& file) {
+  Say(QStringLiteral("%1 に書き出しました").arg(QFileInfo(file).fileName()));
+}
+
 void frmPrnText::CopyPage() {
+  Renew();
   if (Count() == 0) return;
   const int page = view_->Page();
   constexpr double kDotsPerUnit = kClipboardDpi / (25.4 * kUnitsPerMm);
@@ -275,7 +291,7 @@ frmPrnText::Action frmPrnText::ActionOf(const QKeyEvent& key) {
 }
 
 QSize frmPrnText::sizeHint() const {
-  return {960, 680};
+  return Form::sizeHint().expandedTo({960, 680});
 }
 
 }  // namespace zorlan

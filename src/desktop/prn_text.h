@@ -56,6 +56,7 @@ class frmPrnText : public Form {
   void Print();
   void WritePdf();
   void WriteDxf();
+  void SayWritten(const QString& file);
   void CopyPage();
   void SetUpPrinter();
 
@@ -64,7 +65,7 @@ class frmPrnText : public Form {
   PageView* view_;
   QComboBox* zoom_;
   QSpinBox* page_;
-  QLabel* count_;
+  QLabel *count_, *note_;
   QPushButton *print_, *pdf_, *dxf_, *options_, *copy_;
 };
 

@@ -12,9 +12,6 @@
 namespace zorlan {
 namespace {
 
-constexpr double kLargestHeight = 100;  // cm
-constexpr int kMostDecimals = 9;
-
 /// The diagrams in the order of the rows here, and where height and digits are kept. Displacements have no
 /// labels.
 struct DiagramRow {
@@ -45,14 +42,14 @@ ResultOptions::ResultOptions() {
     grid->addWidget(new QLabel(QString::fromUtf8(kDiagrams[r].caption)), line, 0);
     auto* const height = heights_[r] = new QDoubleSpinBox;
     height->setObjectName(QStringLiteral("height") + QLatin1String(kDiagrams[r].name));
-    height->setRange(0.1, kLargestHeight);
+    height->setRange(0, double{kLargestDiagramHeight});
     height->setSingleStep(0.1);
     height->setDecimals(2);
     grid->addWidget(height, line, 1);
     if (kDiagrams[r].decimals == nullptr) continue;
     auto* const decimals = decimals_[digits++] = new QComboBox;
     decimals->setObjectName(QStringLiteral("decimals") + QLatin1String(kDiagrams[r].name));
-    for (int d = 0; d <= kMostDecimals; ++d) decimals->addItem(QString::number(d));
+    for (int d = 0; d <= kMostDiagramDecimals; ++d) decimals->addItem(QString::number(d));
     grid->addWidget(decimals, line, 2);
   }
   tension_ = MakeColourButton("tension");
@@ -68,9 +65,11 @@ ResultOptions::ResultOptions() {
 }
 
 void ResultOptions::Fill(const AnalysisOptions& options) {
+  filled_ = options;
   std::size_t digits = 0;
   for (std::size_t r = 0; r < kDiagrams.size(); ++r) {
     heights_[r]->setValue(static_cast<double>(options.*kDiagrams[r].height));
+    shown_[r] = heights_[r]->value();
     if (kDiagrams[r].decimals == nullptr) continue;
     QComboBox* const box = decimals_[digits++];
     box->setCurrentIndex(std::max(0, box->findText(ToQt(options.*kDiagrams[r].decimals))));
@@ -83,7 +82,10 @@ void ResultOptions::Fill(const AnalysisOptions& options) {
 AnalysisOptions ResultOptions::Taken(AnalysisOptions options) const {
   std::size_t digits = 0;
   for (std::size_t r = 0; r < kDiagrams.size(); ++r) {
-    options.*kDiagrams[r].height = static_cast<float>(heights_[r]->value());
+    // A box rounds what it shows: a height that nobody has touched stays as it is.
+    const double height = heights_[r]->value();
+    options.*kDiagrams[r].height =
+        height == shown_[r] ? filled_.*kDiagrams[r].height : static_cast<float>(height);
     if (kDiagrams[r].decimals != nullptr)
       options.*kDiagrams[r].decimals = FromQt(decimals_[digits++]->currentText());
   }

@@ -21,7 +21,9 @@ class ResultOptions : public QWidget {
   AnalysisOptions Taken(AnalysisOptions options) const;
 
  private:
+  AnalysisOptions filled_;
   std::array<QDoubleSpinBox*, 4> heights_{};  // displacement, axial force, shear, moment
+  std::array<double, 4> shown_{};             // what they showed of those filled in
   std::array<QComboBox*, 3> decimals_{};      // axial force, shear, moment
   QWidget *tension_, *compression_;
   QCheckBox* allCases_;

@@ -1,6 +1,7 @@
 #include "desktop/set_limit1.h"
 
 #include <cmath>
+#include <optional>
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QLabel>
@@ -28,16 +29,22 @@ QString LimitText(double limit) {
   return text.empty() || text == "-" ? QStringLiteral("0") : ToQt(text);
 }
 
-double LimitOf(const QLineEdit& box, double none) {
+/// The limit in a box, `none` of an empty one; nothing while it holds but a part of a number, or one without
+/// end.
+std::optional<double> LimitOf(const QLineEdit& box, double none) {
   const std::string text = FromQt(box.text().trimmed());
-  return text.empty() ? none : ReadReal(text);
+  if (text.empty()) return none;
+  const double limit = ReadReal(text);
+  return box.hasAcceptableInput() && std::isfinite(limit) ? std::optional(limit) : std::nullopt;
 }
 
 QLineEdit* Box(const char* name) {
   auto* const box = new QLineEdit;
   box->setObjectName(QString::fromLatin1(name));
   box->setAlignment(Qt::AlignRight);
-  static const QRegularExpression real(QStringLiteral("[-+]?[0-9]*\\.?[0-9]*([eE][-+]?[0-9]*)?"));
+  // The beginning of a number may stand in the box, and is refused by "ＯＫ".
+  static const QRegularExpression real(
+      QStringLiteral(" *([-+]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][-+]?[0-9]+)?)? *"));
   box->setValidator(new QRegularExpressionValidator(real, box));
   box->setPlaceholderText(QStringLiteral("制限なし"));
   box->setMinimumWidth(120);
@@ -97,10 +104,21 @@ void SetLimit1::Fill(const ViewingRange& range) {
 
 void SetLimit1::accept() {
   ViewingRange range;
-  range.xLower = LimitOf(*xLower_, range.xLower);
-  range.xUpper = LimitOf(*xUpper_, range.xUpper);
-  range.yLower = LimitOf(*yLower_, range.yLower);
-  range.yUpper = LimitOf(*yUpper_, range.yUpper);
+  const struct {
+    QLineEdit* box;
+    double& limit;
+  } limits[] = {
+      {xLower_, range.xLower}, {xUpper_, range.xUpper}, {yLower_, range.yLower}, {yUpper_, range.yUpper}};
+  for (const auto& [box, limit] : limits) {
+    const std::optional<double> typed = LimitOf(*box, limit);
+    if (!typed) {
+      Tell("「" + FromQt(box->text()) + "」 は数値ではありません");
+      box->setFocus();
+      box->selectAll();
+      return;
+    }
+    limit = *typed;
+  }
   range.mode = oneEnd_->isChecked() ? RangeMode::OneEnd : RangeMode::BothEnds;
   const bool crossed = range.xLower > range.xUpper || range.yLower > range.yUpper;
   if (crossed) {

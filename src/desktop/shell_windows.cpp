@@ -81,6 +81,7 @@ void InstallMainWindow(MainWindow& window) {
   table.openModelFigure = [&window] { OpenModelFigure(window); };
   table.dropFigureData = [&window] { DropFigureData(window); };
   table.drawTyped = [&window](const std::vector<TypedTable>& typed) { DrawTyped(window, typed); };
+  table.markInFigure = [&window](std::string_view key, int number) { MarkInFigure(window, key, number); };
   table.resetCascade = [&forms] { forms.ResetCascade(); };
   table.refresh = [&window] { window.Refresh(); };
   table.takeNodes = [&window](const std::vector<int>& nodes) { return TakePickedNodes(window, nodes); };

@@ -61,8 +61,9 @@ TableWindow::~TableWindow() {
 
 QLayout* TableWindow::ButtonRow() {
   auto* const row = new QHBoxLayout;
-  auto* const redraw = Button("再描画", "redraw", "入力中のデータをモデル図に表示します (Ctrl+R)");
-  connect(redraw, &QPushButton::clicked, this, &TableWindow::Redraw);
+  auto* const redraw =
+      Button("再描画", "redraw", "入力中のデータと、カーソル行の節点や要素を、モデル図に表示します (Ctrl+R)");
+  connect(redraw, &QPushButton::clicked, this, &TableWindow::ShowInFigure);
   row->addWidget(redraw);
   if (editor_.Form().name == "InpSECT") {
     auto* const section = Button("断面性能入力", "sectionEntry", "カーソル行の断面を表から選びます (F4)");
@@ -141,7 +142,7 @@ void TableWindow::Connect() {
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
     connect(shortcut, &QShortcut::activated, this, action);
   };
-  key(Qt::CTRL | Qt::Key_R, &TableWindow::Redraw);
+  key(Qt::CTRL | Qt::Key_R, &TableWindow::ShowInFigure);
   if (editor_.Form().name == "InpSECT") key(Qt::Key_F4, &TableWindow::EnterSection);
   if (groups_ != nullptr)
     key(Qt::CTRL | Qt::Key_G, [this] {
@@ -276,6 +277,18 @@ void TableWindow::Redraw() {
       tables.push_back({"NODE", nodes->editor_.Rows()});
   TheWindows().drawTyped(tables);
   TheWindows().refresh();
+}
+
+void TableWindow::ShowInFigure() {
+  Redraw();
+  Form* const figure = window_.Forms().Find("Model");
+  if (figure == nullptr) return;
+  window_.Forms().ShowBeside(figure, this);
+  const CellPlace at = view_->Current();
+  const int number = static_cast<int>(editor_.View(at.page, at.row).Real(1));
+  const std::string_view key = editor_.Form().keyBlank;  // the word for what the rows are of
+  for (const std::string_view table : {"NODE", "ELEM"})
+    if (key == FindTableForm("Inp" + std::string(table))->keyBlank) TheWindows().markInFigure(table, number);
 }
 
 void TableWindow::RedrawCommitted() {

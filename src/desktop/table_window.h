@@ -38,8 +38,10 @@ class TableWindow : public Form {
   /// A member picked in the figure: its number goes into the current row, in InpELEM the cursor to its row.
   /// False: the table has no members.
   bool TakeElement(int number);
-  /// The redraw button: the figure shows the rows as they are typed.
+  /// The figure shows the rows as they are typed.
   void Redraw();
+  /// The redraw button: the same beside the table, with the node or member of the current row marked.
+  void ShowInFigure();
 
   QSize sizeHint() const override;
 

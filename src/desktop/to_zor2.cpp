@@ -45,6 +45,7 @@ ToZOR2::ToZOR2(QWidget* parent) : QDialog(parent), dialog_(StartConvertDialog())
   rows->addRow(QStringLiteral("サブタイトル"), subtitle_);
   convert_ = new QPushButton(QStringLiteral("変換"));
   convert_->setObjectName(QStringLiteral("convert"));
+  convert_->setDefault(true);
   auto* const closing = new QPushButton(QStringLiteral("閉じる"));
   closing->setObjectName(QStringLiteral("close"));
   auto* const buttons = new QDialogButtonBox;
@@ -73,7 +74,6 @@ void ToZOR2::ShowPaths() {
   old_->setText(ToQt(dialog_.oldFolder));
   target_->setText(ToQt(dialog_.target.Deck()));
   convert_->setEnabled(!dialog_.oldFolder.empty() && !dialog_.target.model.empty());
-  if (convert_->isEnabled()) convert_->setDefault(true);
 }
 
 void ToZOR2::Convert() {

@@ -1,7 +1,6 @@
 #include "forms/help_pages.h"
 
 #include <algorithm>
-#include <array>
 #include <span>
 
 #include "base/cp932.h"

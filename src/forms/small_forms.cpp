@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <filesystem>
-#include <numeric>
 
 #include "base/cp932.h"
 #include "base/number.h"
@@ -252,8 +251,7 @@ void TakeUnit(const UnitEntry& entry) {
 
 bool DropResultsOfOtherCases() {
   bool any = false;
-  std::error_code missing;
-  for (const auto& file : std::filesystem::directory_iterator(NativePath(AnalysisPath), missing)) {
+  for (const std::filesystem::directory_entry& file : EntriesOf(AnalysisPath)) {
     if (!UpperCase(PathText(file.path().filename())).starts_with("FT")) continue;
     RemoveFile(PathText(file.path()));
     any = true;

@@ -1,7 +1,5 @@
 // The row check and the commit of a table form.
-#include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include "base/cp932.h"
 #include "base/host.h"

@@ -150,7 +150,7 @@ std::string TableEditor::UnshownText() const {
   const bool groups = form_->pages == Pages::Groups;
   say(unshown.strays, groups ? "グループ番号が範囲外のデータ" : "荷重ケースが範囲外のデータ");
   say(unshown.cells, "表示できない項目のあるデータ");
-  say(unshown.rows, "10000 行に収まらないデータ");
+  say(unshown.rows, std::to_string(kGridRows) + " 行に収まらないデータ");
   return text.empty() ? text : text + "あります";
 }
 

@@ -1,7 +1,6 @@
 #include "forms/typing.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/text.h"
 #include "forms/table_form.h"

@@ -6,9 +6,13 @@
 
 namespace zorlan {
 
+bool StartsAtJ(Point i, Point j) {
+  return i.x == j.x ? j.y < i.y : j.x < i.x;
+}
+
 std::optional<DiagramMember> MemberFromStart(Point i, Point j) {
   DiagramMember member;
-  member.exchanged = i.x == j.x ? j.y < i.y : j.x < i.x;
+  member.exchanged = StartsAtJ(i, j);
   const Point start = member.exchanged ? j : i, end = member.exchanged ? i : j;
   const double dx = end.x - start.x, dy = end.y - start.y;
   member.xi = start.x;

@@ -23,6 +23,9 @@ struct DiagramMember {
   bool exchanged = false;       // the start is the end J
 };
 
+/// Whether a member from `i` to `j` starts at its end J.
+bool StartsAtJ(Point i, Point j);
+
 /// Nothing for a member without length, or with coordinates that are no numbers.
 std::optional<DiagramMember> MemberFromStart(Point i, Point j);
 
@@ -33,12 +36,14 @@ double LabelAngle(const DiagramMember& member);
 /// centre changed where the start is the end J.
 struct MomentValues {
   double start = 0, centre = 0, end = 0;
+  MomentValues operator-() const { return {-start, -centre, -end}; }
 };
 MomentValues MomentsFromStart(const StressRecord& record, bool exchanged);
 
 /// Forces at both ends of a member.
 struct EndValues {
   double start = 0, end = 0;
+  EndValues operator-() const { return {-start, -end}; }
 };
 /// Axial force, tension positive: at end I the reverse of the force on the member, at end J that force.
 EndValues AxialFromStart(const StressRecord& record, bool exchanged);
@@ -46,6 +51,16 @@ EndValues AxialFromStart(const StressRecord& record, bool exchanged);
 /// piece of the member clockwise): the force on the member at end I, the reverse of that at end J. Between
 /// loads it is constant. It is the same from either end.
 EndValues ShearFromStart(const StressRecord& record, bool exchanged);
+
+/// What a diagram shows of a record, by one of the readers above. A frame's values are those of its member's
+/// y axis, which turns with the ends. A grid's local vertical is Z from either end, and its ordinates stand
+/// upright: what the exchange turned over is turned back.
+template <class Values>
+Values DiagramValues(Values (*fromStart)(const StressRecord&, bool), const StressRecord& record,
+                     bool exchanged, bool grid) {
+  const Values values = fromStart(record, exchanged);
+  return grid && exchanged ? -values : values;
+}
 
 /// Whether a diagram with this greatest absolute value (t, t*m, m) has ordinates: rounding alone has none.
 bool HasOrdinates(double G);

@@ -16,10 +16,11 @@ double DisplayFactor(const FigureModel& model) {
   return model.outUnit == 1 ? model.gravityFactor : 1;
 }
 
-/// The first and the last case that have a part in a scale.
+/// The first and the last of some cases.
 struct CaseRange {
   int first = 1, last = 0;
 };
+/// Those that have a part in the scale.
 CaseRange ScaledCases(const Figure& figure) {
   if (figure.options.ScaleOverAllCases) return {1, figure.model.maxLoadCase};
   return {figure.loadCase, figure.loadCase};
@@ -44,11 +45,12 @@ std::optional<DiagramMember> MemberOf(const Figure& figure, const FigureElement&
   return MemberFromStart({i.x, i.y}, {j.x, j.y});
 }
 
-/// The greatest absolute value that `greatest` finds in the records of all members with a length.
-template <class Greatest>
-double GreatestStress(const Figure& figure, Greatest greatest) {
+/// The greatest absolute value of a record that a diagram shows.
+using Greatest = double (*)(const StressRecord&);
+
+/// That of the cases' records of all members with a length.
+double GreatestStress(const Figure& figure, CaseRange cases, Greatest greatest) {
   double G = 0;
-  const CaseRange cases = ScaledCases(figure);
   const std::vector<FigureElement>& elements = figure.model.elements;
   for (std::size_t e = 0; e < elements.size(); ++e) {
     if (!MemberOf(figure, elements[e])) continue;
@@ -108,27 +110,32 @@ struct Curve {
   std::vector<Point> points;
 };
 
-void ShadeCurve(Plot& plot, const Curve& curve, Rgb colour) {
-  std::vector<Point> polygon = curve.points;
+void ShadeCurve(Plot& plot, Curve& curve, Rgb colour) {
+  std::vector<Point>& polygon = curve.points;
   polygon.push_back(curve.footEnd);
   polygon.push_back(curve.footStart);
   PlotShade(plot, polygon, colour);
+  polygon.resize(polygon.size() - 2);
 }
 
-/// The lines of a curve; no label shall stand on them.
-void DrawPolyline(Plot& plot, std::span<const Point> points, Rgb colour, LabelField* labels) {
-  for (std::size_t k = 1; k < points.size(); ++k) {
-    PlotDashedLine(plot, points[k - 1].x, points[k - 1].y, points[k].x, points[k].y, colour);
-    if (labels != nullptr) labels->TakeLine(points[k - 1], points[k]);
-  }
+/// The lines of a curve, with the closing lines at its first and last ordinate as they are wanted.
+void DrawCurve(Plot& plot, const Curve& curve, Rgb colour, bool first = true, bool last = true) {
+  const auto line = [&](Point a, Point b) { PlotDashedLine(plot, a.x, a.y, b.x, b.y, colour); };
+  if (first) line(curve.footStart, curve.points.front());
+  for (std::size_t k = 1; k < curve.points.size(); ++k) line(curve.points[k - 1], curve.points[k]);
+  if (last) line(curve.points.back(), curve.footEnd);
 }
 
-/// The closing line from the member to an ordinate.
-void DrawClosing(Plot& plot, Point foot, Point ordinate, Rgb colour) {
-  PlotDashedLine(plot, foot.x, foot.y, ordinate.x, ordinate.y, colour);
+/// No label shall stand on a diagram's lines; where none looks for a place that needn't be known.
+void KeepFree(LabelField& field, const ValueLabels& values, const Curve& curve) {
+  if (values.IsCrowded(curve.footStart) && values.IsCrowded(curve.footEnd)) return;
+  field.TakeLine(curve.footStart, curve.points.front());
+  field.TakePolyline(curve.points);
+  field.TakeLine(curve.points.back(), curve.footEnd);
 }
 
-// The shown members of a diagram, each with its values of the case in hand.
+// The shown members of a diagram, each with its values of the case in hand; none where that case is without
+// stress.
 
 template <class Values>
 struct MemberValues {
@@ -136,10 +143,11 @@ struct MemberValues {
   Values values;
 };
 
-template <class Values, class Read>
-std::vector<MemberValues<Values>> ShownValues(const Figure& figure, double G, Read read) {
+template <class Values>
+std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Greatest greatest,
+                                              Values (*read)(const StressRecord&, bool)) {
   std::vector<MemberValues<Values>> shown;
-  if (!HasOrdinates(G)) return shown;
+  if (!HasOrdinates(GreatestStress(figure, {figure.loadCase, figure.loadCase}, greatest))) return shown;
   const std::vector<FigureElement>& elements = figure.model.elements;
   for (std::size_t e = 0; e < elements.size() && e < figure.shown.size(); ++e) {
     if (figure.shown[e] == 0) continue;
@@ -147,7 +155,7 @@ std::vector<MemberValues<Values>> ShownValues(const Figure& figure, double G, Re
     if (record == nullptr) continue;
     const std::optional<DiagramMember> member = MemberOf(figure, elements[e]);
     if (!member) continue;
-    shown.push_back({*member, read(*record, member->exchanged)});
+    shown.push_back({*member, DiagramValues(read, *record, member->exchanged, figure.model.IsGrid())});
   }
   return shown;
 }
@@ -191,7 +199,7 @@ std::vector<Band> BandsOf(double L, double m0, double m1, Rgb positive, Rgb nega
 
 struct ForceDiagram {
   EndValues (*read)(const StressRecord&, bool);
-  double (*greatest)(const StressRecord&);
+  Greatest greatest;
   float heightCm;
   const LineOption& line;
   Rgb positive, negative;
@@ -200,9 +208,9 @@ struct ForceDiagram {
 };
 
 void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, const ForceDiagram& diagram) {
-  const double G = GreatestStress(figure, diagram.greatest);
+  const double G = GreatestStress(figure, ScaledCases(figure), diagram.greatest);
   const Ordinates ordinates(figure, diagram.heightCm, G);
-  const auto shown = ShownValues<EndValues>(figure, G, diagram.read);
+  const auto shown = ShownValues(figure, diagram.greatest, diagram.read);
   const double s = ordinates.Scale();
   const auto forEachBand = [&](auto use) {
     if (!diagram.line.visible) return;
@@ -212,20 +220,19 @@ void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, cons
                         ordinates.At(member, band.x1, 0),
                         {ordinates.At(member, band.x0, band.m0), ordinates.At(member, band.x1, band.m1)}});
   };
-  forEachBand([&](const Band& band, const Curve& curve) { ShadeCurve(plot, curve, band.colour); });
-
-  PlotSetPen(plot, diagram.line.style, diagram.line.width);
-  forEachBand([&](const Band& band, const Curve& curve) {
-    if (band.first) DrawClosing(plot, curve.footStart, curve.points[0], band.colour);
-    DrawPolyline(plot, curve.points, band.colour, diagram.value.visible ? &labels : nullptr);
-    if (band.last) DrawClosing(plot, curve.points[1], curve.footEnd, band.colour);
-  });
+  forEachBand([&](const Band& band, Curve curve) { ShadeCurve(plot, curve, band.colour); });
 
   ValueLabels values(plot, labels, diagram.value, diagram.decimals, DisplayFactor(figure.model));
   for (const auto& [member, v] : shown) {
-    values.Write(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
-    values.Write(ordinates.Place(member, member.L, v.end * s, kRightCentre, /*back=*/true), v.end);
+    values.Add(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
+    values.Add(ordinates.Place(member, member.L, v.end * s, kRightCentre, /*back=*/true), v.end);
   }
+  PlotSetPen(plot, diagram.line.style, diagram.line.width);
+  forEachBand([&](const Band& band, const Curve& curve) {
+    DrawCurve(plot, curve, band.colour, band.first, band.last);
+    KeepFree(labels, values, curve);
+  });
+  values.Write();
 }
 
 /// Displacements of a member's end nodes in a case.
@@ -254,32 +261,30 @@ double GreatestDisplacement(const Figure& figure) {
 
 void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
   const FigureOptions& options = figure.options;
-  const double G = GreatestStress(figure, GreatestMoment);
+  const double G = GreatestStress(figure, ScaledCases(figure), GreatestMoment);
   const Ordinates ordinates(figure, options.HeightMoment, G);
-  const auto shown = ShownValues<MomentValues>(figure, G, MomentsFromStart);
+  const auto shown = ShownValues(figure, GreatestMoment, MomentsFromStart);
   const double s = ordinates.Scale();
-  const auto forEachCurve = [&](auto use) {
-    if (!options.moment.visible) return;
-    for (const auto& [member, v] : shown) {
-      const Parabola m = MomentParabola(v.start * s, v.centre * s, v.end * s, member.L);
-      use(MomentCurve(member, m, ordinates));
-    }
-  };
-  forEachCurve([&](const Curve& curve) { ShadeCurve(plot, curve, options.moment.colour); });
-
-  PlotSetPen(plot, options.moment.style, options.moment.width);
-  forEachCurve([&](const Curve& curve) {
-    DrawClosing(plot, curve.footStart, curve.points.front(), options.moment.colour);
-    DrawPolyline(plot, curve.points, options.moment.colour, options.momentValue.visible ? &labels : nullptr);
-    DrawClosing(plot, curve.points.back(), curve.footEnd, options.moment.colour);
-  });
-
   ValueLabels values(plot, labels, options.momentValue, options.DecimalsMoment, DisplayFactor(figure.model));
   for (const auto& [member, v] : shown) {
-    values.Write(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
-    values.Write(ordinates.Place(member, member.L, -v.end * s, kRightCentre, /*back=*/true), v.end);
-    values.Write(ordinates.Place(member, member.L / 2, -v.centre * s, kCentre), v.centre);
+    values.Add(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
+    values.Add(ordinates.Place(member, member.L, -v.end * s, kRightCentre, /*back=*/true), v.end);
+    values.Add(ordinates.Place(member, member.L / 2, -v.centre * s, kCentre), v.centre);
   }
+  if (options.moment.visible) {
+    std::vector<Curve> curves;
+    curves.reserve(shown.size());
+    for (const auto& [member, v] : shown)
+      curves.push_back(
+          MomentCurve(member, MomentParabola(v.start * s, v.centre * s, v.end * s, member.L), ordinates));
+    for (Curve& curve : curves) ShadeCurve(plot, curve, options.moment.colour);
+    PlotSetPen(plot, options.moment.style, options.moment.width);
+    for (const Curve& curve : curves) {
+      DrawCurve(plot, curve, options.moment.colour);
+      KeepFree(labels, values, curve);
+    }
+  }
+  values.Write();
 }
 
 void DrawNormalData(Plot& plot, const Figure& figure, LabelField& labels) {

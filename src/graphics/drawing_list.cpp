@@ -58,7 +58,7 @@ std::string DrawingListText(const std::vector<DrawOperation>& operations) {
 }
 
 void WriteDrawingList(const std::string& path, const std::vector<DrawOperation>& operations) {
-  ReplaceBytes(path, Cp932FromUtf8(DrawingListText(operations)).bytes, Flush::No);
+  ReplaceBytes(path, Cp932ForPrint(DrawingListText(operations)), Flush::No);
 }
 
 }  // namespace zorlan

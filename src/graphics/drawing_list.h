@@ -33,7 +33,7 @@ std::string OperationLine(const DrawOperation& operation);
 std::string DrawingListText(const std::vector<DrawOperation>& operations);
 
 /// Writes the list as a text file of the system, in place of an older one. Characters that the code page
-/// lacks stand as "?". Throws FileFault.
+/// lacks stand as they are printed (Cp932ForPrint). Throws FileFault.
 void WriteDrawingList(const std::string& path, const std::vector<DrawOperation>& operations);
 
 }  // namespace zorlan

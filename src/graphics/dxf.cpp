@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 
+#include "base/cp932.h"
 #include "base/fault.h"
 #include "base/number.h"
 #include "base/text.h"
@@ -16,8 +17,8 @@ namespace {
 
 using Kind = DrawOperation::Kind;
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kNoFlags = "     0";
+constexpr std::size_t kLongestText = 255;  // bytes
 
 struct LineType {
   std::string_view name, description, length;
@@ -172,7 +173,8 @@ void WriteTextStyles(DxfFile& dxf) {
 
 /// A rotated text: its point, the left upper corner, is moved down along the turned y to the left lower one.
 void WriteRotatedText(DxfFile& dxf, const DrawOperation& text) {
-  const double a = text.angle * 3.14159 / 180;  // these digits of pi
+  constexpr double kPi = 3.14159;  // these digits and no more: a sheet that is exported again stays as it was
+  const double a = text.angle * kPi / 180;
   WriteDXFText(dxf, text.layer, text.x + text.height * std::sin(a), text.y + text.height * std::cos(a),
                text.text, text.width, text.height, text.angle, text.colour, DxfTextPoint::LeftBottom);
 }
@@ -262,7 +264,7 @@ void WriteDXFText(DxfFile& dxf, std::string_view layer, double x, double y, std:
   BeginEntity(dxf, "TEXT", layer, colour);
   WritePoint(dxf, 10, x, dxf.PageBottom - y);
   WriteDXFPair(dxf, 40, height);
-  WriteDXFPair(dxf, 1, text);
+  WriteDXFPair(dxf, 1, FrontWithin(text, kLongestText));
   WriteDXFPair(dxf, 50, angle);
   WriteDXFPair(dxf, 7, "STYLE2");
   WriteDXFPair(dxf, 72, 0.0);  // left
@@ -293,8 +295,12 @@ std::string DxfOfList(std::string_view list) {
   return std::move(dxf.text);
 }
 
+void WriteDxfText(const std::string& dxfFile, std::string_view dxf, Flush flush) {
+  ReplaceBytes(dxfFile, Cp932ForPrint(dxf), flush);
+}
+
 bool WriteDXF(const std::string& listFile, const std::string& dxfFile, std::string* reason) try {
-  ReplaceTextFile(dxfFile, DxfOfList(ReadTextFile(listFile)), Flush::No);
+  WriteDxfText(dxfFile, DxfOfList(ReadTextFile(listFile)), Flush::No);
   return true;
 } catch (const Fault& fault) {
   if (reason != nullptr) *reason = fault.what();

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/text_file.h"
 #include "graphics/plot_target.h"
 
 namespace zorlan {
@@ -49,7 +50,8 @@ void WriteDXFCircle(DxfFile& dxf, std::string_view layer, double x, double y, do
 /// Which place of a text's box its point is.
 enum class DxfTextPoint { LeftTop, LeftBottom };
 /// A text turned by `angle` degrees counter-clockwise about its point. `width` takes no part: release 12
-/// derives it from the height and the style.
+/// derives it from the height and the style. Its readers hold no text of more than 255 bytes: a longer one
+/// ends there.
 void WriteDXFText(DxfFile& dxf, std::string_view layer, double x, double y, std::string_view text,
                   double width, double height, double angle, Rgb colour,
                   DxfTextPoint point = DxfTextPoint::LeftTop);
@@ -61,6 +63,10 @@ int ColourToACI(Rgb colour);
 /// The DXF file of a drawing list, both as UTF-8 text. An empty list gives extents of 1E+10 and -1E+10 and no
 /// entity. Throws Fault.
 std::string DxfOfList(std::string_view list);
+
+/// Writes such a text as a file in code page 932, in place of an older one; what the code page lacks stands
+/// as it is printed (Cp932ForPrint). Throws FileFault.
+void WriteDxfText(const std::string& dxfFile, std::string_view dxf, Flush flush = Flush::Yes);
 
 /// Translates a drawing list in a file into a DXF file in code page 932, written safely in place of an older
 /// one. False, with the reason in `reason` where one is asked for, when a section or a file failed: an older

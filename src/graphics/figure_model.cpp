@@ -84,16 +84,17 @@ class Cells {
   bool good_ = true;
 };
 
-std::string TableFileText(std::string_view key) {
-  const std::string path = WorkPath + std::string(key);
-  return FileExists(path) ? ReadTextFile(path) : std::string();
-}
+/// Where the tables of a model come from: the text of the one with a key, and rows that stand in for others.
+struct TableSource {
+  std::function<std::string(std::string_view key)> text;
+  const TypedRows& typed;
 
-/// The rows of a table: as typed, or else as its file has them.
-std::vector<TableRow> RowsOf(std::string_view key, const TypedRows& typed) {
-  const auto found = typed.find(key);
-  return found == typed.end() ? ParseTable(key, TableFileText(key)) : found->second;
-}
+  std::vector<TableRow> FileRows(std::string_view key) const { return ParseTable(key, text(key)); }
+  std::vector<TableRow> Rows(std::string_view key) const {
+    const auto found = typed.find(key);
+    return found == typed.end() ? FileRows(key) : found->second;
+  }
+};
 
 /// Reads a table's rows of at least so many cells into records; false when a row can't be read.
 template <class Record, class Read>
@@ -136,17 +137,17 @@ ElodRec ReadElementLoad(Cells& cells) {
   return load;
 }
 
-void ReadHeader(FigureModel& model) {
-  const std::string title = TableFileText("TITL");
+void ReadHeader(FigureModel& model, const TableSource& source) {
+  const std::string title = source.text("TITL");
   std::string_view rest = title;
   while (const std::optional<std::string_view> line = TakeLine(rest))
     if (!DeckLine(*line).empty()) model.title = DeckLine(*line);
-  for (const TableRow& row : ParseTable("CONT", TableFileText("CONT"))) {
+  for (const TableRow& row : source.FileRows("CONT")) {
     Cells cells(row);
     model.modelCode = cells.Int(1);
     model.maxLoadCase = cells.Int(2);
   }
-  for (const TableRow& row : ParseTable("UNIT", TableFileText("UNIT"))) {
+  for (const TableRow& row : source.FileRows("UNIT")) {
     Cells cells(row);
     model.inUnit = cells.Int(1);
     model.outUnit = cells.Int(2);
@@ -155,23 +156,41 @@ void ReadHeader(FigureModel& model) {
   }
 }
 
-void ReadLoads(FigureModel& model, const TypedRows& typed) {
+void ReadLoads(FigureModel& model, const TableSource& source) {
   // A load row at fault is the input check's business; the figure shows the others.
-  ReadRows(RowsOf("PLOD", typed), 3, kMaxTableRows, model.nodalLoads, [](Cells& cells) {
+  ReadRows(source.Rows("PLOD"), 3, kMaxTableRows, model.nodalLoads, [](Cells& cells) {
     return PlodRec{cells.Int(1), cells.Int(2), cells.Real(3), cells.Real(4), cells.Real(5)};
   });
-  ReadRows(RowsOf("ELOD", typed), 6, kMaxTableRows, model.elementLoads, ReadElementLoad);
-  ReadRows(RowsOf("CLOD", typed), 3, kMaxTableRows, model.cmqLoads, [](Cells& cells) {
+  ReadRows(source.Rows("ELOD"), 6, kMaxTableRows, model.elementLoads, ReadElementLoad);
+  ReadRows(source.Rows("CLOD"), 3, kMaxTableRows, model.cmqLoads, [](Cells& cells) {
     return ClodRec{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Real(4),
                    cells.Real(5), cells.Real(6), cells.Real(7), cells.Int(8)};
   });
-  ReadRows(RowsOf("TLOD", typed), 7, kMaxTableRows, model.temperatureLoads, [](Cells& cells) {
+  ReadRows(source.Rows("TLOD"), 7, kMaxTableRows, model.temperatureLoads, [](Cells& cells) {
     return TlodRec{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Real(4),
                    cells.Real(5), cells.Real(6), cells.Real(7), cells.Int(8)};
   });
 }
 
 constexpr std::string_view kReadingTitle = "入力ﾌｧｲﾙの読込み";
+
+FigureModel ReadTables(const TableSource& source) {
+  constexpr std::size_t kMostNodeCells = 7;  // the analysis drops a row of more
+  FigureModel model;
+  model.name = ModelBaseName();
+  ReadHeader(model, source);
+  std::vector<TableRow> nodes = source.Rows("NODE");
+  const std::size_t longRows =
+      std::erase_if(nodes, [](const TableRow& row) { return row.cells.size() > kMostNodeCells; });
+  if (!ReadRows(nodes, 6, kMaxNodes, model.nodes, ReadNode) || longRows > 0)
+    TheHost().message("節点データに異常が有ります", kReadingTitle);
+  bool good = ReadRows(source.Rows("ELEM"), 6, kMaxElements, model.elements, ReadElement);
+  ReadLoads(model, source);
+  ResolveNumbers(model);
+  for (const FigureElement& element : model.elements) good = good && element.rowI >= 0 && element.rowJ >= 0;
+  if (!good) TheHost().message("要素データに異常が有ります", kReadingTitle);
+  return model;
+}
 
 }  // namespace
 
@@ -196,20 +215,24 @@ FigureModel FigureModelOf(const ModelRec& model) {
 }
 
 FigureModel ReadFigureTables(const TypedRows& typed) {
-  FigureModel model;
-  model.name = ModelBaseName();
-  ReadHeader(model);
-  if (!ReadRows(RowsOf("NODE", typed), 6, kMaxNodes, model.nodes, ReadNode))
-    TheHost().message("節点データに異常が有ります", kReadingTitle);
-  bool good = ReadRows(RowsOf("ELEM", typed), 6, kMaxElements, model.elements, ReadElement);
-  ReadLoads(model, typed);
-  ResolveNumbers(model);
-  for (const FigureElement& element : model.elements) good = good && element.rowI >= 0 && element.rowJ >= 0;
-  if (!good) TheHost().message("要素データに異常が有ります", kReadingTitle);
-  return model;
+  const auto file = [](std::string_view key) {
+    const std::string path = WorkPath + std::string(key);
+    return FileExists(path) ? ReadTextFile(path) : std::string();
+  };
+  return ReadTables({file, typed});
 }
 
-bool LoadFigureResults(FigureModel& model, const std::string& folder) try {
+FigureModel ReadFigureDeck(std::string_view deck) {
+  const std::vector<DeckTable> tables = SplitDeck(deck);
+  const auto text = [&](std::string_view key) {
+    const auto table = std::ranges::find(tables, key, &DeckTable::name);
+    return table == tables.end() ? std::string() : table->text;
+  };
+  const TypedRows nothingTyped;
+  return ReadTables({text, nothingTyped});
+}
+
+void ReadFigureResults(FigureModel& model, const std::string& folder) {
   const int cases = model.maxLoadCase, nodes = static_cast<int>(model.nodes.size()),
             elements = static_cast<int>(model.elements.size());
   const std::vector<double> moved = ReadReals(folder + "FT021", ValueCount(cases, nodes, 3), Behind::Nothing);
@@ -231,6 +254,10 @@ bool LoadFigureResults(FigureModel& model, const std::string& folder) try {
                                  .shearI = f[1],
                                  .shearJ = f[4]});
   }
+}
+
+bool LoadFigureResults(FigureModel& model, const std::string& folder) try {
+  ReadFigureResults(model, folder);
   return true;
 } catch (const Fault&) {
   return false;  // the caller says which figure can't be shown

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/model_rec.h"
@@ -28,8 +29,8 @@ struct FigureElement {
   int rowI = -1, rowJ = -1;  // indices of the nodes, -1 when there is none of that number
 };
 
-/// Axial force, moment and shear of a member, as the diagrams read them; t, t*m (x GravityFactor in SI
-/// units).
+/// Axial force, moment and shear of a member, as the diagrams read them; t, t*m. Who shows them in SI units
+/// multiplies by the model's gravityFactor.
 struct StressRecord {
   double axialI = 0, momentI = 0, momentC = 0, momentJ = 0, axialJ = 0, shearI = 0, shearJ = 0;
 };
@@ -75,9 +76,17 @@ using TypedRows = std::map<std::string, std::vector<TableRow>, std::less<>>;
 /// The model in hand as its table files in the work folder stand, with the messages for a table at fault.
 /// What a table can't give is left out.
 FigureModel ReadFigureTables(const TypedRows& typed = {});
+/// The same of the tables in a deck's text.
+FigureModel ReadFigureDeck(std::string_view deck);
 
-/// Adds displacements and member forces from FT021 and FT031 of `folder`. False, with nothing added, when a
-/// file is missing or has not just as many numbers as the model needs: it was changed since.
+/// Adds displacements and member forces from FT021 and FT031 of `folder`. Throws Fault with file and reason,
+/// with nothing added, when one is missing, has something else than numbers, or not just as many of them as
+/// the model needs: it was changed since.
+void ReadFigureResults(FigureModel& model, const std::string& folder);
+/// The same; false for a Fault, where the user learns what to do and not what is wrong.
 bool LoadFigureResults(FigureModel& model, const std::string& folder);
+/// What the user is told then.
+inline constexpr std::string_view kNoFittingResults =
+    "入力データに合う解析結果がありません。静解析を行ってください";
 
 }  // namespace zorlan

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/cp932.h"
 #include "base/host.h"
 #include "base/text.h"
 #include "graphics/diagrams.h"
@@ -156,7 +157,8 @@ void DrawNodes(Plot& plot, const Figure& figure, LabelField& labels) {
     const Point p = figure.view.ToFigure(figure.place[n]);
     if (const std::string_view code = SupportSymbol(node.code); code != "000") {
       DrawSupport(plot, p, code, size, node.rollerAngle, option.colour, sides[n]);
-      for (const Rectangle& box : SupportBoxes(p, code, size, node.rollerAngle, sides[n])) labels.Take(box);
+      for (const Rectangle& box : SupportBoxes(p, code, size, node.rollerAngle, sides[n]))
+        labels.TakeMark(box);
     }
     if (!option.visible) continue;
     PlotCircle(plot, p.x, p.y, radius, option.colour, /*filled=*/true);
@@ -188,11 +190,27 @@ const KindOfFigure& KindOf(int kind) {
   return kKinds[kind >= 0 && kind < static_cast<int>(kKinds.size()) ? static_cast<std::size_t>(kind) : 0];
 }
 
+/// The model's title, broken where its cell is too narrow for it.
+std::vector<std::string> TitleLines(const std::string& title, double room, double height) {
+  constexpr std::size_t kMost = 4;
+  std::vector<std::string> lines;
+  for (const std::string_view piece :
+       InPiecesOf(title, static_cast<std::size_t>(std::max(2.0, 2 * room / height)))) {
+    if (lines.size() == kMost) {
+      std::string& last = lines.back();
+      last = std::string(InPiecesOf(last, HalfWidth(last) - 2)[0]) + "…";
+      break;
+    }
+    lines.emplace_back(piece);
+  }
+  return lines;
+}
+
 /// Title lines in the left upper corner of the cell, as large as its width takes them, and no larger than the
-/// margin above the model.
+/// margin above the model. A title too long for letters that print well takes several lines.
 void DrawTitle(Plot& plot, const Figure& figure, int kind, LabelField& labels) {
-  constexpr double kHeight = 9 * kTwipsPerPoint, kSmallest = 5 * kTwipsPerPoint, kShare = 0.04, kPad = 100,
-                   kLine = 1.3;
+  constexpr double kHeight = 9 * kTwipsPerPoint, kReadable = 7 * kTwipsPerPoint,
+                   kSmallest = 5 * kTwipsPerPoint, kShare = 0.04, kPad = 100, kLine = 1.3;
   const KindOfFigure& shown = KindOf(kind);
   const bool loads = kind == kLoadCheck;
   const std::string title = "タイトル：" + figure.model.title + "   (" + figure.model.name + ")";
@@ -204,16 +222,21 @@ void DrawTitle(Plot& plot, const Figure& figure, int kind, LabelField& labels) {
 
   const double room = figure.cellWidth - 2 * kPad;
   const double wide = std::max(TextWidth(title, 1), TextWidth(name, 1) + TextWidth(unit, 1) + 1);
-  const double height = std::clamp(std::min(room / wide, kShare * figure.cellHeight), kSmallest, kHeight);
+  const double largest = std::clamp(kShare * figure.cellHeight, kSmallest, kHeight);
+  const double height = std::clamp(room / wide, std::min(kReadable, largest), largest);
   PlotSetFont(plot, height);
   const auto write = [&](double x, double y, std::string_view text) {
     if (text.empty()) return;
     PlotText(plot, x, y, text, kBlack);
     labels.Take({x, y, x + TextWidth(text, height), y + height});
   };
-  write(kPad, kPad, title);
-  write(kPad, kPad + kLine * height, name);
-  write(figure.cellWidth - kPad - TextWidth(unit, height), kPad + kLine * height, unit);
+  double y = kPad;
+  for (const std::string& line : TitleLines(title, room, height)) {
+    write(kPad, y, line);
+    y += kLine * height;
+  }
+  write(kPad, y, name);
+  write(figure.cellWidth - kPad - TextWidth(unit, height), y, unit);
 }
 
 void DrawFigure(Plot& plot, std::string_view control, Figure& figure, int kind, int layout, int cell) {
@@ -269,13 +292,14 @@ void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kin
   PlaceNodes(figure);
 
   if (plot.DrawToPrinter) PlaceCell(plot, control, figure, layout, cell);
-  if ((figure.FigureFlags & kFitWindow) != 0) {
+  const bool fit = (figure.FigureFlags & kFitWindow) != 0;
+  if (fit)
     FitWindow(figure.view, figure.cellWidth, figure.cellHeight);
-  } else if (plot.DrawToPrinter) {
-    // Part of a figure: all that the screen showed, and nothing of it runs into the cells around.
+  else if (plot.DrawToPrinter)  // part of a figure: all that the screen showed
     KeepWindow(figure.view, figure.cellWidth, figure.cellHeight);
-    plot.clip = AreaOf(plot.OffsetX, plot.OffsetY, figure.cellWidth, figure.cellHeight);
-  }
+  // What reaches beyond a fitted model has the margins of a page of its own, and no more.
+  if (plot.DrawToPrinter && (!fit || CellCount(layout) > 1))
+    plot.BeginCell(plot.OffsetX, plot.OffsetY, figure.cellWidth, figure.cellHeight);
 }
 
 void DrawFrameFigure(Plot& plot, std::string_view control, Figure& figure, std::optional<int> kind,

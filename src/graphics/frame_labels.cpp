@@ -15,14 +15,17 @@ Rectangle Around(Point centre, double halfWidth, double halfHeight) {
   return {centre.x - halfWidth, centre.y - halfHeight, centre.x + halfWidth, centre.y + halfHeight};
 }
 
-/// Where a node's number may stand, best first: the four corners, then above, below, right, left.
-std::array<Rectangle, 8> PlacesAtNode(Point p, double w, double h, double radius) {
+/// Where a node's number may stand, best first: the four corners, then above, below, right, left, then the
+/// corners a little farther out.
+std::array<Rectangle, 12> PlacesAtNode(Point p, double w, double h, double radius) {
   const double clear = radius + kGap, near = radius + 0.75 * kGap, dx = w / 2, dy = h / 2;
-  const auto box = [&](double right, double down) {
-    const double away = right != 0 && down != 0 ? near : clear;
+  const auto box = [&](double right, double down, double away) {
     return Around({p.x + right * (away + dx), p.y + down * (away + dy)}, dx, dy);
   };
-  return {box(1, -1), box(-1, -1), box(1, 1), box(-1, 1), box(0, -1), box(0, 1), box(1, 0), box(-1, 0)};
+  const double far = near + 2 * kGap;
+  return {box(1, -1, near),  box(-1, -1, near), box(1, 1, near),  box(-1, 1, near),
+          box(0, -1, clear), box(0, 1, clear),  box(1, 0, clear), box(-1, 0, clear),
+          box(1, -1, far),   box(-1, -1, far),  box(1, 1, far),   box(-1, 1, far)};
 }
 
 /// Where a member's number may stand: at its centre on the side `side` (1: above, or to the left of a
@@ -48,68 +51,123 @@ struct PlacesAtMember {
   std::size_t count = 0;
 };
 
+Point Middle(Point a, Point b) {
+  return {(a.x + b.x) / 2, (a.y + b.y) / 2};
+}
+
 class NumberPainter {
  public:
   NumberPainter(Plot& plot, const Figure& figure, LabelField& labels)
-      : plot_(plot),
-        figure_(figure),
-        labels_(labels),
-        visible_{plot.clip.left - plot.OffsetX, plot.clip.top - plot.OffsetY, plot.clip.right - plot.OffsetX,
-                 plot.clip.bottom - plot.OffsetY} {}
+      : plot_(plot), figure_(figure), labels_(labels), crowding_(labels.Area()) {}
 
-  void Nodes();
-  void Members(const TextOption& option, std::int16_t FigureElement::*number, double side, bool circle);
+  /// Numbers of a kind: whose they are, how they look, on which side of a member they stand.
+  struct Kind {
+    const TextOption& option;
+    std::int16_t FigureElement::*number;
+    double side;
+    bool circle;  // their mark; else a frame
+  };
+
+  void CountNodes();
+  void CountMembers(const Kind& kind);
+  void DrawNodes();
+  void DrawMembers(const Kind& kind);
 
  private:
+  /// A number with its mark.
+  struct Size {
+    double width, height;  // of the text
+    double markedWidth, markedHeight;
+  };
+  static Size SizeOf(const Kind& kind, std::string_view text);
+
+  template <class Use>
+  void ForNodes(Use use) const;
+  template <class Use>
+  void ForMembers(const Kind& kind, Use use) const;
   bool Visible(Point p) const {
-    return p.x >= visible_.left && p.x <= visible_.right && p.y >= visible_.top && p.y <= visible_.bottom;
+    const Rectangle& area = labels_.Area();
+    return p.x >= area.left && p.x <= area.right && p.y >= area.top && p.y <= area.bottom;
+  }
+  /// The places worth a try at a point.
+  std::span<const Rectangle> Worth(std::span<const Rectangle> boxes, Point p) const {
+    return crowding_.IsFull(p) ? boxes.first(1) : boxes;
   }
   void Mark(const Rectangle& box, Rgb colour, bool circle);
 
   Plot& plot_;
   const Figure& figure_;
   LabelField& labels_;
-  Rectangle visible_;
+  Crowding crowding_;
 };
 
-void NumberPainter::Nodes() {
-  const TextOption& option = figure_.options.nodeNumber;
-  if (!option.visible) return;
-  PlotSetFont(plot_, option.Height());
-  const double radius = NodeRadius(figure_.options);
+template <class Use>
+void NumberPainter::ForNodes(Use use) const {
+  if (!figure_.options.nodeNumber.visible) return;
   for (std::size_t n = 0; n < figure_.place.size(); ++n) {
     const int number = figure_.model.nodes[n].number;
     if (!IsNodeShown(figure_, number)) continue;
     const Point p = figure_.view.ToFigure(figure_.place[n]);
-    if (!Visible(p)) continue;
-    const NumberText text(number);
-    const auto boxes = PlacesAtNode(p, TextWidth(text, option.Height()), TextHeight(option.Height()), radius);
-    const Rectangle& box = boxes[labels_.Place(boxes)];
-    PlotText(plot_, box.left, box.top, text, option.colour);
+    if (Visible(p)) use(NumberText(number), p);
   }
 }
 
-void NumberPainter::Members(const TextOption& option, std::int16_t FigureElement::*number, double side,
-                            bool circle) {
-  if (!option.visible) return;
-  PlotSetFont(plot_, option.Height());
+/// `use` takes the number and the ends of its member.
+template <class Use>
+void NumberPainter::ForMembers(const Kind& kind, Use use) const {
+  if (!kind.option.visible) return;
   for (std::size_t e = 0; e < figure_.shown.size(); ++e) {
     if (figure_.shown[e] == 0) continue;
     const FigureElement& element = figure_.model.elements[e];
     const Point a = figure_.view.ToFigure(figure_.place[static_cast<std::size_t>(element.rowI)]);
     const Point b = figure_.view.ToFigure(figure_.place[static_cast<std::size_t>(element.rowJ)]);
-    if (!Visible({(a.x + b.x) / 2, (a.y + b.y) / 2})) continue;
-    const NumberText text(element.*number);
-    const double width = TextWidth(text, option.Height()), height = TextHeight(option.Height());
-    double w = width, h = height;
-    if (option.mark && circle) w = h = std::hypot(width, height);
-    if (option.mark && !circle) w += 2 * kFramePad, h += 2 * kFramePad;
-    const PlacesAtMember places(a, b, w, h, side);
-    const Rectangle& box = places.boxes[labels_.Place(places.All())];
-    PlotText(plot_, (box.left + box.right - width) / 2, (box.top + box.bottom - height) / 2, text,
-             option.colour);
-    if (option.mark) Mark(box, option.colour, circle);
+    if (Visible(Middle(a, b))) use(NumberText(element.*kind.number), a, b);
   }
+}
+
+NumberPainter::Size NumberPainter::SizeOf(const Kind& kind, std::string_view text) {
+  const double width = TextWidth(text, kind.option.Height()), height = TextHeight(kind.option.Height());
+  if (!kind.option.mark) return {width, height, width, height};
+  const double diagonal = std::hypot(width, height);
+  if (kind.circle) return {width, height, diagonal, diagonal};
+  return {width, height, width + 2 * kFramePad, height + 2 * kFramePad};
+}
+
+void NumberPainter::CountNodes() {
+  const double height = figure_.options.nodeNumber.Height();
+  ForNodes([&](const NumberText& text, Point p) {
+    crowding_.Add(p, TextWidth(text, height), TextHeight(height));
+  });
+}
+
+void NumberPainter::CountMembers(const Kind& kind) {
+  ForMembers(kind, [&](const NumberText& text, Point a, Point b) {
+    const Size size = SizeOf(kind, text);
+    crowding_.Add(Middle(a, b), size.markedWidth, size.markedHeight);
+  });
+}
+
+void NumberPainter::DrawNodes() {
+  const TextOption& option = figure_.options.nodeNumber;
+  const double radius = NodeRadius(figure_.options), height = option.Height();
+  PlotSetFont(plot_, height);
+  ForNodes([&](const NumberText& text, Point p) {
+    const auto boxes = PlacesAtNode(p, TextWidth(text, height), TextHeight(height), radius);
+    const Rectangle& box = boxes[labels_.Place(Worth(boxes, p))];
+    PlotText(plot_, box.left, box.top, text, option.colour);
+  });
+}
+
+void NumberPainter::DrawMembers(const Kind& kind) {
+  PlotSetFont(plot_, kind.option.Height());
+  ForMembers(kind, [&](const NumberText& text, Point a, Point b) {
+    const Size size = SizeOf(kind, text);
+    const PlacesAtMember places(a, b, size.markedWidth, size.markedHeight, kind.side);
+    const Rectangle& box = places.boxes[labels_.Place(Worth(places.All(), Middle(a, b)))];
+    PlotText(plot_, (box.left + box.right - size.width) / 2, (box.top + box.bottom - size.height) / 2, text,
+             kind.option.colour);
+    if (kind.option.mark) Mark(box, kind.option.colour, kind.circle);
+  });
 }
 
 void NumberPainter::Mark(const Rectangle& box, Rgb colour, bool circle) {
@@ -131,11 +189,17 @@ NumberText::NumberText(int number)
                                     digits)) {}
 
 void DrawNumbers(Plot& plot, const Figure& figure, LabelField& labels) {
+  const FigureOptions& options = figure.options;
+  const NumberPainter::Kind members[] = {
+      {options.elementNumber, &FigureElement::number, 1, /*circle=*/true},
+      {options.sectionNumber, &FigureElement::section, -1, /*circle=*/false},
+  };
   NumberPainter painter(plot, figure, labels);
+  painter.CountNodes();
+  for (const NumberPainter::Kind& kind : members) painter.CountMembers(kind);
   PlotSetPen(plot, LineStyle::Solid, 1);
-  painter.Nodes();
-  painter.Members(figure.options.elementNumber, &FigureElement::number, 1, /*circle=*/true);
-  painter.Members(figure.options.sectionNumber, &FigureElement::section, -1, /*circle=*/false);
+  painter.DrawNodes();
+  for (const NumberPainter::Kind& kind : members) painter.DrawMembers(kind);
 }
 
 }  // namespace zorlan

@@ -1,6 +1,7 @@
 #include "graphics/labels.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 namespace zorlan {
@@ -28,14 +29,10 @@ LabelField::LabelField(const Rectangle& area) : area_(area) {
   const double width = area.right - area.left, height = area.bottom - area.top;
   if (!(width > 0 && height > 0) || !std::isfinite(width) || !std::isfinite(height)) return;
   perTwip_ = 1 / std::max(kCell, std::max(width, height) / kMostCells);
-  columns_ = static_cast<int>(width * perTwip_) + 1;
-  rows_ = static_cast<int>(height * perTwip_) + 1;
-  words_ = (columns_ + kBits - 1) / kBits;
-  taken_.resize(static_cast<std::size_t>(words_) * static_cast<std::size_t>(rows_));
-}
-
-void LabelField::Clear() {
-  std::ranges::fill(taken_, 0);
+  columns_ = static_cast<int>(width * perTwip_) + 2;  // the last one for what rounding adds to a line
+  rows_ = static_cast<int>(height * perTwip_) + 2;
+  wordsOfRow_ = (columns_ + kBits - 1) / kBits;
+  words_.resize(static_cast<std::size_t>(wordsOfRow_) * static_cast<std::size_t>(rows_));
 }
 
 LabelField::Cells LabelField::CellsOf(const Rectangle& box) const {
@@ -45,44 +42,101 @@ LabelField::Cells LabelField::CellsOf(const Rectangle& box) const {
           std::min(CellAt(box.bottom - area_.top, perTwip_, rows_), rows_ - 1)};
 }
 
-bool LabelField::Free(const Rectangle& box) const {
+Covered LabelField::CoveredBy(const Rectangle& box, const Covered& limit) const {
+  Covered covered;
   const Cells c = CellsOf(box);
-  if (c.left > c.right) return true;
+  if (c.left > c.right) return covered;
   for (int word = c.left / kBits; word <= c.right / kBits; ++word) {
     const std::uint64_t mask = Mask(word, c.left, c.right);
-    for (int row = c.top; row <= c.bottom; ++row)
-      if ((taken_[static_cast<std::size_t>(row * words_ + word)] & mask) != 0) return false;
+    const Word* at = words_.data() + c.top * wordsOfRow_ + word;
+    for (int row = c.top; row <= c.bottom; ++row, at += wordsOfRow_) {
+      if (((at->texts | at->lines) & mask) == 0) continue;
+      covered.texts += std::popcount(at->texts & mask);
+      covered.lines += std::popcount(at->lines & mask);
+      if (!(covered < limit)) return covered;
+    }
   }
-  return true;
+  return covered;
 }
 
-void LabelField::Take(const Rectangle& box) {
+void LabelField::Fill(const Rectangle& box, std::uint64_t Word::*bits) {
   const Cells c = CellsOf(box);
   if (c.left > c.right) return;
   for (int word = c.left / kBits; word <= c.right / kBits; ++word) {
     const std::uint64_t mask = Mask(word, c.left, c.right);
-    for (int row = c.top; row <= c.bottom; ++row)
-      taken_[static_cast<std::size_t>(row * words_ + word)] |= mask;
+    Word* at = words_.data() + c.top * wordsOfRow_ + word;
+    for (int row = c.top; row <= c.bottom; ++row, at += wordsOfRow_) at->*bits |= mask;
+  }
+}
+
+void LabelField::Take(const Rectangle& box) {
+  Fill(box, &Word::texts);
+}
+
+void LabelField::TakeMark(const Rectangle& box) {
+  Fill(box, &Word::lines);
+}
+
+template <class Use>
+void LabelField::ForCellsOn(Point from, Point to, Use use) const {
+  if (columns_ == 0 || !Clipping(area_, from, to)) return;
+  const double dx = (to.x - from.x) * perTwip_, dy = (to.y - from.y) * perTwip_;
+  const int steps = static_cast<int>(std::max(std::abs(dx), std::abs(dy))) + 1;
+  // From cell to cell in whole numbers. Both ends lie in the area; two units keep what is cut off the numbers
+  // from leading below 0.
+  constexpr int kFraction = 32;
+  constexpr double kOne = std::int64_t{1} << kFraction;
+  const auto whole = [](double cells) { return static_cast<std::int64_t>(cells * kOne); };
+  std::int64_t column = whole((from.x - area_.left) * perTwip_) + 2;
+  std::int64_t row = whole((from.y - area_.top) * perTwip_) + 2;
+  const std::int64_t columnStep = whole(dx / steps), rowStep = whole(dy / steps);
+  for (int k = 0; k <= steps; ++k, column += columnStep, row += rowStep) {
+    const int c = static_cast<int>(column >> kFraction), r = static_cast<int>(row >> kFraction);
+    use(static_cast<std::size_t>(r * wordsOfRow_ + c / kBits), std::uint64_t{1} << (c % kBits));
   }
 }
 
 void LabelField::TakeLine(Point from, Point to) {
-  if (columns_ == 0 || !Clipping(area_, from, to)) return;
-  const double dx = to.x - from.x, dy = to.y - from.y;
-  const int steps = static_cast<int>(std::max(std::abs(dx), std::abs(dy)) * perTwip_) + 1;
-  for (int k = 0; k <= steps; ++k) {
-    const double t = static_cast<double>(k) / steps;
-    const int column = std::clamp(CellAt(from.x + t * dx - area_.left, perTwip_, columns_), 0, columns_ - 1);
-    const int row = std::clamp(CellAt(from.y + t * dy - area_.top, perTwip_, rows_), 0, rows_ - 1);
-    taken_[static_cast<std::size_t>(row * words_ + column / kBits)] |= std::uint64_t{1} << (column % kBits);
+  ForCellsOn(from, to, [&](std::size_t word, std::uint64_t bit) { words_[word].lines |= bit; });
+}
+
+int LabelField::LinesBetween(Point from, Point to) const {
+  int lines = 0;
+  ForCellsOn(from, to,
+             [&](std::size_t word, std::uint64_t bit) { lines += (words_[word].lines & bit) != 0 ? 1 : 0; });
+  return lines;
+}
+
+void LabelField::TakePolyline(std::span<const Point> points) {
+  const double fine = 1 / perTwip_;
+  for (std::size_t from = 0, k = 1; k < points.size(); ++k) {
+    const double dx = points[k].x - points[from].x, dy = points[k].y - points[from].y;
+    if (k + 1 < points.size() && std::abs(dx) < fine && std::abs(dy) < fine) continue;
+    TakeLine(points[from], points[k]);
+    from = k;
   }
 }
 
 std::size_t LabelField::Place(std::span<const Rectangle> boxes) {
-  const auto free = std::ranges::find_if(boxes, [&](const Rectangle& box) { return Free(box); });
-  const std::size_t chosen = free == boxes.end() ? 0 : static_cast<std::size_t>(free - boxes.begin());
-  if (!boxes.empty()) Take(boxes[chosen]);
+  if (boxes.empty()) return 0;
+  std::size_t chosen = 0;
+  Covered least = boxes.size() > 1 ? CoveredBy(boxes[0]) : Covered();
+  for (std::size_t k = 1; k < boxes.size() && !least.Nothing(); ++k) {
+    const Covered covered = CoveredBy(boxes[k], least);
+    if (covered < least) least = covered, chosen = k;
+  }
+  Take(boxes[chosen]);
   return chosen;
+}
+
+Crowding::Crowding(const Rectangle& area) : area_(area) {
+  constexpr double kMostParts = 256;  // of a side
+  const double width = area.right - area.left, height = area.bottom - area.top;
+  if (!(width > 0 && height > 0) || !std::isfinite(width) || !std::isfinite(height)) return;
+  side_ = std::max(side_, std::max(width, height) / kMostParts);
+  columns_ = static_cast<int>(width / side_) + 1;
+  rows_ = static_cast<int>(height / side_) + 1;
+  need_.resize(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_));
 }
 
 }  // namespace zorlan

@@ -30,11 +30,7 @@ constexpr std::array kForms = {
 
 std::vector<std::string_view> SplitAtCommas(std::string_view line) {
   std::vector<std::string_view> fields;
-  for (std::size_t at = 0; at <= line.size();) {
-    const std::size_t comma = std::min(line.find(',', at), line.size());
-    fields.push_back(line.substr(at, comma - at));
-    at = comma + 1;
-  }
+  for (std::optional<std::string_view> rest = line; rest;) fields.push_back(TakeField(rest));
   return fields;
 }
 
@@ -43,10 +39,9 @@ std::vector<std::string_view> SplitAtCommas(std::string_view line) {
 }
 
 double Number(std::string_view field, std::string_view line) {
-  const std::string_view text = NoSpc(field);
-  const double value = ReadReal(text);
-  if (text.find_first_of("0123456789") == std::string_view::npos || !std::isfinite(value)) Refuse(line);
-  return value;
+  const std::optional<double> value = ReadFinite(NoSpc(field));
+  if (!value) Refuse(line);
+  return *value;
 }
 
 Rgb Colour(std::string_view field, std::string_view line) {

@@ -1,6 +1,7 @@
 #include "graphics/load_arrows.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <numbers>
 #include <vector>
@@ -15,11 +16,21 @@ constexpr double kHeadShare = 0.15;   // of the arrow
 constexpr double kSideShare = 0.4;    // of the arrow, or of its head: to the side
 constexpr double kGap = 30;           // twips between a stroke and its text
 
+/// Draws something too small for a broken line to tell its shape, whatever the style of the pen.
+template <class Draw>
+void DrawSolid(const LoadPen& pen, Draw draw) {
+  PlotSetPen(pen.plot, LineStyle::Solid, pen.line.width);
+  draw();
+  PlotSetPen(pen.plot, pen.line.style, pen.line.width);
+}
+
 void DrawHead(const LoadPen& pen, Point tip, Point along, double head) {
   const Point back = {tip.x - head * along.x, tip.y - head * along.y};
   const Point side = {-along.y * kSideShare * head, along.x * kSideShare * head};
-  PlotLine(pen.plot, tip.x, tip.y, back.x + side.x, back.y + side.y, pen.line.colour);
-  PlotLine(pen.plot, tip.x, tip.y, back.x - side.x, back.y - side.y, pen.line.colour);
+  DrawSolid(pen, [&] {
+    PlotLine(pen.plot, tip.x, tip.y, back.x + side.x, back.y + side.y, pen.line.colour);
+    PlotLine(pen.plot, tip.x, tip.y, back.x - side.x, back.y - side.y, pen.line.colour);
+  });
 }
 
 double ArrowLength(const Figure& figure) {
@@ -54,15 +65,30 @@ void PlacesOfNote(const LoadNote& note, double w, double h, double side, std::ve
 
 }  // namespace
 
-LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes,
+Side SideOf(Point way) {
+  if (std::abs(way.x) > std::abs(way.y)) return way.x > 0 ? kRight : kLeft;
+  return way.y > 0 ? kBelow : kAbove;
+}
+
+void DrawnLoads::Reach(int node, Side side, double height) {
+  double& known =
+      reach[static_cast<std::size_t>(node)][static_cast<std::size_t>(std::countr_zero<unsigned>(side))];
+  known = std::max(known, height);
+}
+
+double DrawnLoads::ReachAt(int node, Side side) const {
+  return reach[static_cast<std::size_t>(node)][static_cast<std::size_t>(std::countr_zero<unsigned>(side))];
+}
+
+LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoads& drawn,
                   const LineOption& line) {
-  return {plot, figure, labels, notes, line, ArrowLength(figure)};
+  return {plot, figure, labels, drawn, line, ArrowLength(figure)};
 }
 
 void DrawArrow(const LoadPen& pen, Point tip, Point along, double length, int heads) {
   const Point tail = {tip.x - length * along.x, tip.y - length * along.y};
   const double head = kHeadShare * length;
-  PlotLine(pen.plot, tail.x, tail.y, tip.x, tip.y, pen.line.colour);
+  PlotDashedLine(pen.plot, tail.x, tail.y, tip.x, tip.y, pen.line.colour);
   for (int k = 0; k < heads; ++k)
     DrawHead(pen, {tip.x - k * head * along.x, tip.y - k * head * along.y}, along, head);
   pen.labels.TakeLine(tail, tip);
@@ -78,24 +104,30 @@ void DrawTurn(const LoadPen& pen, Point centre, double radius, bool counterClock
     return Point{centre.x + radius * std::cos(a), centre.y - radius * std::sin(a)};
   };
   Point from = at(0);
-  for (int k = 1; k <= kChords; ++k) {
-    const Point to = at(k);
-    PlotLine(pen.plot, from.x, from.y, to.x, to.y, pen.line.colour);
-    from = to;
-  }
+  DrawSolid(pen, [&] {
+    for (int k = 1; k <= kChords; ++k) {
+      const Point to = at(k);
+      PlotLine(pen.plot, from.x, from.y, to.x, to.y, pen.line.colour);
+      from = to;
+    }
+  });
   const double end = (counterClockwise ? kStart + kSweep : kStart);
   DrawHead(pen, from, {-way * std::sin(end), -way * std::cos(end)}, kSideShare * radius);
-  pen.labels.Take({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
+  pen.labels.TakeMark({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
 }
 
 void WriteNotes(Plot& plot, const Figure& figure, LabelField& labels, const std::vector<LoadNote>& notes) {
   const TextOption& option = figure.options.loadValue;
   if (!option.visible) return;
   PlotSetFont(plot, option.Height());
+  const double height = TextHeight(option.Height());
+  const auto width = [&](const LoadNote& note) { return TextWidth(note.text, option.Height()); };
+  Crowding crowding(labels.Area());
+  for (const LoadNote& note : notes) crowding.Add(note.strokes[0].end, width(note), height);
   std::vector<Rectangle> boxes;
   for (const LoadNote& note : notes) {
-    PlacesOfNote(note, TextWidth(note.text, option.Height()), TextHeight(option.Height()),
-                 kSideShare * ArrowLength(figure) / 2, boxes);
+    PlacesOfNote(note, width(note), height, kSideShare * ArrowLength(figure) / 2, boxes);
+    if (crowding.IsFull(note.strokes[0].end)) boxes.resize(1);
     const Rectangle& place = boxes[labels.Place(boxes)];
     PlotText(plot, place.left, place.top, note.text, option.colour);
   }

@@ -1,6 +1,7 @@
 // Arrows and values of loads.
 #pragma once
 
+#include <array>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,20 +21,37 @@ struct LoadNote {
   std::string text;
 };
 
+/// Bits for the sides of a node.
+enum Side : unsigned { kRight = 1, kLeft = 2, kAbove = 4, kBelow = 8 };
+
+/// The side to which a direction (y downward) points more than to any other.
+Side SideOf(Point way);
+
+/// What the loads drawn so far leave for others.
+struct DrawnLoads {
+  explicit DrawnLoads(std::size_t nodes) : reach(nodes) {}
+
+  void Reach(int node, Side side, double height);
+  double ReachAt(int node, Side side) const;
+
+  std::vector<LoadNote> notes;
+  std::vector<std::array<double, 4>> reach;  // by node index: how far element loads lie on it, twips
+};
+
 /// What all loads of a figure are drawn with.
 struct LoadPen {
   Plot& plot;
   const Figure& figure;
   LabelField& labels;
-  std::vector<LoadNote>& notes;
+  DrawnLoads& drawn;
   LineOption line;
   double arrow;  // length of an arrow, twips: 5% of the drawing area's smaller side
 
   void Note(Point root, Point end, std::string text) const {
-    notes.push_back({{{root, end}}, std::move(text)});
+    drawn.notes.push_back({{{root, end}}, std::move(text)});
   }
 };
-LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes,
+LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoads& drawn,
                   const LineOption& line);
 
 /// An arrow with its tip at the point; `along` is the unit vector in which it points (figure, y downward).

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/number_format.h"
+#include "graphics/diagram_curves.h"
 #include "graphics/load_arrows.h"
 #include "graphics/load_shapes.h"
 
@@ -15,16 +16,19 @@ namespace {
 constexpr int kDivisions = 20;       // of a member: where the arrows of a distributed load may stand
 constexpr double kSideOffset = 0.4;  // of an arrow: to the side, and the radius of a turn
 constexpr double kGapFactor = 0.02;  // of the member's length: between a load and the member
+constexpr double kTurnLabel = 0.8;   // of a turn's radius, across and up: where its label belongs
+constexpr double kTurnStep = 0.2;    // of an arrow: from a turn to what lies around it
+constexpr double kForceStep = 1.2;   // of an arrow: from an arrow's tip to that of the next behind it
+constexpr double kHeadRoom = 0.2;    // of an arrow: between the heads of a distributed load
 
-/// How high loads lie on each other at a node or member, for each of so many ways.
-template <std::size_t ways>
+/// How high loads lie on each other at a node or member, for each of three directions and either sign.
 class Heap {
  public:
   explicit Heap(std::size_t items) : heights_(items) {}
   double& At(int item, std::size_t way) { return heights_[static_cast<std::size_t>(item)][way]; }
 
  private:
-  std::vector<std::array<double, ways>> heights_;
+  std::vector<std::array<double, 6>> heights_;
 };
 
 // ---- nodal loads ----
@@ -48,14 +52,6 @@ constexpr std::array<NodalPart, 3> kGridParts = {{
     {&PlodRec::F3, NodalPart::Shape::Vector, {0, -1}, "My="},
 }};
 
-/// Bits for the sides of a node on which a member runs along an axis of the figure.
-enum : unsigned { kMemberRight = 1, kMemberLeft = 2, kMemberAbove = 4, kMemberBelow = 8 };
-
-unsigned SideOf(Point way) {
-  if (std::abs(way.x) > std::abs(way.y)) return way.x > 0 ? kMemberRight : kMemberLeft;
-  return way.y > 0 ? kMemberBelow : kMemberAbove;
-}
-
 /// By node index: where members lie that would hide an arrow.
 std::vector<unsigned> MemberSides(const Figure& figure) {
   constexpr double kAlong = 0.2;  // of the slope to an axis
@@ -73,30 +69,41 @@ std::vector<unsigned> MemberSides(const Figure& figure) {
   return sides;
 }
 
-/// One part at a node; `depth` is how far out the loads drawn before it reach, `members` where members lie.
-void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double value, double& depth,
+/// To which side of its node an arrow moves that a member would hide: left or upward, but away from members
+/// where the other side has none.
+Point Aside(Point along, unsigned members) {
+  if (std::abs(along.y) > std::abs(along.x)) return {(members & (kLeft | kRight)) == kLeft ? 1.0 : -1.0, 0};
+  return {0, (members & (kAbove | kBelow)) == kAbove ? 1.0 : -1.0};
+}
+
+/// One part at the node of a row; `depth` is how far out the loads drawn before it reach, `members` where
+/// members lie.
+void DrawNodalPart(const LoadPen& pen, int row, const NodalPart& part, double value, double& depth,
                    unsigned members) {
+  const Point node = pen.figure.view.ToFigure(pen.figure.place[static_cast<std::size_t>(row)]);
   const std::string text = std::string(part.label) + LoadText(value);
   const double clear = NodeRadius(pen.figure.options);
   if (part.shape == NodalPart::Shape::Turn) {
     const double radius = kSideOffset * pen.arrow + depth;
     DrawTurn(pen, node, radius, value > 0);
-    pen.Note(node, {node.x + 0.8 * radius, node.y - 0.8 * radius}, text);
-    depth += 0.2 * pen.arrow;
+    pen.Note(node, {node.x + kTurnLabel * radius, node.y - kTurnLabel * radius}, text);
+    depth += kTurnStep * pen.arrow;
     return;
   }
   // The arrow lies on the side that the load comes from: its sign is the negative of the load's.
   const double sign = value > 0 ? 1 : -1;
   const Point along = {sign * part.along.x, sign * part.along.y};
+  const Side from = SideOf({-along.x, -along.y});
+  const Point way = Aside(along, members);
+  const double aside = (members & from) != 0 ? kSideOffset * pen.arrow : 0;
+  // Where element loads lie on the node the arrow stands on them.
+  if (aside == 0 || (members & SideOf(way)) != 0) depth = std::max(depth, pen.drawn.ReachAt(row, from));
   const double away = clear + depth;
-  // An arrow that a member would hide stands to its side.
-  const double aside = (members & SideOf({-along.x, -along.y})) != 0 ? kSideOffset * pen.arrow : 0;
-  const Point tip = {node.x - away * along.x - aside * std::abs(along.y),
-                     node.y - away * along.y - aside * std::abs(along.x)};
+  const Point tip = {node.x - away * along.x + aside * way.x, node.y - away * along.y + aside * way.y};
   const Point tail = {tip.x - pen.arrow * along.x, tip.y - pen.arrow * along.y};
   DrawArrow(pen, tip, along, pen.arrow, part.shape == NodalPart::Shape::Vector ? 2 : 1);
   pen.Note(tip, tail, text);
-  depth += 1.2 * pen.arrow;
+  depth += kForceStep * pen.arrow;
 }
 
 // ---- element loads ----
@@ -105,9 +112,11 @@ void DrawNodalPart(const LoadPen& pen, Point node, const NodalPart& part, double
 /// pushes.
 struct LoadedSpan {
   Point first, second;
-  Point push;         // unit vector, y downward
-  double length = 0;  // of the member, twips
-  double span = 0;    // of the load, m
+  Point push;             // unit vector, y downward
+  double length = 0;      // of the member, twips
+  double span = 0;        // of the load, m
+  bool mirrored = false;  // upward is to the right of the way from end I, so turns go the other way
+  int firstRow = -1, secondRow = -1;  // nodes at the ends
 
   Point At(double t) const {
     return {first.x + t * (second.x - first.x), first.y + t * (second.y - first.y)};
@@ -117,7 +126,7 @@ struct LoadedSpan {
 /// MG 0 and below: the member's own y, at 90 degrees from its direction, over its length from end I. 1:
 /// upward over the horizontal projection from the left end. 2: to the right over the vertical projection from
 /// the lower end. Others: upward over the length from end J. A grid's loads lie across the member in the
-/// plan, a push upward to its left.
+/// plan: upward, along Z, is to the left of the way from its left or lower end, be that I or J.
 LoadedSpan SpanOf(const Figure& figure, const FigureElement& element, int MG) {
   const std::size_t i = static_cast<std::size_t>(element.rowI), j = static_cast<std::size_t>(element.rowJ);
   const FigureNode& ni = figure.model.nodes[i];
@@ -128,15 +137,22 @@ LoadedSpan SpanOf(const Figure& figure, const FigureElement& element, int MG) {
   s.second = figure.view.ToFigure(figure.place[j]);
   s.length = std::hypot(s.second.x - s.first.x, s.second.y - s.first.y);
   s.span = L;
+  s.firstRow = element.rowI;
+  s.secondRow = element.rowJ;
   if (MG <= 0 || figure.model.IsGrid()) {
     s.push = s.length > 0 ? Point{(s.second.y - s.first.y) / s.length, -(s.second.x - s.first.x) / s.length}
                           : Point{0, -1};
+    s.mirrored = figure.model.IsGrid() && StartsAtJ({ni.x, ni.y}, {nj.x, nj.y});
+    if (s.mirrored) s.push = {-s.push.x, -s.push.y};
     return s;
   }
   if (MG == 1) s.span = std::abs(dx);
   if (MG == 2) s.span = std::abs(dy);
   s.push = MG == 2 ? Point{1, 0} : Point{0, -1};
-  if ((MG == 2 && dy < 0) || (MG != 2 && dx < 0) || MG > 2) std::swap(s.first, s.second);
+  if ((MG == 2 && dy < 0) || (MG != 2 && dx < 0) || MG > 2) {
+    std::swap(s.first, s.second);
+    std::swap(s.firstRow, s.secondRow);
+  }
   return s;
 }
 
@@ -175,12 +191,13 @@ class ElementLoadPainter {
     return pen_.figure.model.elements[static_cast<std::size_t>(index)];
   }
   void DrawPart(const Lying& lying, const std::vector<LoadOrdinate>& part);
+  void NoteReach(const Lying& lying, const std::vector<LoadOrdinate>& part);
   void DrawPartArrows(const Lying& lying, const std::vector<LoadOrdinate>& part);
   void DrawEndForce(int element, double t, double value, int MG);
   void DrawEndMoment(int element, double t, double value, std::string_view label);
 
   LoadPen pen_;
-  Heap<6> heap_;  // element axes, vertical, horizontal; each of either sign
+  Heap heap_;  // element axes, vertical, horizontal
 };
 
 ElementLoadPainter::Lying ElementLoadPainter::Lay(int element, int MG, double value) {
@@ -214,7 +231,7 @@ void ElementLoadPainter::DrawPartArrows(const Lying& lying, const std::vector<Lo
   // Where the divisions are narrower than the arrows' heads need, only each second, fourth ... has one.
   int stride = 1;
   for (const int wider : {2, 4, 5, 10, 20})
-    if (stride * lying.span.length / kDivisions < 0.2 * pen_.arrow) stride = wider;
+    if (stride * lying.span.length / kDivisions < kHeadRoom * pen_.arrow) stride = wider;
   const auto draw = [&](double at, double height) {
     if (height > kLowest) DrawArrow(pen_, lying.Tip(at), lying.along, height * pen_.arrow);
   };
@@ -234,9 +251,17 @@ void ElementLoadPainter::DrawPart(const Lying& lying, const std::vector<LoadOrdi
   };
   for (std::size_t k = 0; k + 1 < part.size(); ++k) {
     const Point from = tail(part[k]), to = tail(part[k + 1]);
-    PlotLine(pen_.plot, from.x, from.y, to.x, to.y, pen_.line.colour);
+    PlotDashedLine(pen_.plot, from.x, from.y, to.x, to.y, pen_.line.colour);
     pen_.labels.TakeLine(from, to);
   }
+}
+
+/// A part that goes to the end of its member lies on the node there.
+void ElementLoadPainter::NoteReach(const Lying& lying, const std::vector<LoadOrdinate>& part) {
+  const Side from = SideOf({-lying.along.x, -lying.along.y});
+  const double reach = lying.base + pen_.arrow;
+  if (HeightAt(part, 0) > 0) pen_.drawn.Reach(lying.span.firstRow, from, reach);
+  if (HeightAt(part, 1) > 0) pen_.drawn.Reach(lying.span.secondRow, from, reach);
 }
 
 void ElementLoadPainter::DrawElementLoad(int element, const ElodRec& load) {
@@ -246,7 +271,10 @@ void ElementLoadPainter::DrawElementLoad(int element, const ElodRec& load) {
   const LoadShape shape = ShapeOfLoad(load.TYPE, load.Ly, span);
   if (shape.parts.empty() && shape.points.empty()) return;
   const Lying lying = Lay(element, load.MG, value);
-  for (const std::vector<LoadOrdinate>& part : shape.parts) DrawPart(lying, part);
+  for (const std::vector<LoadOrdinate>& part : shape.parts) {
+    DrawPart(lying, part);
+    NoteReach(lying, part);
+  }
   for (const double t : shape.points) DrawArrow(pen_, lying.Tip(t), lying.along, pen_.arrow);
 
   // The number stands at the middle of what is drawn, or off it.
@@ -264,7 +292,7 @@ void ElementLoadPainter::DrawElementLoad(int element, const ElodRec& load) {
       offer(t, HeightAt(part, t));
     }
   }
-  pen_.notes.push_back({std::move(strokes), LoadText(value)});
+  pen_.drawn.notes.push_back({std::move(strokes), LoadText(value)});
 }
 
 void ElementLoadPainter::DrawEndForce(int element, double t, double value, int MG) {
@@ -281,9 +309,10 @@ void ElementLoadPainter::DrawEndForce(int element, double t, double value, int M
 
 void ElementLoadPainter::DrawEndMoment(int element, double t, double value, std::string_view label) {
   if (value == 0) return;
-  const Point p = SpanOf(pen_.figure, Element(element), 0).At(t);
+  const LoadedSpan span = SpanOf(pen_.figure, Element(element), 0);
+  const Point p = span.At(t);
   const double radius = kSideOffset * pen_.arrow;
-  DrawTurn(pen_, p, radius, value > 0);
+  DrawTurn(pen_, p, radius, (value > 0) != span.mirrored);
   pen_.Note(p, {p.x, p.y - radius}, std::string(label) + LoadText(value));
 }
 
@@ -318,18 +347,17 @@ void ForShownLoads(const Figure& figure, const std::vector<Load>& loads, const s
 }  // namespace
 
 void DrawLoads(Plot& plot, const Figure& figure, LabelField& labels) {
-  std::vector<LoadNote> notes;
-  DrawElementForceData(plot, figure, labels, notes);
-  DrawNodalForceData(plot, figure, labels, notes);
-  WriteNotes(plot, figure, labels, notes);
+  DrawnLoads drawn(figure.place.size());
+  DrawElementForceData(plot, figure, labels, drawn);
+  DrawNodalForceData(plot, figure, labels, drawn);
+  WriteNotes(plot, figure, labels, drawn.notes);
 }
 
-void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels,
-                          std::vector<LoadNote>& notes) {
+void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoads& drawn) {
   const LineOption& option = figure.options.elementLoad;
   if (!option.visible) return;
   PlotSetPen(plot, option.style, option.width);
-  ElementLoadPainter painter(LoadPenOf(plot, figure, labels, notes, option));
+  ElementLoadPainter painter(LoadPenOf(plot, figure, labels, drawn, option));
   const auto shown = [&](int e) {
     return static_cast<std::size_t>(e) < figure.shown.size() &&
            figure.shown[static_cast<std::size_t>(e)] != 0;
@@ -343,24 +371,23 @@ void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels,
                 [&](int e, const TlodRec& load) { painter.DrawTemperatureLoad(e, load); });
 }
 
-void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes) {
+void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoads& drawn) {
   const LineOption& option = figure.options.nodalLoad;
   if (!option.visible) return;
   PlotSetPen(plot, option.style, option.width);
-  const LoadPen pen = LoadPenOf(plot, figure, labels, notes, option);
+  const LoadPen pen = LoadPenOf(plot, figure, labels, drawn, option);
   const std::array<NodalPart, 3>& parts = figure.model.IsGrid() ? kGridParts : kFrameParts;
   const std::vector<unsigned> members = MemberSides(figure);
-  Heap<6> heap(figure.model.nodes.size());
+  Heap heap(figure.model.nodes.size());
   const auto shown = [&](int n) {
     return IsNodeShown(figure, figure.model.nodes[static_cast<std::size_t>(n)].number);
   };
   ForShownLoads(figure, figure.model.nodalLoads, figure.model.nodalLoadNode, shown,
                 [&](int n, const PlodRec& load) {
-                  const Point node = figure.view.ToFigure(figure.place[static_cast<std::size_t>(n)]);
                   for (std::size_t d = 0; d < parts.size(); ++d) {
                     const double value = load.*parts[d].value;
                     if (value != 0)
-                      DrawNodalPart(pen, node, parts[d], value, heap.At(n, 2 * d + (value > 0 ? 1 : 0)),
+                      DrawNodalPart(pen, n, parts[d], value, heap.At(n, 2 * d + (value > 0 ? 1 : 0)),
                                     members[static_cast<std::size_t>(n)]);
                   }
                 });

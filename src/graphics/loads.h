@@ -12,9 +12,9 @@ namespace zorlan {
 /// All loads of figure.loadCase with their values.
 void DrawLoads(Plot& plot, const Figure& figure, LabelField& labels);
 
-/// The arrows of the loads on members, of every type; their values go to `notes`.
-void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes);
+/// The arrows of the loads on members, of every type; their values and where they lie go to `drawn`.
+void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoads& drawn);
 /// The arrows of nodal loads.
-void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels, std::vector<LoadNote>& notes);
+void DrawNodalForceData(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoads& drawn);
 
 }  // namespace zorlan

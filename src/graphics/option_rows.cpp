@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -11,7 +10,7 @@ namespace zorlan {
 namespace {
 
 constexpr std::string_view kColourMark = "&H", kWidthUnit = "dot", kFontOpen = "(", kFontClose = "pt)";
-constexpr double kLargestSize = 100;
+constexpr int kLargestWidth = 100;  // dots
 
 /// A whole number of nothing but digits.
 std::optional<int> Digits(std::string_view text, int base = 10) {
@@ -24,8 +23,7 @@ std::optional<int> Digits(std::string_view text, int base = 10) {
 }
 
 bool IsNumber(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789.") == std::string_view::npos &&
-         text.find_first_of("0123456789") != std::string_view::npos && std::isfinite(ReadReal(text));
+  return text.find_first_not_of("0123456789.") == std::string_view::npos && ReadFinite(text).has_value();
 }
 
 bool CanBe(OptionPart part, std::string_view field) {
@@ -114,11 +112,7 @@ std::string OptionField(std::string_view row, int n) {
 
 std::vector<std::string> OptionFields(std::string_view row) {
   std::vector<std::string> fields;
-  for (std::size_t at = 0; at <= row.size();) {
-    const std::size_t comma = std::min(row.find(',', at), row.size());
-    fields.emplace_back(NoSpc(row.substr(at, comma - at)));
-    at = comma + 1;
-  }
+  for (std::optional<std::string_view> rest = row; rest;) fields.emplace_back(NoSpc(TakeField(rest)));
   return fields;
 }
 
@@ -151,7 +145,7 @@ std::string OptionWidthText(int dots) {
 
 std::optional<int> OptionWidth(std::string_view field) {
   const std::optional<int> dots = Digits(NoSpc(field.substr(0, field.find(kWidthUnit))));
-  return dots && *dots >= 1 && *dots <= kLargestSize ? dots : std::nullopt;
+  return dots && *dots >= 1 && *dots <= kLargestWidth ? dots : std::nullopt;
 }
 
 std::optional<LineStyle> OptionStyle(std::string_view field) {
@@ -170,7 +164,7 @@ std::optional<OptionFont> OptionFontOf(std::string_view field) {
   const std::size_t first = open + kFontOpen.size(), last = field.size() - kFontClose.size();
   if (last < first || !IsNumber(field.substr(first, last - first))) return std::nullopt;
   const double points = ReadReal(field.substr(first));
-  if (points < 1 || points > kLargestSize) return std::nullopt;
+  if (points < kSmallestOptionFont || points > kLargestOptionFont) return std::nullopt;
   return OptionFont{std::string(NoSpc(field.substr(0, open))), points};
 }
 

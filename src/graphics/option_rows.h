@@ -121,6 +121,7 @@ struct OptionFont {
   double points = 0;
 };
 std::string OptionFontText(std::string_view face, double points);
-std::optional<OptionFont> OptionFontOf(std::string_view field);  // 1 to 100 points
+std::optional<OptionFont> OptionFontOf(std::string_view field);
+inline constexpr double kSmallestOptionFont = 1, kLargestOptionFont = 100;  // points
 
 }  // namespace zorlan

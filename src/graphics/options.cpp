@@ -8,6 +8,7 @@
 #include "base/delimited.h"
 #include "base/fault.h"
 #include "base/number.h"
+#include "base/settings_file.h"
 #include "base/text.h"
 #include "base/text_file.h"
 #include "model/model_state.h"
@@ -20,12 +21,9 @@ DesignOptions DispOptionDesgn = DefaultDesignOptions();
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kModelFile = "MODELEST.PRM", kDesignFile = "DESGNEST.PRM",
                            kAnalysisFile = "LOADEST1.PRM", kOlderAnalysisFile = "LOADEST.PRM";
 constexpr std::string_view kDesignVersion = "Ver3", kOlderDesignVersion = "Ver2";
-constexpr float kLargestHeight = 1000;  // cm
-constexpr int kMostDecimals = 9;
 
 /// The values of a file, a line each, in order.
 class Values {
@@ -64,37 +62,35 @@ int TakeRows(Values& values, const std::array<OptionRow, N>& forms, OptionRows<N
   return taken;
 }
 
-bool HasNumber(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos && std::isfinite(ReadReal(text));
+/// The number that the next value holds.
+std::optional<double> TakeNumber(Values& values) {
+  const std::string* const value = values.Take();
+  return value != nullptr ? ReadFinite(*value) : std::nullopt;
 }
 
 /// Takes a height in cm; false, with the height as it was, when there is none.
 bool TakeHeight(Values& values, float& height) {
-  const std::string* const value = values.Take();
-  if (value == nullptr || !HasNumber(*value)) return false;
-  const auto read = static_cast<float>(ReadReal(*value));
-  if (!(read >= 0 && read <= kLargestHeight)) return false;
+  const auto read = static_cast<float>(TakeNumber(values).value_or(-1));
+  if (!(read >= 0 && read <= kLargestDiagramHeight)) return false;
   height = read;
   return true;
 }
 
 void TakeDecimals(Values& values, std::string& decimals) {
   const std::string* const value = values.Take();
-  if (value != nullptr && value->size() == 1 && (*value)[0] >= '0' && (*value)[0] <= '0' + kMostDecimals)
+  if (value != nullptr && value->size() == 1 && (*value)[0] >= '0' &&
+      (*value)[0] <= '0' + kMostDiagramDecimals)
     decimals = *value;
 }
 
 void TakeColour(Values& values, Rgb& colour) {
-  const std::string* const value = values.Take();
-  if (value == nullptr || !HasNumber(*value)) return;
-  const double read = ReadReal(*value);
-  if (read >= 0 && read <= 0xFFFFFF) colour = static_cast<Rgb>(read);
+  const std::optional<double> read = TakeNumber(values);
+  if (read && *read >= 0 && *read <= 0xFFFFFF) colour = static_cast<Rgb>(*read);
 }
 
 /// A flag: -1 (or anything but 0) is set.
 void TakeFlag(Values& values, bool& flag) {
-  const std::string* const value = values.Take();
-  if (value != nullptr && HasNumber(*value)) flag = ReadReal(*value) != 0;
+  if (const std::optional<double> read = TakeNumber(values)) flag = *read != 0;
 }
 
 void AppendLine(std::string& text, std::string_view value) {
@@ -117,21 +113,30 @@ std::string HeightText(float height) {
 std::string LimitText(double limit) {
   return std::abs(limit) >= kExtentStart ? std::string() : RealText(limit);
 }
-double LimitOf(std::string_view field, double none) {
-  return HasNumber(field) ? ReadReal(field) : none;
+
+/// Takes a limit, or leaves it as it is for an empty field. False: the field is no limit.
+bool TakeLimit(const std::string& field, double& limit) {
+  if (field.empty()) return true;
+  const std::optional<double> read = IsNumberText(field) ? ReadFinite(field) : std::nullopt;
+  if (read) limit = *read;
+  return read.has_value();
 }
 
-/// The two rows: the limits xLower, xUpper, yLower, yUpper, and the mode: 0 both ends, 1 one end.
-void TakeRange(Values& values, ViewingRange& range) {
-  const std::string* const limits = values.Take();
+/// The two rows: the limits xLower, xUpper, yLower, yUpper, and the mode: 0 both ends, 1 one end. A range
+/// hides a part of the model, so that nothing but these two rows, whole, can be one.
+ViewingRange TakeRange(Values& values) {
+  const std::string* const row = values.Take();
   const std::string* const mode = values.Take();
-  if (limits != nullptr) {
-    range.xLower = LimitOf(OptionField(*limits, 1), range.xLower);
-    range.xUpper = LimitOf(OptionField(*limits, 2), range.xUpper);
-    range.yLower = LimitOf(OptionField(*limits, 3), range.yLower);
-    range.yUpper = LimitOf(OptionField(*limits, 4), range.yUpper);
-  }
-  if (mode != nullptr && *mode == "1") range.mode = RangeMode::OneEnd;
+  if (row == nullptr || mode == nullptr || (*mode != "0" && *mode != "1")) return {};
+  const std::vector<std::string> fields = OptionFields(*row);
+  ViewingRange range;
+  const std::array limits = {&range.xLower, &range.xUpper, &range.yLower, &range.yUpper};
+  if (fields.size() != limits.size()) return {};
+  for (std::size_t n = 0; n < limits.size(); ++n)
+    if (!TakeLimit(fields[n], *limits[n])) return {};
+  if (range.xLower > range.xUpper || range.yLower > range.yUpper) return {};
+  if (*mode == "1") range.mode = RangeMode::OneEnd;
+  return range;
 }
 
 std::string RangeText(const ViewingRange& range) {
@@ -160,13 +165,12 @@ std::string PathOf(std::string_view file) {
   return AppPath + std::string(file);
 }
 
-/// The text of an option file; nothing when there is none that can be read.
-std::optional<std::string> FileText(std::string_view file) {
-  if (!FileExists(PathOf(file))) return std::nullopt;
+/// Removes an option file that is read no more. What stays is passed over.
+void Forget(std::string_view file) {
   try {
-    return ReadTextFile(PathOf(file));
+    RemoveFile(PathOf(file));
   } catch (const Fault&) {
-    return std::nullopt;  // the figures have their defaults then
+    // The next start comes to the same.
   }
 }
 
@@ -195,32 +199,26 @@ void SetDefaultAnalysisOptions() {
 }
 
 void LoadModelOptions() {
-  DispOption = ParseModelOptions(FileText(kModelFile).value_or(""));
+  DispOption = ParseModelOptions(ReadSettingsFile(PathOf(kModelFile)).value_or(""));
 }
 
 void LoadDesignOptions() {
   SetDefaultDesignOptions();
-  const std::optional<std::string> text = FileText(kDesignFile);
+  const std::optional<std::string> text = ReadSettingsFile(PathOf(kDesignFile));
   if (!text) return;
-  if (IsDesignOptions(*text)) {
+  if (IsDesignOptions(*text))
     DispOptionDesgn = ParseDesignOptions(*text);
-    return;
-  }
-  try {
-    RemoveFile(PathOf(kDesignFile));
-  } catch (const Fault&) {
-    // It isn't read the next time either.
-  }
+  else
+    Forget(kDesignFile);
 }
 
 void LoadAnalysisOptions() {
-  DispOptionAna = ParseAnalysisOptions(FileText(kAnalysisFile).value_or(""));
-  const std::optional<std::string> older = FileText(kOlderAnalysisFile);
+  DispOptionAna = ParseAnalysisOptions(ReadSettingsFile(PathOf(kAnalysisFile)).value_or(""));
+  const std::optional<std::string> older = ReadSettingsFile(PathOf(kOlderAnalysisFile));
   if (!older) return;
   DispOptionAna = ParseOlderAnalysisOptions(*older, DispOptionAna);
   try {
     SaveAnalysisOptions();
-    RemoveFile(PathOf(kOlderAnalysisFile));
   } catch (const Fault&) {
     // The older file is still there for the next start.
   }
@@ -234,13 +232,14 @@ void SaveDesignOptions() {
 }
 void SaveAnalysisOptions() {
   ReplaceTextFile(PathOf(kAnalysisFile), AnalysisOptionsText(DispOptionAna));
+  Forget(kOlderAnalysisFile);  // it is read first, and would bring back what these values replace
 }
 
 ModelOptions ParseModelOptions(std::string_view text) {
   ModelOptions options = DefaultModelOptions();
   Values values(text);
   TakeRows(values, kModelRows, options.rows);
-  TakeRange(values, options.range);
+  options.range = TakeRange(values);
   return options;
 }
 

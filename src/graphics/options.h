@@ -8,7 +8,8 @@
 //                axial force, shear and moment, height of shear, the two colours, the flag
 // LOADEST.PRM    the older form of it: without height of shear and colours
 //
-// A value is a line, texts in double quotes. What a file lacks, or what can't be meant, is the default.
+// A value is a line, texts in double quotes. What a file lacks, or what can't be meant, is the default; a
+// viewing range is taken whole or not at all.
 #pragma once
 
 #include <array>
@@ -36,12 +37,16 @@ struct DesignOptions {
   bool operator==(const DesignOptions&) const = default;
 };
 
+/// What the heights (from 0, cm) and the decimals of the diagrams may be.
+inline constexpr float kLargestDiagramHeight = 1000;
+inline constexpr int kMostDiagramDecimals = 9;
+
 struct AnalysisOptions {
   OptionRows<kAnalysisRows.size()> rows;
   float HeightDisplacement = 1, HeightNormal = 1, HeightMoment = 1;  // cm
   std::string DecimalsNormal = "2", DecimalsShear = "2", DecimalsMoment = "2";
-  float HeightShear = 1;                      // cm
-  Rgb tension = 16711680, compression = 255;  // of the axial force diagram
+  float HeightShear = 1;                                                 // cm
+  Rgb tension = ColourOf(0, 0, 255), compression = ColourOf(255, 0, 0);  // of the axial force diagram
   bool ScaleOverAllCases = true;
   bool operator==(const AnalysisOptions&) const = default;
 };
@@ -59,13 +64,15 @@ void SetDefaultDesignOptions();
 void SetDefaultAnalysisOptions();
 
 /// Read a set from its file at start-up; without a file that can be read it is the default, and nothing is
-/// written. Never fails. LoadDesignOptions removes a file without a mark of a version. LoadAnalysisOptions
-/// turns LOADEST.PRM, when there is one, into LOADEST1.PRM; it stays if that can't be written.
+/// written. A file larger than any of ours (base/settings_file.h) isn't read. Never fails. LoadDesignOptions
+/// removes a file without a mark of a version. LoadAnalysisOptions turns LOADEST.PRM, when there is one, into
+/// LOADEST1.PRM; it stays if that can't be written.
 void LoadModelOptions();
 void LoadDesignOptions();
 void LoadAnalysisOptions();
 
-/// Write a set to its file. Throws FileFault; the older file is still there then.
+/// Write a set to its file. Throws FileFault; the older file is still there then. SaveAnalysisOptions removes
+/// LOADEST.PRM, whose values these replace.
 void SaveModelOptions();
 void SaveDesignOptions();
 void SaveAnalysisOptions();

@@ -25,4 +25,11 @@ std::optional<Pick> PickElement(const Figure& figure, Point at, double tolerance
 /// A node first, then a member.
 std::optional<Pick> PickAt(const Figure& figure, Point at, double tolerance = kPickTolerance);
 
+/// The shown node or member that comes `step` (1 or -1) behind what is picked, in table order and around its
+/// end; the first or last one where nothing of its kind is picked. Nothing if none is shown.
+std::optional<Pick> NextPick(const Figure& figure, const std::optional<Pick>& from, Pick::What what,
+                             int step);
+/// The shown node or member of this number.
+std::optional<Pick> PickNumber(const Figure& figure, Pick::What what, int number);
+
 }  // namespace zorlan

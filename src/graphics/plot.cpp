@@ -4,11 +4,10 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace zorlan {
 namespace {
-
-constexpr double kFarthest = 1e7;  // twips: beyond any surface, and what every painter can still place
 
 /// The drawn part of a broken line on a page, from 0 to 1 along it.
 struct Segment {
@@ -55,6 +54,36 @@ bool Meets(const Rectangle& area, Point centre, double reach) {
          centre.y - reach <= area.bottom;  // false for what is no number
 }
 
+/// Whether something round or written, which can't be cut, is drawn at all: on a surface of its own when any
+/// of it may be seen, in a cell when its middle lies there.
+bool IsDrawn(const Plot& plot, Point middle, double reach) {
+  return Meets(plot.clip, middle, plot.clipsCell ? 0 : reach);
+}
+
+/// What a convex polygon or any other has in a rectangle: cut at one side after the other. Parts that a side
+/// separates stay joined along it.
+std::vector<Point> CutPolygon(std::vector<Point> polygon, const Rectangle& area) {
+  const auto cut = [&polygon](double Point::*coordinate, double side, double way) {
+    std::vector<Point> left;
+    for (std::size_t k = 0; k < polygon.size(); ++k) {
+      const Point &from = polygon[k], &to = polygon[(k + 1) % polygon.size()];
+      const double before = way * (from.*coordinate - side), after = way * (to.*coordinate - side);
+      if (before >= 0) left.push_back(from);
+      if ((before < 0) == (after < 0)) continue;
+      const double t = before / (before - after);
+      Point crossing = {from.x + t * (to.x - from.x), from.y + t * (to.y - from.y)};
+      crossing.*coordinate = side;
+      left.push_back(crossing);
+    }
+    polygon = std::move(left);
+  };
+  cut(&Point::x, area.left, 1);
+  cut(&Point::x, area.right, -1);
+  cut(&Point::y, area.top, 1);
+  cut(&Point::y, area.bottom, -1);
+  return polygon;
+}
+
 void DrawText(Plot& plot, Point origin, std::string_view text, double width, double angle, Rgb colour,
               DrawOperation::Kind kind) {
   const double height = plot.fontHeight;
@@ -79,6 +108,12 @@ void Plot::Begin() {
   DrawToPrinter = surface.page;
   OffsetX = OffsetY = 0;
   clip = AreaOf(0, 0, surface.width, surface.height);
+  clipsCell = false;
+}
+
+void Plot::BeginCell(double x, double y, double cellWidth, double cellHeight) {
+  clip = AreaOf(x, y, cellWidth, cellHeight);
+  clipsCell = true;
 }
 
 Rectangle AreaOf(double x, double y, double width, double height) {
@@ -107,7 +142,7 @@ void PlotDashedLine(Plot& plot, double x1, double y1, double x2, double y2, Rgb 
 
 void PlotCircle(Plot& plot, double x, double y, double radius, Rgb colour, bool filled) {
   const Point centre = {x + plot.OffsetX, y + plot.OffsetY};
-  if (!(radius >= 0) || !Meets(plot.clip, centre, radius)) return;
+  if (!(radius >= 0) || !IsDrawn(plot, centre, radius)) return;
   if (radius > plot.surface.width + plot.surface.height) return;  // nothing of it would look like a circle
   plot.target->Circle(centre, radius, {colour, LineStyle::Solid, plot.width}, filled);
   if (plot.RecordDrawing) Record(plot, DrawOperation::Kind::Circle, centre, colour).radius = radius;
@@ -115,10 +150,11 @@ void PlotCircle(Plot& plot, double x, double y, double radius, Rgb colour, bool 
 
 void PlotText(Plot& plot, double x, double y, std::string_view text, Rgb colour) {
   if (text.empty()) return;
-  const double width = TextWidth(text, plot.fontHeight);
+  const double width = TextWidth(text, plot.fontHeight), height = TextHeight(plot.fontHeight);
   const Point origin = {x + plot.OffsetX, y + plot.OffsetY};
-  if (!(origin.x <= plot.clip.right && origin.x + width >= plot.clip.left && origin.y <= plot.clip.bottom &&
-        origin.y + plot.fontHeight >= plot.clip.top))
+  const Rectangle box = {origin.x, origin.y, origin.x + width, origin.y + height};
+  if (plot.clipsCell ? !IsDrawn(plot, {origin.x + width / 2, origin.y + height / 2}, 0)
+                     : !box.Meets(plot.clip))
     return;
   DrawText(plot, origin, text, width, 0, colour, DrawOperation::Kind::Text);
 }
@@ -133,7 +169,9 @@ void PlotTextRotated(Plot& plot, double x, double y, std::string_view text, doub
   // Along the text runs (cos, -sin), down its face (sin, cos): y is downward.
   const Point origin = {x + plot.OffsetX - right * cosine - down * sine,
                         y + plot.OffsetY + right * sine - down * cosine};
-  if (!Meets(plot.clip, origin, width + height)) return;
+  const Point middle = {origin.x + (width * cosine + height * sine) / 2,
+                        origin.y + (height * cosine - width * sine) / 2};
+  if (!IsDrawn(plot, middle, (width + height) / 2)) return;
   DrawText(plot, origin, text, width, angle, colour, DrawOperation::Kind::TextRotated);
 }
 
@@ -145,12 +183,15 @@ void PlotShade(Plot& plot, std::span<const Point> polygon, Rgb colour) {
     box = {std::min(box.left, p.x), std::min(box.top, p.y), std::max(box.right, p.x),
            std::max(box.bottom, p.y)};
     p = {p.x + plot.OffsetX, p.y + plot.OffsetY};
-    // A corner that a surface can't place takes the whole tint with it.
-    if (!(std::abs(p.x) < kFarthest && std::abs(p.y) < kFarthest)) return;
+    if (!std::isfinite(p.x) || !std::isfinite(p.y)) return;
   }
   box = {box.left + plot.OffsetX, box.top + plot.OffsetY, box.right + plot.OffsetX,
          box.bottom + plot.OffsetY};
-  if (box.Meets(plot.clip)) plot.target->Shade(placed, colour);
+  if (!box.Meets(plot.clip)) return;
+  const Rectangle& clip = plot.clip;
+  if (box.left < clip.left || box.right > clip.right || box.top < clip.top || box.bottom > clip.bottom)
+    placed = CutPolygon(std::move(placed), clip);
+  if (placed.size() >= 3) plot.target->Shade(placed, colour);
 }
 
 bool Clipping(const Rectangle& area, Point& from, Point& to) {

@@ -1,7 +1,7 @@
 // The plot primitives: everything that a figure draws goes through them, to the surface and, while a
 // recording is open, to the drawing list. Positions are in twips of the figure, y downward; a primitive adds
 // the offsets of the cell. What lies outside the clip rectangle is left out, lines are cut at it, and what is
-// no number is not drawn.
+// no number is not drawn. In a cell of a page a circle or a text is the cell's when its middle lies in it.
 #pragma once
 
 #include <span>
@@ -39,6 +39,9 @@ struct Plot {
   /// Takes over what the surface is now: no offsets, nothing cut but at its edges.
   void Begin();
 
+  /// Keeps what is drawn to a cell of the page, from `x`, `y` on, among whose neighbours nothing shall reach.
+  void BeginCell(double x, double y, double cellWidth, double cellHeight);
+
   PlotTarget* target;
   Surface surface;             // of the target, as it was when the figure began
   bool DrawToPrinter = false;  // the target is a page, not the screen
@@ -47,7 +50,8 @@ struct Plot {
   bool RecordDrawing = false;
   std::vector<DrawOperation> drawingList;  // in order, while RecordDrawing is set
 
-  Rectangle clip;  // on the surface, offsets included: lines are cut here
+  Rectangle clip;          // on the surface, offsets included: lines are cut here
+  bool clipsCell = false;  // it is a cell of several on the page
   LineStyle style = LineStyle::Solid;
   double width = 1;                        // dots
   double fontHeight = 8 * kTwipsPerPoint;  // twips

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <optional>
 
 #include "graphics/diagram_curves.h"
 #include "graphics/diagram_labels.h"
@@ -7,7 +8,7 @@
 namespace zorlan {
 namespace {
 
-constexpr int kRatioDecimals = 2;
+constexpr int kRatioDecimals = 3;  // as the design lists it: 0.999 is no 1.00
 
 struct RatioMember {
   Point i, j;  // twips
@@ -53,8 +54,9 @@ void DrawRatioData(Plot& plot, const Figure& figure, LabelField& labels) {
     place.along = {line->cosine, -line->sine};
     place.room = line->L / 3;
     place.angle = LabelAngle(*line);
-    values.Write(place, member.ratio);
+    values.Add(place, member.ratio);
   }
+  values.Write();
 }
 
 }  // namespace zorlan

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "base/fault.h"
 #include "base/number.h"
@@ -22,10 +23,9 @@ std::vector<double> ParseValues(std::string_view text, std::size_t count, double
   std::vector<double> values(count, missing);
   for (double& value : values) {
     const std::optional<std::string_view> line = TakeLine(text);
-    if (!line || line->find_first_of("0123456789") == std::string_view::npos) break;
-    const double read = ReadReal(*line);
-    if (!std::isfinite(read)) break;
-    value = read;
+    const std::optional<double> read = line ? ReadFinite(*line) : std::nullopt;
+    if (!read) break;
+    value = *read;
   }
   return values;
 }
@@ -46,14 +46,25 @@ std::vector<double> ParseRcRatios(std::string_view text, std::size_t members) {
   return ParseValues(text, members, 0);
 }
 
+void ReadFigureRatios(FigureModel& model, int kind, const std::string& folder) {
+  const bool steel = kind == kSteelRatioFigure;
+  const std::string path = folder + (steel ? "SIG_S" : "SIG_RC");
+  model.ratios.clear();
+  const std::string text = ReadTextFile(path);
+  const std::size_t members = model.elements.size();
+  std::vector<double> ratios = steel ? ParseSteelRatios(text, members) : ParseRcRatios(text, members);
+  // A figure of members without ratios looks like one in which all is well. In SIG_RC a member that wasn't
+  // designed has 0: there it is a text without a value.
+  const bool none = steel ? std::ranges::all_of(ratios, [](double r) { return std::isnan(r); })
+                          : ratios.empty() || std::isnan(ParseValues(text, 1, std::nan(""))[0]);
+  if (none) throw FileFault(path, "判定値のある要素がありません");
+  model.ratios = std::move(ratios);
+}
+
 bool LoadFigureRatios(FigureModel& model, int kind, const std::string& folder) try {
   model.ratios.clear();
-  if (kind == kSteelRatioFigure)
-    model.ratios = ParseSteelRatios(ReadTextFile(folder + "SIG_S"), model.elements.size());
-  else if (kind == kRcRatioFigure)
-    model.ratios = ParseRcRatios(ReadTextFile(folder + "SIG_RC"), model.elements.size());
-  else
-    return false;
+  if (kind != kSteelRatioFigure && kind != kRcRatioFigure) return false;
+  ReadFigureRatios(model, kind, folder);
   return true;
 } catch (const Fault&) {
   return false;  // the caller says which figure can't be shown

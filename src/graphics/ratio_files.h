@@ -18,7 +18,9 @@ std::vector<double> ParseSteelRatios(std::string_view text, std::size_t members)
 std::vector<double> ParseRcRatios(std::string_view text, std::size_t members);
 
 /// Puts the ratios of a figure's kind (kSteelRatioFigure, kRcRatioFigure) from `folder` into the model.
-/// False, with no ratios, when there is no file that can be read or the kind has none.
+/// Throws Fault with file and reason, with no ratios, when the file is missing or no member has a ratio.
+void ReadFigureRatios(FigureModel& model, int kind, const std::string& folder);
+/// The same; false for a Fault, and for a kind that has no ratios.
 bool LoadFigureRatios(FigureModel& model, int kind, const std::string& folder);
 
 }  // namespace zorlan

@@ -14,14 +14,20 @@ struct Stroke {
   double x1, y1, x2, y2;
 };
 
-constexpr double kGap = 1.25;    // where the ground of a roller lies, the triangle being 1 high
-constexpr double kWheel = 0.11;  // radius of a roller's wheels
-constexpr double kHatch = 0.3;
+constexpr double kHalfBase = 0.6;       // of the triangle, which is 1 high
+constexpr double kHalfWideBase = 0.75;  // of the inclined roller's
+constexpr double kHalf = 0.9;           // of the line that the others stand on: the ground
+constexpr double kRollerGround = 1.25;  // below the node
+constexpr double kSlideGround = 0.25;   // below the line at the node
+constexpr double kWheel = 0.11;         // radius of a roller's wheels
+constexpr double kHatch = 0.3;          // across and down
+constexpr double kTurn = 0.65;          // outer radius of a rotational spring
+constexpr double kReach = 1.5;          // of a symbol's box below or beside the node
 
-constexpr Stroke kTriangle[] = {{0, 0, -0.6, 1}, {0, 0, 0.6, 1}, {-0.6, 1, 0.6, 1}};
-/// The inclined roller: a wider triangle of lines, 1.25 of the upright one, on its own ground.
+constexpr Stroke kTriangle[] = {{0, 0, -kHalfBase, 1}, {0, 0, kHalfBase, 1}, {-kHalfBase, 1, kHalfBase, 1}};
+/// The inclined roller: a wider triangle, on its own ground.
 constexpr Stroke kWideTriangle[] = {
-    {0, 0, -0.6 * 1.25, 1}, {0, 0, 0.6 * 1.25, 1}, {-0.6 * 1.25, 1, 0.6 * 1.25, 1}};
+    {0, 0, -kHalfWideBase, 1}, {0, 0, kHalfWideBase, 1}, {-kHalfWideBase, 1, kHalfWideBase, 1}};
 constexpr Stroke kSquare[] = {
     {-0.3, -0.3, 0.3, -0.3}, {0.3, -0.3, 0.3, 0.3}, {0.3, 0.3, -0.3, 0.3}, {-0.3, 0.3, -0.3, -0.3}};
 constexpr Stroke kSpring[] = {{0, 0, 0, 0.3},        {0, 0.3, -0.3, 0.4},    {-0.3, 0.4, 0.3, 0.6},
@@ -53,7 +59,6 @@ void DrawStrokes(Plot& plot, const Place& place, std::span<const Stroke> strokes
 
 /// A line of the ground `y` below the node, hatched or bare.
 void DrawGround(Plot& plot, const Place& place, double y, bool hatched, Rgb colour) {
-  constexpr double kHalf = 0.9;
   constexpr int kHatches = 5;
   const Stroke line = {-kHalf, y, kHalf, y};
   DrawStrokes(plot, place, {&line, 1}, colour);
@@ -73,10 +78,10 @@ void DrawPin(Plot& plot, const Place& place, Rgb colour) {
 void DrawRoller(Plot& plot, const Place& place, Rgb colour) {
   DrawStrokes(plot, place, kTriangle, colour);
   for (const double x : {-0.35, 0.35}) {
-    const Point wheel = place.Of(x, (1 + kGap) / 2);
+    const Point wheel = place.Of(x, (1 + kRollerGround) / 2);
     PlotCircle(plot, wheel.x, wheel.y, kWheel * place.size, colour);
   }
-  DrawGround(plot, place, kGap, false, colour);
+  DrawGround(plot, place, kRollerGround, false, colour);
 }
 
 void DrawFixed(Plot& plot, const Place& place, Rgb colour) {
@@ -86,7 +91,7 @@ void DrawFixed(Plot& plot, const Place& place, Rgb colour) {
 /// Held against turning and across the ground, free along it.
 void DrawSlide(Plot& plot, const Place& place, Rgb colour) {
   DrawGround(plot, place, 0, false, colour);
-  DrawGround(plot, place, 0.25, true, colour);
+  DrawGround(plot, place, kSlideGround, true, colour);
 }
 
 void DrawSquare(Plot& plot, const Place& place, Rgb colour) {
@@ -95,12 +100,12 @@ void DrawSquare(Plot& plot, const Place& place, Rgb colour) {
 
 void DrawInclined(Plot& plot, const Place& place, Rgb colour) {
   DrawStrokes(plot, place, kWideTriangle, colour);
-  DrawGround(plot, place, kGap, false, colour);
+  DrawGround(plot, place, kRollerGround, false, colour);
 }
 
 void DrawInclinedFixed(Plot& plot, const Place& place, Rgb colour) {
   DrawStrokes(plot, place, kWideTriangle, colour);
-  DrawGround(plot, place, kGap, true, colour);
+  DrawGround(plot, place, kRollerGround, true, colour);
 }
 
 /// How a symbol is turned: the ground below the node, at its side, or along the support's own angle.
@@ -161,10 +166,10 @@ void DrawSpringY(Plot& plot, Point at, double size, Rgb colour) {
 
 void DrawSpringRotation(Plot& plot, Point at, double size, Rgb colour) {
   constexpr int kChords = 27;
-  constexpr double kTurns = 1.5, kInner = 0.2, kOuter = 0.65;
+  constexpr double kTurns = 1.5, kInner = 0.2;
   const auto spiral = [&](int k) {
     const double t = static_cast<double>(k) / kChords, a = 2 * std::numbers::pi * kTurns * t;
-    const double radius = size * (kInner + (kOuter - kInner) * t);
+    const double radius = size * (kInner + (kTurn - kInner) * t);
     return Point{at.x + radius * std::cos(a), at.y - radius * std::sin(a)};
   };
   Point from = spiral(0);
@@ -190,16 +195,20 @@ void DrawSupport(Plot& plot, Point at, std::string_view code, double size, doubl
 
 std::array<Rectangle, 3> SupportBoxes(Point at, std::string_view code, double size, double angle,
                                       SupportSide side) {
-  constexpr double kReach = 1.5, kHalf = 0.9, kTurn = 0.65, kInclined = 1.15;
   const auto box = [&](double left, double top, double right, double bottom) {
     return Rectangle{at.x + left * size, at.y + top * size, at.x + right * size, at.y + bottom * size};
   };
   std::array<Rectangle, 3> boxes = {box(0, 0, 0, 0), box(0, 0, 0, 0), box(0, 0, 0, 0)};
   if (code.size() != 3) return boxes;
   if (code[0] == '4') {
-    const Point middle = Place(at, size, angle).Of(0, kReach / 2);
-    boxes[0] = {middle.x - kInclined * size, middle.y - kInclined * size, middle.x + kInclined * size,
-                middle.y + kInclined * size};
+    // The triangle, and the corners of its ground with the hatches.
+    boxes[0] = box(0, 0, 0, 0);
+    const Place place(at, size, angle);
+    const Stroke& base = kWideTriangle[2];
+    for (const Point corner : {place.Of(base.x1, base.y1), place.Of(base.x2, base.y2),
+                               place.Of(-kHalf, kReach), place.Of(kHalf, kReach)})
+      boxes[0] = {std::min(boxes[0].left, corner.x), std::min(boxes[0].top, corner.y),
+                  std::max(boxes[0].right, corner.x), std::max(boxes[0].bottom, corner.y)};
     return boxes;
   }
   if (code[1] != '0') boxes[0] = box(-kHalf, 0, kHalf, kReach);

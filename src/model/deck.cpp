@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
-#include <utility>
-#include <vector>
+#include <optional>
 
 #include "base/cp932.h"
 #include "base/fault.h"
@@ -21,13 +20,11 @@ std::string_view DeckLine(std::string_view line) {
 int SplitFields(std::string_view line, Fields& fields) {
   fields.fill({});
   int count = 0;
-  for (;;) {
+  for (std::optional<std::string_view> rest = line; rest;) {
     if (count == kMaxFields) throw Fault("項目の数が " + std::to_string(kMaxFields) + " を超えています");
-    const std::size_t comma = line.find(',');
-    fields[static_cast<std::size_t>(++count)] = NoSpc(line.substr(0, comma));
-    if (comma == std::string_view::npos) return count;
-    line.remove_prefix(comma + 1);
+    fields[static_cast<std::size_t>(++count)] = NoSpc(TakeField(rest));
   }
+  return count;
 }
 
 namespace {
@@ -37,13 +34,11 @@ bool IsBlank(std::string_view bytes) {
   return bytes.find_first_not_of(std::string_view(" \t\r\n\x1A\0", 6)) == std::string_view::npos;
 }
 
-/// Whether a deck has a section of this name, in capitals.
-bool HasSection(std::string_view bytes, std::string_view name) {
-  while (const std::optional<std::string_view> whole = TakeLine(bytes)) {
-    const std::string_view line = DeckLine(*whole);
-    if (line.starts_with('@') && UpperCase(line.substr(1)) == name) return true;
-  }
-  return false;
+/// Whether a deck has a table of this name.
+bool HoldsTable(std::string_view bytes, std::string_view name) {
+  const std::vector<DeckTable> tables = SplitDeck(bytes);
+  return std::any_of(tables.begin(), tables.end(),
+                     [&](const DeckTable& table) { return table.name == name; });
 }
 
 bool IsUtf16(std::string_view bytes) {
@@ -70,8 +65,8 @@ std::string JoinTables(std::vector<std::string>& files) {
     deck += Cp932FromUtf8(SectionLine(table)).bytes + "\r\n";
     const std::string bytes = ReadBytes(file);
     std::string_view rest = bytes;
-    while (const std::optional<std::string_view> line = TakeLine(rest)) deck.append(*line).append("\r\n");
-    deck += "\r\n";
+    while (const std::optional<std::string_view> line = TakeLine(rest)) deck.append(*line).append(kLineEnd);
+    deck += kLineEnd;
     files.push_back(file);
   }
   return deck;
@@ -95,7 +90,7 @@ void RefuseLoss(const std::string& path, std::string_view old, std::string_view 
   if (!own) return;
   if (const std::string why = WhyNoDeck(old); !why.empty())
     throw Fault(path + " ： " + why + kept + "。モデルは別の名前で保存してください");
-  if (HasSection(old, "CONT") && !HasSection(deck, "CONT"))
+  if (HoldsTable(old, "CONT") && !HoldsTable(deck, "CONT"))
     throw Fault(path + " ： コントロールデータがないため、上書き保存できません" + kept);
 }
 
@@ -108,8 +103,11 @@ std::string WhyNoDeck(std::string_view bytes) {
                                                                    : nullptr;
   if (encoding != nullptr)
     return std::string("文字コードが") + encoding + "です（シフトＪＩＳで保存し直してください）";
-  const bool any = std::any_of(kTables.begin(), kTables.end(),
-                               [&](const TableName& table) { return HasSection(bytes, table.key); });
+  const std::vector<DeckTable> tables = SplitDeck(bytes);
+  const bool any = std::any_of(tables.begin(), tables.end(), [](const DeckTable& table) {
+    return std::any_of(kTables.begin(), kTables.end(),
+                       [&](const TableName& known) { return known.key == table.name; });
+  });
   return any ? std::string() : "モデルの表（@CONT、@NODE など）がありません";
 }
 
@@ -140,33 +138,35 @@ bool IsTableFileName(std::string_view name) {
 
 }  // namespace
 
-void LoadDeck() {
-  ClearWork();
-  if (!FileExists(DeckPath())) return;
-  const std::string text = ReadTextFile(DeckPath());
-  std::vector<std::pair<std::string, std::string>>
-      tables;  // name and text; a name that comes again starts anew
-  std::string* table = nullptr;
-  std::string_view rest = text;
-  while (const std::optional<std::string_view> whole = TakeLine(rest)) {
+std::vector<DeckTable> SplitDeck(std::string_view deck) {
+  std::vector<DeckTable> tables;
+  std::string* text = nullptr;  // of the table in hand
+  while (const std::optional<std::string_view> whole = TakeLine(deck)) {
     const std::string_view line = DeckLine(*whole);
     if (line.empty()) continue;
     if (line[0] == '@') {
       const std::string name = UpperCase(line.substr(1));
-      table = nullptr;
+      text = nullptr;
       if (!IsTableFileName(name)) continue;
-      for (auto& [known, contents] : tables)
-        if (known == name) table = &contents;
-      if (table == nullptr) table = &tables.emplace_back(name, std::string()).second;
-      table->clear();
-    } else if (table != nullptr) {
-      table->append(line).append("\r\n");
+      for (DeckTable& known : tables)
+        if (known.name == name) text = &known.text;
+      if (text == nullptr) text = &tables.emplace_back(name, std::string()).text;
+      text->clear();
+    } else if (text != nullptr) {
+      text->append(line).append(kLineEnd);
     }
   }
+  return tables;
+}
+
+void LoadDeck() {
+  ClearWork();
+  if (!FileExists(DeckPath())) return;
+  const std::vector<DeckTable> tables = SplitDeck(ReadTextFile(DeckPath()));
   try {
-    for (const auto& [name, contents] : tables) {
-      ReplaceTextFile(WorkPath + name, contents, Flush::No);
-      NoteTable(name, /*there=*/true);
+    for (const DeckTable& table : tables) {
+      ReplaceTextFile(WorkPath + table.name, table.text, Flush::No);
+      NoteTable(table.name, /*there=*/true);
     }
   } catch (const Fault&) {
     ClearWork();  // half a model in the work folder would be saved over the whole deck

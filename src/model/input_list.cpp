@@ -12,6 +12,7 @@
 #include "base/cp932.h"
 #include "base/number.h"
 #include "base/number_format.h"
+#include "base/text.h"
 #include "base/text_file.h"
 #include "model/input_list_layout.h"
 #include "model/model_rec.h"
@@ -21,8 +22,6 @@ namespace zorlan {
 namespace {
 
 using namespace input_list;
-
-constexpr std::string_view kLineEnd = "\r\n";
 
 using RowList = std::vector<const TableRow*>;
 

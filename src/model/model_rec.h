@@ -19,6 +19,8 @@ inline constexpr int kMaxTableRows = 1000;  // of every other table
 inline constexpr int kMaxGroupNodes = 100;
 inline constexpr int kMaxLoadCases = 20;
 inline constexpr double kStandardGravity = 9.80665;  // kN per t
+inline constexpr double kCmPerM = 100;               // tables and lists tell small lengths in cm
+inline constexpr double kMmPerM = 1000;              // section tables are in mm
 
 /// The three structural models, as `ModelCode` holds them.
 enum ModelKind : std::int16_t { kPlaneFrame = 1, kSameDisplacementFrame = 2, kPlaneGrid = 3 };

@@ -17,12 +17,20 @@ namespace {
 
 /// Bytes in front of the ".inp" of `name`, both in half and in full width; the whole length without one.
 std::size_t LengthWithoutExtension(std::string_view name) {
+  const std::string ending = UpperCase(kDeckEnding);
   for (std::size_t at = 0; at < name.size(); ++at)
-    if (UpperCase(Narrowed(name.substr(at))).starts_with(".INP")) return at;
+    if (UpperCase(Narrowed(name.substr(at))).starts_with(ending)) return at;
   return name.size();
 }
 
 }  // namespace
+
+void SetModelInHand(const std::string& deck) {
+  const std::size_t nameAt = deck.rfind('/') + 1;  // 0 without a folder
+  DataPath = deck.substr(0, nameAt);
+  ProjectName.clear();
+  ModelFile = deck.substr(nameAt);
+}
 
 std::string ModelBaseName() {
   return ModelBaseName(ModelFile);
@@ -37,11 +45,11 @@ std::string DeckPath() {
 }
 
 std::string ResultFolder() {
-  return FolderText(DataPath + ProjectName + ModelBaseName() + ".ANA");
+  return FolderText(DataPath + ProjectName + ModelBaseName() + kResultsEnding);
 }
 
 std::string ListingPath() {
-  return DataPath + ProjectName + ModelBaseName() + ".out";
+  return DataPath + ProjectName + ModelBaseName() + kListingEnding;
 }
 
 void StretchToLimits(ModelRec& model) {

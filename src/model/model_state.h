@@ -26,6 +26,13 @@ extern double GravityFactor;  // kN per t in force; with the next three set by e
 extern std::int16_t InUnit, OutUnit;
 extern std::int16_t ForceUnit;
 
+/// How the names of a project's folder, a deck, its result folder and its stored listing end.
+inline constexpr const char *kProjectEnding = ".zor", *kDeckEnding = ".inp", *kResultsEnding = ".ANA",
+                            *kListingEnding = ".out";
+
+/// Makes a deck the model in hand; its folder serves as the project's.
+void SetModelInHand(const std::string& deck);
+
 /// `name`, or ModelFile if it is left out, without the ".inp" and what follows it. ".inp" is looked for in
 /// the text narrowed to half-width characters, so a full-width extension is cut too. A name without one stays
 /// as it is.

@@ -73,7 +73,7 @@ std::string TableText(const std::vector<TableRow>& rows, int count) {
     std::string_view shown = NoSpc(line);
     while (shown.ends_with(',')) shown.remove_suffix(1);
     text += shown;
-    text += "\r\n";
+    text += kLineEnd;
   }
   return text;
 }

@@ -5,6 +5,8 @@
 #include "base/delimited.h"
 #include "base/fault.h"
 #include "base/number.h"
+#include "base/settings_file.h"
+#include "base/text.h"
 #include "base/text_file.h"
 #include "graphics/frame_figure.h"
 #include "model/model_state.h"
@@ -14,7 +16,6 @@ namespace {
 
 constexpr std::string_view kHandedFile = "SelctLC.Txt", kKeptFile = "AllPrnSet.txt";
 constexpr int kBatchMark = -1, kChecked = -1;
-constexpr std::string_view kLineEnd = "\r\n";
 
 bool HasCases(int kind) {
   return kind >= kLoadCheck && kind <= kMomentFigure;
@@ -39,8 +40,7 @@ class Numbers {
   std::optional<int> Take() {
     if (AtEnd()) return std::nullopt;
     const std::string& item = items_[next_++];
-    if (item.find_first_of("0123456789") == std::string::npos) return std::nullopt;
-    return ReadInt16(item);
+    return ReadFinite(item) ? ReadInt16(item) : std::nullopt;
   }
 
  private:
@@ -68,16 +68,6 @@ void TakeTypes(Numbers& numbers, FigureSelection& selection) {
     BatchType& type = selection.types[static_cast<std::size_t>(*number) - 1];
     type.checked = checked == kChecked;
     for (int n = 0; n < *count && !numbers.AtEnd(); ++n) TakeCase(numbers, type.cases);
-  }
-}
-
-/// The text of a file; nothing when there is none that can be read.
-std::optional<std::string> FileText(std::string_view file) {
-  if (!FileExists(PathOf(file))) return std::nullopt;
-  try {
-    return ReadTextFile(PathOf(file));
-  } catch (const Fault&) {
-    return std::nullopt;  // it is chosen anew
   }
 }
 
@@ -119,13 +109,13 @@ std::string SelectionText(const FigureSelection& selection) {
   return text;
 }
 
-FigureSelection ParseSelection(std::string_view text) {
-  FigureSelection selection;
+FigureSelection ParseSelection(std::string_view text, const FigureSelection& blank) {
+  FigureSelection selection = blank;
   Numbers numbers(text);
   int first = kBatchMark;
   TakeWithin(numbers, kBatchMark, kRcRatioFigure, first);
   TakeWithin(numbers, 0, kLayouts - 1, selection.layout);
-  TakeWithin(numbers, 1, 2, selection.orientation);
+  TakeWithin(numbers, kPortrait, kLandscape, selection.orientation);
   selection.batch = first == kBatchMark;
   if (selection.batch) {
     TakeTypes(numbers, selection);
@@ -142,7 +132,7 @@ void HandOverSelection(const FigureSelection& selection) {
 }
 
 std::optional<FigureSelection> HandedSelection() {
-  const std::optional<std::string> text = FileText(kHandedFile);
+  const std::optional<std::string> text = ReadSettingsFile(PathOf(kHandedFile));
   if (!text) return std::nullopt;
   return ParseSelection(*text);
 }
@@ -155,9 +145,11 @@ void RemoveSelection() {
   }
 }
 
-FigureSelection KeptBatch() {
-  FigureSelection selection = ParseSelection(FileText(kKeptFile).value_or(""));
-  return selection.batch ? selection : FigureSelection();
+FigureSelection KeptBatch(int orientation) {
+  FigureSelection blank;
+  blank.orientation = orientation;
+  const FigureSelection selection = ParseSelection(ReadSettingsFile(PathOf(kKeptFile)).value_or(""), blank);
+  return selection.batch ? selection : blank;
 }
 
 std::vector<SelectedFigure> SelectedFigures(const FigureSelection& selection) {

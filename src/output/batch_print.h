@@ -10,12 +10,16 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zorlan {
+
+/// How a sheet lies, as the settings files have it.
+inline constexpr std::int16_t kPortrait = 1, kLandscape = 2;
 
 /// The figure types of a batch in their order; the number of a type, from 1, is its FigureKind.
 inline constexpr std::array<std::string_view, 5> kBatchTypes = {"荷重チェック図", "変位図", "軸力図",
@@ -40,7 +44,7 @@ struct BatchType {
 struct FigureSelection {
   bool batch = true;
   int layout = 0;
-  int orientation = 1;
+  int orientation = kPortrait;
   std::array<BatchType, kBatchTypes.size()> types;  // of a batch
 
   int figureKind = 0;      // of a single figure: its FigureKind
@@ -56,9 +60,8 @@ std::optional<std::string_view> SelectionFault(const FigureSelection& selection)
 FigureSelection WithinCases(FigureSelection selection, int maxLoadCase);
 
 std::string SelectionText(const FigureSelection& selection);
-/// Total: what is missing, cut off or no number of its kind is as in a new FigureSelection, and cases are
-/// left out.
-FigureSelection ParseSelection(std::string_view text);
+/// Total: what is missing, cut off or no number of its kind is as in `blank`, and cases are left out.
+FigureSelection ParseSelection(std::string_view text, const FigureSelection& blank = {});
 
 /// Hands a choice over to the preview; that of a batch is kept for the next time. Throws FileFault.
 void HandOverSelection(const FigureSelection& selection);
@@ -66,8 +69,8 @@ void HandOverSelection(const FigureSelection& selection);
 std::optional<FigureSelection> HandedSelection();
 /// Removes it: when the preview closes.
 void RemoveSelection();
-/// The batch kept; all types off without one that can be read.
-FigureSelection KeptBatch();
+/// The batch kept; without one that can be read all types are off, on sheets of this orientation.
+FigureSelection KeptBatch(int orientation);
 
 /// A figure of a choice.
 struct SelectedFigure {

@@ -38,8 +38,6 @@ constexpr std::array<std::string_view, 4> kReactionUnits = {
     "No, Case, (N), (N), (N･M)",
 };
 
-constexpr double kCmPerM = 100;
-
 std::string Heading(std::string_view names, std::string_view units) {
   return std::string(names) + "\r\n" + std::string(units) + "\r\n";
 }
@@ -130,7 +128,7 @@ void AppendCsvLines(std::string& out, int number, const ResultTable& values, int
       AppendReal(out, value[place]);
       if (const std::size_t e = out.find('e', start); e != std::string::npos) out[e] = 'E';
     }
-    out += "\r\n";
+    out += kLineEnd;
   }
 }
 

@@ -1,14 +1,40 @@
 #include "output/dxf_page.h"
 
+#include <optional>
+
 #include "base/fault.h"
 #include "base/host.h"
 #include "base/text_file.h"
 #include "graphics/dxf.h"
 #include "model/model_state.h"
+#include "output/text_pages.h"
 
 namespace zorlan {
+namespace {
+
+/// Why a page could not be written: empty, where nothing more than that is known.
+struct PageFault {
+  std::string reason;
+};
+
+/// Writes the page; nothing where it is written.
+std::optional<PageFault> WritePage(int pageNumber, const std::vector<DrawOperation>& drawingList,
+                                   const std::string& chosen) try {
+  if (drawingList.empty()) return PageFault();
+  const std::string path = WorkPath + DxfPageName(pageNumber), list = path + ".tmp", dxf = path + ".dxf";
+  WriteDrawingList(list, drawingList);
+  std::string reason;
+  if (!WriteDXF(list, dxf, &reason)) return PageFault{reason};
+  CopyFileOver(dxf, chosen);
+  return std::nullopt;
+} catch (const Fault& fault) {
+  return PageFault{fault.what()};
+}
+
+}  // namespace
+
 std::string DxfPageName(int pageNumber) {
-  return "Page-" + std::to_string(pageNumber);
+  return PageName(pageNumber);
 }
 
 std::string DxfPageFault(int pageNumber) {
@@ -16,22 +42,9 @@ std::string DxfPageFault(int pageNumber) {
 }
 
 bool WriteDxfPage(int pageNumber, const std::vector<DrawOperation>& drawingList, const std::string& chosen) {
-  std::string reason;
-  const bool written = [&] {
-    if (drawingList.empty()) return false;
-    const std::string path = WorkPath + DxfPageName(pageNumber), dxf = path + ".dxf";
-    try {
-      WriteDrawingList(path + ".tmp", drawingList);
-      if (!WriteDXF(path + ".tmp", dxf, &reason)) return false;
-      CopyFileOver(dxf, chosen);
-      return true;
-    } catch (const Fault& fault) {
-      reason = fault.what();
-      return false;
-    }
-  }();
-  if (!written) Tell(DxfPageFault(pageNumber) + (reason.empty() ? "" : "\n" + reason));
-  return written;
+  const std::optional<PageFault> fault = WritePage(pageNumber, drawingList, chosen);
+  if (fault) Tell(DxfPageFault(pageNumber) + (fault->reason.empty() ? "" : "\n" + fault->reason));
+  return !fault;
 }
 
 }  // namespace zorlan

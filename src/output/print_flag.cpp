@@ -20,7 +20,8 @@ struct Listing {
 constexpr std::array kListings = {
     Listing{kPrintCheck, "<<エラーチェック>>", "<<エラーチェック>>", Place::Work, "InputErr.txt"},
     Listing{kPrintInputList, "<<入力ファイル>>", "<<入力ファイル>>", Place::Work, "TmpFile.inp"},
-    Listing{kPrintListing, "<<解析結果ファイル>>", "<<解析結果ファイル>> ", Place::BesideDeck, ".out"},
+    Listing{kPrintListing, "<<解析結果ファイル>>", "<<解析結果ファイル>> ", Place::BesideDeck,
+            kListingEnding},
     Listing{kPrintSteelDesign, "", "<<Ｓ断面算定>> ", Place::Results, "DSNS"},
     Listing{kPrintConcreteDesign, "", "<<ＲＣ断面算定>> ", Place::Results, "DSNRC"},
     Listing{kPrintCombinations, "", "<<荷重の組み合わせ>>", Place::Work, "KUMI"},

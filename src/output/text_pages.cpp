@@ -110,6 +110,10 @@ bool PaperSize(std::string_view name, int& width, int& height) {
   return false;
 }
 
+std::string PageName(int number) {
+  return "Page-" + std::to_string(number);
+}
+
 TextPages LayOutTextPages(std::string_view text, const TextStyle& style, const PageSetup& setup) {
   TextPages result;
   result.width = (setup.landscape ? setup.paperHeight : setup.paperWidth) * kUnitsPerMm;

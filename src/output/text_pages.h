@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -33,7 +34,7 @@ struct PlacedLine {
 
 struct TextPage {
   std::vector<PlacedLine> lines;
-  std::optional<int> number;  // "Page-" and this, centred on the sheet, its top at numberY
+  std::optional<int> number;  // its PageName stands centred on the sheet, its top at numberY
   int numberY = 0;
 };
 
@@ -49,10 +50,12 @@ struct TextStyle {
   bool breakBeforeSquare = false;  // a line with "■" begins a new page
 };
 
+/// What a page is called, at its foot and as a file: "Page-3".
+std::string PageName(int number);
+
 /// Lays the lines of a text on pages. A blank line at the top of a column is dropped; a page begins only with
-/// a line to stand on it. A text with nothing to place answers one page
-/// without number. The pages point into `text`
-/// and the style's heading.
+/// a line to stand on it. A text with nothing to place answers one page without number. The pages point into
+/// `text` and the style's heading.
 TextPages LayOutTextPages(std::string_view text, const TextStyle& style, const PageSetup& setup);
 
 }  // namespace zorlan

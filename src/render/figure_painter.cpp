@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
 #include <QBuffer>
 #include <QByteArray>
 #include <QFont>
@@ -15,10 +16,15 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPen>
+#include <QPolygonF>
 #include <QSvgGenerator>
+#include <utility>
 
+#include "base/fault.h"
 #include "render/fonts.h"
 #include "render/glyph_runs.h"
+#include "render/glyph_stamps.h"
+#include "render/ink.h"
 #include "render/qt_text.h"
 #include "render/text_page_painter.h"
 
@@ -56,37 +62,44 @@ Qt::PenStyle StyleOf(LineStyle style) {
   return Qt::SolidLine;
 }
 
+/// Lays a picture on a page, or, with ink, on the dots of an image: there the painter is left what is rare.
 class PicturePainter {
  public:
-  PicturePainter(QPainter& painter, const PictureStyle& style) : painter_(painter), style_(style) {}
+  PicturePainter(QPainter& painter, Ink* ink, const PictureStyle& style)
+      : painter_(painter), ink_(ink), style_(style) {}
 
   void Paint(const FigurePicture& picture) {
+    smooth_ = ink_ == nullptr || !IsDense(picture);
     painter_.save();
     painter_.setBrush(Qt::NoBrush);
-    // A tint's edge lies under a line.
-    painter_.setRenderHint(QPainter::Antialiasing, !style_.pixels);
-    for (const FigurePicture::Tint& tint : picture.TheTints()) PaintTint(tint);
-    painter_.setRenderHint(QPainter::Antialiasing,
-                           style_.antialiasing && !(style_.pixels && IsDense(picture)));
+    painter_.setRenderHint(QPainter::Antialiasing, ink_ == nullptr);  // a tint's edge lies under a line
+    for (const FigurePicture::Tint& tint : picture.TheTints())
+      PaintTint(picture.CornersOf(tint), TintOf(tint.colour));
+    painter_.setRenderHint(QPainter::Antialiasing, smooth_);
     for (const FigurePicture::Lines& lines : picture.TheLines()) PaintLines(lines);
+    if (!smooth_) painter_.setRenderHint(QPainter::Antialiasing);
     for (const FigurePicture::Discs& discs : picture.TheDiscs()) PaintDiscs(discs);
     for (const FigurePicture::Texts& texts : picture.TheTexts()) PaintTexts(texts);
     painter_.restore();
   }
 
  private:
+  // What ink is used for, in dots. The ends of a wider line would show that they aren't round.
+  static constexpr double kThinLine = 2, kSmallDisc = 20, kSmallText = 50;
+  static constexpr double kSmallestText = 0.5;  // painter units: nothing of a smaller one could be seen
+
   QPointF At(QPointF twips) const { return style_.origin + twips * style_.scale; }
-  /// The nearest place for the middle of a line: a pixel's middle, or an edge when the line is an even number
+  /// The nearest place for the middle of a line: a dot's middle, or an edge when the line is an even number
   /// wide.
-  QPointF OnPixel(QPointF place, double width) const {
-    if (!style_.pixels) return place;
-    if (std::fmod(width, 2) == 0) return {std::round(place.x()), std::round(place.y())};
+  QPointF OnDot(QPointF place, double width) const {
+    if (ink_ == nullptr) return place;
+    if (static_cast<int>(width) % 2 == 0) return {std::round(place.x()), std::round(place.y())};
     return {std::floor(place.x()) + 0.5, std::floor(place.y()) + 0.5};
   }
   QPen PenOf(const Pen& pen) const {
     const double width = pen.width * style_.dot;
-    // Whole pixels, so that a line is as dark wherever it lies.
-    QPen drawn(ColourOf(pen.colour), style_.pixels ? std::max(1.0, std::round(width)) : width);
+    // Whole dots, so that a line is as dark wherever it lies.
+    QPen drawn(ColourOf(pen.colour), ink_ != nullptr ? std::max(1.0, std::round(width)) : width);
     drawn.setStyle(StyleOf(pen.style));
     drawn.setCapStyle(pen.style == LineStyle::Solid ? Qt::RoundCap : Qt::FlatCap);
     return drawn;
@@ -100,42 +113,71 @@ class PicturePainter {
     return lines > kManyLines;
   }
 
-  void PaintTint(const FigurePicture::Tint& tint) {
-    QPolygonF polygon;
-    polygon.reserve(tint.polygon.size());
-    for (const QPointF& corner : tint.polygon) polygon.append(At(corner));
+  void PaintTint(std::span<const QPointF> corners, const QColor& colour) {
+    polygon_.clear();
+    for (const QPointF& corner : corners) polygon_.append(At(corner));
     painter_.setPen(Qt::NoPen);
-    painter_.setBrush(TintOf(tint.colour));
-    painter_.drawPolygon(polygon);
+    painter_.setBrush(colour);
+    painter_.drawPolygon(polygon_);
     painter_.setBrush(Qt::NoBrush);
   }
+
   void PaintLines(const FigurePicture::Lines& group) {
     const QPen pen = PenOf(group.pen);
-    QList<QLineF> lines;
-    lines.reserve(static_cast<qsizetype>(group.lines.size()));
-    for (const QLineF& line : group.lines) {
+    const double width = pen.widthF();
+    const auto placed = [&](const QLineF& line) {
       const QPointF from = At(line.p1()), to = At(line.p2());
       // A sloping line keeps its ends: moved to the dots, the chords of a curve would make it uneven.
       const bool straight = line.dx() == 0 || line.dy() == 0;
-      lines.append(straight ? QLineF(OnPixel(from, pen.widthF()), OnPixel(to, pen.widthF()))
-                            : QLineF(from, to));
+      return straight ? QLineF(OnDot(from, width), OnDot(to, width)) : QLineF(from, to);
+    };
+    if (ink_ != nullptr && group.pen.style == LineStyle::Solid && width <= kThinLine) {
+      ink_->SetColour(pen.color().rgb());
+      for (const QLineF& line : group.lines) {
+        const QLineF drawn = placed(line);
+        ink_->Line(drawn.p1(), drawn.p2(), width, smooth_);
+      }
+      return;
     }
+    QList<QLineF> lines;
+    lines.reserve(static_cast<qsizetype>(group.lines.size()));
+    for (const QLineF& line : group.lines) lines.append(placed(line));
     painter_.setPen(pen);
     painter_.drawLines(lines);
   }
+
   void PaintDiscs(const FigurePicture::Discs& group) {
     const QPen outline = PenOf(group.pen);
-    const QColor colour = ColourOf(group.pen.colour);
+    if (ink_ != nullptr) ink_->SetColour(outline.color().rgb());
     for (const bool filled : {false, true}) {
       painter_.setPen(filled ? QPen(Qt::NoPen) : outline);
-      painter_.setBrush(filled ? QBrush(colour) : QBrush(Qt::NoBrush));
+      painter_.setBrush(filled ? QBrush(outline.color()) : QBrush(Qt::NoBrush));
+      double radiusOfStamp = -1;
+      Stamp stamp;  // the nodes of a figure are all alike
       for (const FigurePicture::Disc& disc : group.discs) {
         if (disc.filled != filled) continue;
         const double radius = disc.radius * style_.scale;
-        painter_.drawEllipse(OnPixel(At(disc.centre), outline.widthF()), radius, radius);
+        const QPointF centre = OnDot(At(disc.centre), outline.widthF());
+        if (ink_ == nullptr || !(radius >= 0 && radius + outline.widthF() < kSmallDisc)) {
+          painter_.drawEllipse(centre, radius, radius);
+          continue;
+        }
+        if (radius != std::exchange(radiusOfStamp, radius))
+          stamp = StampOfDisc(OnDot({0, 0}, outline.widthF()), radius);
+        ink_->Put(stamp, centre);
       }
     }
     painter_.setBrush(Qt::NoBrush);
+  }
+  /// In the painter's pen and brush.
+  Stamp StampOfDisc(QPointF centre, double radius) const {
+    const int reach = static_cast<int>(std::ceil(radius + painter_.pen().widthF())) + 1;
+    return StampOf(QRect(-reach, -reach, 2 * reach + 1, 2 * reach + 1), /*turned=*/false,
+                   [&](QPainter& painter) {
+                     painter.setPen(painter_.pen());
+                     painter.setBrush(painter_.brush());
+                     painter.drawEllipse(centre, radius, radius);
+                   });
   }
 
   void PaintTexts(const FigurePicture::Texts& group) {
@@ -167,29 +209,41 @@ class PicturePainter {
         painter_.drawText(place(text.origin) + QPointF(0, ascent), ToQt(text.text));
       return;
     }
+    std::optional<GlyphStamps> stamps;
+    if (ink_ != nullptr && height < kSmallText && (group.angle == 0 || group.angle == 90)) {
+      stamps.emplace(height, group.angle == 90);
+      ink_->SetColour(painter_.pen().color().rgb());
+    }
     GlyphRun run(height);
     for (const FigurePicture::PlacedText& text : group.texts) {
+      if (stamps && stamps->Write(*ink_, At(text.origin), text.text)) continue;
       QPointF origin = place(text.origin);
       // Base lines on a row of dots: the feet of the digits stay sharp.
-      if (style_.pixels) origin.setY(std::round(origin.y() + run.Ascent()) - run.Ascent());
+      if (ink_ != nullptr) origin.setY(std::round(origin.y() + run.Ascent()) - run.Ascent());
       run.Add(origin, text.text);
     }
     run.Paint(painter_);
   }
 
-  static constexpr double kSmallestText = 0.5;  // painter units: nothing of a smaller one could be seen
-
   QPainter& painter_;
+  Ink* ink_;
   const PictureStyle& style_;
+  bool smooth_ = true;  // the lines
+  QPolygonF polygon_;   // of a tint
 };
 
-/// The bytes that `write` puts on a device.
+[[noreturn]] void FailToPaint() {
+  throw Fault("図を作成できません。図が大きすぎるか、メモリが不足しています");
+}
+
+/// The bytes that `write` puts on a device; none at all is a fault.
 template <class Write>
 std::string BytesOf(Write write) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   write(buffer);
+  if (bytes.isEmpty()) FailToPaint();
   return bytes.toStdString();
 }
 
@@ -199,7 +253,6 @@ PictureStyle ScreenStyle(double dotsPerPixel) {
   PictureStyle style;
   style.scale = dotsPerPixel * kPixelsPerInch / kTwipsPerInch;
   style.dot = dotsPerPixel;
-  style.pixels = true;
   return style;
 }
 
@@ -207,7 +260,6 @@ PictureStyle SheetStyle(double dotsPerTwip) {
   PictureStyle style;
   style.scale = dotsPerTwip;
   style.dot = dotsPerTwip * kTwipsPerPaperDot;
-  style.pixels = true;
   return style;
 }
 
@@ -219,7 +271,13 @@ PictureStyle DeviceStyle(double dotsPerInch) {
 }
 
 void PaintPicture(QPainter& painter, const FigurePicture& picture, const PictureStyle& style) {
-  PicturePainter(painter, style).Paint(picture);
+  PicturePainter(painter, nullptr, style).Paint(picture);
+}
+
+void PaintPicture(QImage& image, const FigurePicture& picture, const PictureStyle& style) {
+  Ink ink(image);
+  QPainter painter(&image);
+  PicturePainter(painter, &ink, style).Paint(picture);
 }
 
 QSizeF SheetOf(const FigurePicture& picture) {
@@ -273,14 +331,12 @@ std::string PicturePng(const FigurePicture& picture) {
     const double scale = kImageDotsPerInch / kTwipsPerInch;
     QImage image(static_cast<int>(std::lround(surface.width * scale)),
                  static_cast<int>(std::lround(surface.height * scale)), QImage::Format_RGB32);
+    if (image.isNull()) FailToPaint();
     const int dotsPerMeter = static_cast<int>(std::lround(kImageDotsPerInch / kMmPerInch * 1000));
     image.setDotsPerMeterX(dotsPerMeter);
     image.setDotsPerMeterY(dotsPerMeter);
     image.fill(Qt::white);
-    {
-      QPainter painter(&image);
-      PaintPicture(painter, picture, SheetStyle(scale));
-    }
+    PaintPicture(image, picture, SheetStyle(scale));
     image.save(&device, "PNG");
   });
 }

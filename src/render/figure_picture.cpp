@@ -43,10 +43,9 @@ void FigurePicture::Text(Point origin, std::string_view text, double height, dou
 }
 
 void FigurePicture::Shade(std::span<const Point> polygon, Rgb colour) {
-  QPolygonF corners;
-  corners.reserve(static_cast<qsizetype>(polygon.size()));
-  for (const Point& corner : polygon) corners.append(ToQt(corner));
-  tints_.push_back({std::move(corners), colour});
+  const std::size_t begin = corners_.size();
+  for (const Point& corner : polygon) corners_.push_back(ToQt(corner));
+  tints_.push_back({colour, begin, corners_.size()});
 }
 
 }  // namespace zorlan

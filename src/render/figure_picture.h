@@ -4,7 +4,8 @@
 
 #include <map>
 #include <QLineF>
-#include <QPolygonF>
+#include <QPointF>
+#include <span>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -41,12 +42,15 @@ class FigurePicture final : public PlotTarget {
     std::vector<PlacedText> texts;
   };
   struct Tint {
-    QPolygonF polygon;
     Rgb colour = kBlack;
+    std::size_t begin = 0, end = 0;  // of its corners
   };
 
   // In the order of their first use. They are painted tints first, then lines, circles, texts.
   const std::vector<Tint>& TheTints() const { return tints_; }
+  std::span<const QPointF> CornersOf(const Tint& tint) const {
+    return std::span(corners_).subspan(tint.begin, tint.end - tint.begin);
+  }
   const std::vector<Lines>& TheLines() const { return lines_; }
   const std::vector<Discs>& TheDiscs() const { return discs_; }
   const std::vector<Texts>& TheTexts() const { return texts_; }
@@ -60,6 +64,7 @@ class FigurePicture final : public PlotTarget {
  private:
   Surface surface_;
   std::vector<Tint> tints_;
+  std::vector<QPointF> corners_;  // of all tints
   std::vector<Lines> lines_;
   std::vector<Discs> discs_;
   std::vector<Texts> texts_;

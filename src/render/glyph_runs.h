@@ -21,6 +21,7 @@ class GlyphRun {
   /// Paints what was added in the painter's pen.
   void Paint(QPainter& painter) const;
 
+  double Height() const { return height_; }
   double Ascent() const { return ascent_; }
 
  private:

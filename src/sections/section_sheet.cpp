@@ -88,10 +88,10 @@ std::string OwnHead(const SectionSheet& sheet) {
 
 /// A head that was cut short gets its missing line ends.
 std::string WholeHead(std::string head) {
-  if (head.back() != '\n' && head.back() != '\r') head += "\r\n";
+  if (head.back() != '\n' && head.back() != '\r') head += kLineEnd;
   int lines = 0;
   for (std::string_view rest = head; TakeLine(rest);) ++lines;
-  for (; lines < kTableHeadLines; ++lines) head += "\r\n";
+  for (; lines < kTableHeadLines; ++lines) head += kLineEnd;
   return head;
 }
 
@@ -106,7 +106,7 @@ std::string_view CellAt(const SheetRow& row, std::size_t column) {
 SheetRow CellsOf(std::string_view line) {
   SheetRow row;
   const std::string text = Utf8FromCp932(line);
-  for (std::string_view rest = text; !rest.empty();) row.emplace_back(TakeField(rest));
+  for (std::string_view rest = text; !rest.empty();) row.emplace_back(TakeCell(rest));
   while (!row.empty() && row.back().empty()) row.pop_back();
   return row;
 }
@@ -198,7 +198,7 @@ SheetText ParseSheet(const SectionSheet& sheet, std::string_view bytes) {
     const std::string_view from = rest;
     const std::string_view line = TakeLine(rest).value_or("");
     std::string_view fields = line;
-    const bool ends = sheet.steel && ReadReal(TakeField(fields)) == 0;
+    const bool ends = sheet.steel && ReadReal(TakeCell(fields)) == 0;
     if (ends || text.rows.size() == kSheetRows) {
       text.tail = from;
       break;
@@ -215,7 +215,7 @@ std::string SheetBytes(const SectionSheet& sheet, const SheetText& text) {
     if (IsBlank(row)) continue;
     for (std::size_t i = 0; i < std::max(sheet.columns.size(), row.size()); ++i)
       rows.append(i == 0 ? "" : ",").append(NoSpc(CellAt(row, i)));
-    rows += "\r\n";
+    rows += kLineEnd;
   }
   return text.head + Cp932FromUtf8(rows).bytes + text.tail;
 }

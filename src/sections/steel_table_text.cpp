@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "base/number.h"
+#include "base/text.h"
 #include "sections/table_lines.h"
 
 namespace zorlan {
@@ -15,7 +16,7 @@ void ForEachRow(std::string_view text, Take take) {
   SkipTableHead(text);
   while (const std::optional<std::string_view> line = TakeLine(text)) {
     std::string_view fields = *line;
-    if (ReadReal(TakeField(fields)) == 0) return;
+    if (ReadReal(TakeCell(fields)) == 0) return;
     take(*line);
   }
 }
@@ -47,7 +48,7 @@ SteelRow ParseRow(SteelFamily family, std::string_view line) {
   const SteelFamilyForm& form = FormOf(family);
   SteelRow row;
   for (std::size_t i = 0; i < form.columns.size(); ++i) {
-    const std::string_view field = TakeField(line);
+    const std::string_view field = TakeCell(line);
     row.values[i] = form.columns[i].whole ? ReadInt16(field).value_or(0) : ReadReal(field);
   }
   row.name = SteelSectionName(family, row.values);
@@ -60,7 +61,7 @@ std::string TrimmedLine(SteelFamily family, std::string_view line) {
   const std::size_t columns = FormOf(family).columns.size();
   for (std::size_t i = 0; i < columns || !line.empty(); ++i) {
     if (i > 0) text += ',';
-    text += TakeField(line);
+    text += TakeCell(line);
   }
   return text;
 }
@@ -125,11 +126,11 @@ MergedSteelTable MergeSteelTables(SteelFamily family, std::string_view main, std
   merged.withoutPlace = table.WithoutPlace();
   for (int i = 0; i < kTableHeadLines; ++i) {
     merged.bytes += TakeLine(main).value_or("");
-    merged.bytes += "\r\n";
+    merged.bytes += kLineEnd;
   }
   for (const std::string& line : table.Lines()) {
     merged.bytes += line;
-    merged.bytes += "\r\n";
+    merged.bytes += kLineEnd;
   }
   return merged;
 }

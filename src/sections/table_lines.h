@@ -1,6 +1,7 @@
 // What the files of steel and timber tables have in common: three head lines, then fields between commas.
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "base/text.h"
@@ -13,13 +14,13 @@ inline void SkipTableHead(std::string_view& text) {
   for (int i = 0; i < kTableHeadLines; ++i) TakeLine(text);
 }
 
-/// Takes the field before the next comma off a line, without the blanks around it; an empty one behind the
-/// last.
-inline std::string_view TakeField(std::string_view& line) {
-  const std::size_t comma = line.find(',');
-  const std::string_view field = line.substr(0, comma);
-  line.remove_prefix(comma == std::string_view::npos ? line.size() : comma + 1);
-  return NoSpc(field);
+/// Takes the cell before the next comma off a line, without the blanks around it; an empty one behind the
+/// last. Here a comma ends a cell: the line is empty behind it, and "a," has one cell.
+inline std::string_view TakeCell(std::string_view& line) {
+  std::optional<std::string_view> rest = line;
+  const std::string_view cell = TakeField(rest);
+  line = rest.value_or(std::string_view());
+  return NoSpc(cell);
 }
 
 }  // namespace zorlan

@@ -38,10 +38,10 @@ std::vector<Record> Parse(std::string_view text, std::span<double Record::*const
   SkipTableHead(text);
   while (std::optional<std::string_view> line = TakeLine(text)) {
     Record record;
-    record.name = TakeField(*line);
+    record.name = TakeCell(*line);
     if (record.name.empty()) continue;
-    record.shortName = TakeField(*line);
-    for (double Record::*const field : fields) record.*field = ReadReal(TakeField(*line));
+    record.shortName = TakeCell(*line);
+    for (double Record::*const field : fields) record.*field = ReadReal(TakeCell(*line));
     records.push_back(std::move(record));
   }
   return records;

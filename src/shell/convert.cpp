@@ -19,7 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kEndOfOldFile = '\x1A';  // older systems closed a text with it
 
 /// What a numbered file holds.
@@ -100,18 +99,13 @@ class OldValues {
 
  private:
   std::string_view NextText() {
-    while (!inLine_) {
-      const std::optional<std::string_view> line = TakeLine(rest_);
-      if (!line) Fail("データが途中で終わっています");
+    while (!line_) {
+      line_ = TakeLine(rest_);
+      if (!line_) Fail("データが途中で終わっています");
       ++lineNumber_;
-      line_ = *line;
-      inLine_ = !NoSpc(line_).empty();
+      if (NoSpc(*line_).empty()) line_.reset();
     }
-    const std::size_t comma = line_.find(',');
-    const std::string_view value = NoSpc(line_.substr(0, comma));
-    inLine_ = comma != std::string_view::npos;
-    if (inLine_) line_.remove_prefix(comma + 1);
-    return value;
+    return NoSpc(TakeField(line_));
   }
 
   [[noreturn]] void Fail(const std::string& words) const {
@@ -119,8 +113,8 @@ class OldValues {
   }
 
   std::string path_;
-  std::string_view rest_, line_;
-  bool inLine_ = false;
+  std::string_view rest_;
+  std::optional<std::string_view> line_;  // what is left of the line; nothing behind its last value
   int lineNumber_ = 0;
 };
 

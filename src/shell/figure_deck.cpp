@@ -1,5 +1,6 @@
 #include "shell/figure_deck.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -43,40 +44,48 @@ Source SourceOf(int kind) {
 
 void LoadResults(FigureModel& model, const SelectedFigure& choice) {
   const Source source = SourceOf(choice.kind);
-  if (source == Source::Forces && !LoadFigureResults(model, ResultFolder()))
-    throw Fault(DeckPath() + " ： このモデルの解析結果がありません（" + ResultFolder() + "）");
-  if (source != Source::Ratios) return;
-  if (!LoadFigureRatios(model, choice.kind, ResultFolder()))
-    throw Fault(DeckPath() + " ： 断面算定の結果がありません（" + ResultFolder() +
-                (choice.kind == kSteelRatioFigure ? "SIG_S" : "SIG_RC") + "）");
+  const auto load = [&](auto read, std::string_view complaint) {
+    try {
+      read();
+    } catch (const Fault& fault) {
+      throw Fault(DeckPath() + " ： " + std::string(complaint) + "（" + fault.what() + "）");
+    }
+  };
+  if (source == Source::Forces) load([&] { ReadFigureResults(model, ResultFolder()); }, kNoFittingResults);
+  if (source == Source::Ratios)
+    load([&] { ReadFigureRatios(model, choice.kind, ResultFolder()); }, "断面算定の結果がありません");
 }
 
-/// Notes whether the user is told something while it lives.
-class MessageWatch {
- public:
-  MessageWatch() : host_(TheHost()) {
-    Host watched = host_;
-    watched.message = [this](std::string_view text, std::string_view title) {
-      told_ = true;
-      host_.message(text, title);
-    };
-    InstallHost(std::move(watched));
-  }
-  ~MessageWatch() { InstallHost(std::move(host_)); }
-  MessageWatch(const MessageWatch&) = delete;
-  MessageWatch& operator=(const MessageWatch&) = delete;
-  bool Told() const { return told_; }
+/// Does a part of the work that tells the user when there can be no figure.
+template <class Act>
+void RefuseWhenTold(Act act) {
+  const MessageWatch watch(MessageWatch::Messages::Shown);
+  act();
+  if (watch.Told()) throw Fault(DeckPath() + " ： 図を出力できませんでした");
+}
 
- private:
-  Host host_;
-  bool told_ = false;
-};
+/// The figure of the model in hand, ready to be drawn.
+Figure FigureOfDeck(const SelectedFigure& choice) {
+  ReadDeck(DeckPath(), /*checkMode=*/false);  // which knows the line of a number that can't be meant
+  Figure figure;
+  RefuseWhenTold([&] { figure.model = ReadFigureDeck(ReadTextFile(DeckPath())); });
+  if (figure.model.nodes.empty()) throw Fault(DeckPath() + " ： 節点データがありません");
+  const int cases = std::max(0, figure.model.maxLoadCase);
+  if (HasLoadCase(choice.kind) && (choice.loadCase < 1 || choice.loadCase > cases))
+    throw Fault(DeckPath() + " ： 荷重ケース " + std::to_string(choice.loadCase) +
+                " はありません（荷重ケース数 " + std::to_string(cases) + "）");
+  LoadResults(figure.model, choice);
+  LoadDisplayOptions();
+  ChooseFigure(figure, choice);
+  if (figure.range != ViewingRange())
+    Tell("表示範囲（" + AppPath + "MODELEST.PRM）の外にある節点と要素は、図に描かれません");
+  return figure;
+}
 
-std::optional<std::vector<DrawOperation>> RecordFigureOfDeck(const SelectedFigure& choice) {
+std::vector<DrawOperation> RecordFigureOfDeck(const SelectedFigure& choice) {
   Figure figure = FigureOfDeck(choice);
-  const MessageWatch watch;
-  std::vector<DrawOperation> list = RecordSheet(SheetOfFigure(choice), 0, figure);
-  if (watch.Told()) return std::nullopt;
+  std::vector<DrawOperation> list;
+  RefuseWhenTold([&] { list = RecordSheet(SheetOfFigure(choice), 0, figure); });
   return list;
 }
 
@@ -94,45 +103,23 @@ std::string FigureKindWords() {
   return words;
 }
 
-Figure FigureOfDeck(const SelectedFigure& choice) {
-  ReadDeck(DeckPath(), /*checkMode=*/false);
-  Figure figure;
-  figure.model = FigureModelOf(InpModel);
-  figure.model.name = ModelBaseName();
-  if (figure.model.nodes.empty()) throw Fault(DeckPath() + " ： 節点データがありません");
-  const int cases = figure.model.maxLoadCase;
-  if (HasLoadCase(choice.kind) && (choice.loadCase < 1 || choice.loadCase > cases))
-    throw Fault(DeckPath() + " ： 荷重ケース " + std::to_string(choice.loadCase) + " はありません（１～" +
-                std::to_string(cases) + "）");
-  LoadResults(figure.model, choice);
-  LoadDisplayOptions();
-  ChooseFigure(figure, choice);
-  return figure;
-}
-
 FigureSheets SheetOfFigure(const SelectedFigure& choice) {
   PrinterRec printer = StoredPrinterInfo();
   printer.pageNumbers = kNoPageNumbers;
   return SheetsOf(printer, {choice}, /*layout=*/0);
 }
 
-bool DrawFigureOfDeck(PlotTarget& surface, const SelectedFigure& choice) {
+void DrawFigureOfDeck(PlotTarget& surface, const SelectedFigure& choice) {
   Figure figure = FigureOfDeck(choice);
-  const MessageWatch watch;
-  DrawSheet(surface, SheetOfFigure(choice), 0, figure);
-  return !watch.Told();
+  RefuseWhenTold([&] { DrawSheet(surface, SheetOfFigure(choice), 0, figure); });
 }
 
-bool WriteFigureList(const SelectedFigure& choice, const std::string& path) {
-  const std::optional<std::vector<DrawOperation>> list = RecordFigureOfDeck(choice);
-  if (list) WriteDrawingList(path, *list);
-  return list.has_value();
+void WriteFigureList(const SelectedFigure& choice, const std::string& path) {
+  WriteDrawingList(path, RecordFigureOfDeck(choice));
 }
 
-bool WriteFigureDxf(const SelectedFigure& choice, const std::string& path) {
-  const std::optional<std::vector<DrawOperation>> list = RecordFigureOfDeck(choice);
-  if (list) ReplaceTextFile(path, DxfOfList(DrawingListText(*list)), Flush::No);
-  return list.has_value();
+void WriteFigureDxf(const SelectedFigure& choice, const std::string& path) {
+  WriteDxfText(path, DxfOfList(DrawingListText(RecordFigureOfDeck(choice))));
 }
 
 }  // namespace zorlan

@@ -16,19 +16,17 @@ std::optional<int> FigureKindOf(std::string_view word);
 /// All words, with blanks between them.
 std::string FigureKindWords();
 
-/// The figure of the model in hand, ready to be drawn: its deck, the results of its result folder as far as
-/// the kind needs them, and the display options of the program's tree. Throws Fault in the user's words: a
-/// deck without nodes, no results or no design ratios, a load case that the model hasn't.
-Figure FigureOfDeck(const SelectedFigure& choice);
-
 /// One figure on a sheet of the stored printer settings, without a page number.
 FigureSheets SheetOfFigure(const SelectedFigure& choice);
 
-/// Draw the figure on a surface that is such a sheet; write it as a drawing list or as a DXF file. False when
-/// the drawing had to stop, which the user was told: what is on the surface then is no figure, and no file is
-/// written. Throw Fault.
-bool DrawFigureOfDeck(PlotTarget& surface, const SelectedFigure& choice);
-bool WriteFigureList(const SelectedFigure& choice, const std::string& path);
-bool WriteFigureDxf(const SelectedFigure& choice, const std::string& path);
+/// Draw the figure of the model in hand on a surface that is such a sheet; write it as a drawing list or as a
+/// DXF file. It is made of the deck, the results in the result folder as far as the kind needs them, and the
+/// display options of the program's tree. A viewing range in force is told: nobody sees here that a part of
+/// the model is missing. Throw Fault in the user's words, the deck named: a table at fault, no nodes, a load
+/// case that the model hasn't, no results that fit, no design ratios, a drawing that had to stop. What is on
+/// the surface then is no figure, and no file is written.
+void DrawFigureOfDeck(PlotTarget& surface, const SelectedFigure& choice);
+void WriteFigureList(const SelectedFigure& choice, const std::string& path);
+void WriteFigureDxf(const SelectedFigure& choice, const std::string& path);
 
 }  // namespace zorlan

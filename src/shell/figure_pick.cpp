@@ -7,6 +7,7 @@
 #include "base/fault.h"
 #include "base/number_format.h"
 #include "base/text_file.h"
+#include "graphics/diagram_curves.h"
 #include "model/deck.h"
 #include "model/model_state.h"
 
@@ -36,12 +37,14 @@ std::string EndText(int condition) {
 
 template <class Node>
 std::vector<PickFact> NodeFacts(const Node& node, double x, double y, bool grid) {
-  std::vector<PickFact> facts = {{"節点番号", std::to_string(node.number)},
-                                 {"座標Ｘ", FormatNumber(x, kLength)},
-                                 {"座標Ｙ", FormatNumber(y, kLength)},
-                                 {"節点状態", StateText(node.code, grid)}};
-  facts.push_back({"傾斜ローラ角度", FormatNumber(node.rollerAngle, kAngle)});
-  return facts;
+  return {{"節点番号", std::to_string(node.number)},
+          {"座標Ｘ", FormatNumber(x, kLength)},
+          {"座標Ｙ", FormatNumber(y, kLength)},
+          {"節点状態", StateText(node.code, grid)}};
+}
+
+PickFact RollerFact(double angle) {
+  return {"傾斜ローラ角度", FormatNumber(angle, kAngle)};
 }
 
 template <class Element>
@@ -59,7 +62,6 @@ void AddDisplacements(std::vector<PickFact>& facts, const Figure& figure, int in
   const std::size_t at = ResultPlace(figure, figure.model.nodes.size(), index);
   if (at >= figure.model.DisplacementTable.size()) return;
   const DisplacementRecord& moved = figure.model.DisplacementTable[at];
-  constexpr double kCmPerM = 100;
   if (figure.model.IsGrid()) {
     facts.push_back({"変位Ｚ(cm)", FormatNumber(moved.x * kCmPerM, kForce)});
     return;
@@ -69,6 +71,7 @@ void AddDisplacements(std::vector<PickFact>& facts, const Figure& figure, int in
   facts.push_back({"回転(rad)", FormatNumber(moved.rotation, kRotation)});
 }
 
+/// The numbers that the diagrams have at the ends of a member, by its ends I and J.
 void AddForces(std::vector<PickFact>& facts, const Figure& figure, int index) {
   const FigureModel& model = figure.model;
   const std::size_t at = ResultPlace(figure, model.elements.size(), index);
@@ -78,14 +81,23 @@ void AddForces(std::vector<PickFact>& facts, const Figure& figure, int index) {
     const std::string_view unit = moment ? (si ? "(kN･m)" : "(t･m)") : (si ? "(kN)" : "(t)");
     facts.push_back({caption.append(unit), FormatNumber(value * (si ? model.gravityFactor : 1), kForce)});
   };
-  const StressRecord& stress = model.StressTable[at];
-  add("軸力Ｉ", stress.axialI, false);
-  add("軸力Ｊ", stress.axialJ, false);
-  add("せん断力Ｉ", stress.shearI, false);
-  add("せん断力Ｊ", stress.shearJ, false);
-  add("ﾓｰﾒﾝﾄＩ", stress.momentI, true);
-  add("ﾓｰﾒﾝﾄ中央", stress.momentC, true);
-  add("ﾓｰﾒﾝﾄＪ", stress.momentJ, true);
+  const FigureElement& element = model.elements[static_cast<std::size_t>(index)];
+  if (element.rowI < 0 || element.rowJ < 0) return;  // no diagram has it
+  const FigureNode& i = model.nodes[static_cast<std::size_t>(element.rowI)];
+  const FigureNode& j = model.nodes[static_cast<std::size_t>(element.rowJ)];
+  const bool exchanged = StartsAtJ({i.x, i.y}, {j.x, j.y});
+  const auto of = [&](auto fromStart) {
+    return DiagramValues(fromStart, model.StressTable[at], exchanged, model.IsGrid());
+  };
+  const EndValues axial = of(AxialFromStart), shear = of(ShearFromStart);
+  const MomentValues moment = of(MomentsFromStart);
+  add("軸力Ｉ", exchanged ? axial.end : axial.start, false);
+  add("軸力Ｊ", exchanged ? axial.start : axial.end, false);
+  add("せん断力Ｉ", exchanged ? shear.end : shear.start, false);
+  add("せん断力Ｊ", exchanged ? shear.start : shear.end, false);
+  add("ﾓｰﾒﾝﾄＩ", exchanged ? moment.end : moment.start, true);
+  add("ﾓｰﾒﾝﾄ中央", moment.centre, true);
+  add("ﾓｰﾒﾝﾄＪ", exchanged ? moment.start : moment.end, true);
 }
 
 bool ShowsResults(int kind) {
@@ -106,7 +118,7 @@ std::vector<PickFact> PickFacts(const Figure& figure, const Pick& pick) {
     if (index >= model.nodes.size()) return {};
     const FigureNode& node = model.nodes[index];
     std::vector<PickFact> facts = NodeFacts(node, node.x, node.y, model.IsGrid());
-    if (node.rollerAngle == 0) facts.pop_back();
+    if (node.rollerAngle != 0) facts.push_back(RollerFact(node.rollerAngle));
     if (ShowsResults(figure.DiagramType)) AddDisplacements(facts, figure, pick.index);
     return facts;
   }
@@ -125,9 +137,13 @@ std::vector<PickFact> PickFacts(const Figure& figure, const Pick& pick) {
 }
 
 std::vector<PickFact> NodeDefinition(const ModelRec& model, int number) {
-  for (int n = 1; n <= model.NodeCount; ++n)
-    if (model.Node[n].number == number)
-      return NodeFacts(model.Node[n], model.Node[n].X, model.Node[n].Y, model.ModelCode == kPlaneGrid);
+  for (int n = 1; n <= model.NodeCount; ++n) {
+    const NodeRec& node = model.Node[n];
+    if (node.number != number) continue;
+    std::vector<PickFact> facts = NodeFacts(node, node.X, node.Y, model.ModelCode == kPlaneGrid);
+    facts.push_back(RollerFact(node.rollerAngle));
+    return facts;
+  }
   return {};
 }
 

@@ -20,7 +20,7 @@ struct PickFact {
 std::string PickHeading(const Pick& pick);
 
 /// What the figure knows of it: the entered data, and the results of the load case where the figure shows
-/// results.
+/// results. Forces have the sense of the diagrams: tension is positive at both ends.
 std::vector<PickFact> PickFacts(const Figure& figure, const Pick& pick);
 
 /// The stored data of a node or element of a model, by its number; nothing when the model hasn't it.

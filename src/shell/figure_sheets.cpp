@@ -1,6 +1,5 @@
 #include "shell/figure_sheets.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -34,10 +33,9 @@ class BlankSheet final : public PlotTarget {
 
 void PlotPageNumber(Plot& plot, int number) {
   const Surface& sheet = plot.surface;
-  const std::string text = "Page-" + std::to_string(number);
+  const std::string text = PageName(number);
   const double height = kNumberHeight * kTwipsPerMm;
-  plot.OffsetX = plot.OffsetY = 0;
-  plot.clip = {0, 0, sheet.width, sheet.height};
+  plot.Begin();
   plot.DrawLayer = layer::kTitle;
   PlotSetFont(plot, height);
   PlotText(plot, (sheet.width - TextWidth(text, height)) / 2,
@@ -50,7 +48,10 @@ void PlotSheet(Plot& plot, const FigureSheets& sheets, int page, Figure& figure)
     const auto place = static_cast<std::size_t>(page * cells + cell);
     if (place >= sheets.figures.size()) break;
     ChooseFigure(figure, sheets.figures[place]);
-    if (!sheets.fitted) figure.FigureFlags = kDataUnchanged;
+    if (sheets.shown) {
+      figure.view = *sheets.shown;
+      figure.FigureFlags = kDataUnchanged;
+    }
     DrawFrameFigure(plot, kPageControl, figure, {}, sheets.layout, cell);
   }
   if (sheets.pageNumbers) PlotPageNumber(plot, sheets.firstPage + page);

@@ -1,6 +1,7 @@
 // Figures on sheets of paper: which figure stands in which cell, and the drawing of a sheet on any surface.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "graphics/drawing_list.h"
@@ -18,7 +19,7 @@ struct FigureSheets {
   std::vector<SelectedFigure> figures;
   int layout = 0;
   Surface sheet;
-  bool fitted = true;  // each figure whole; else the part of it that its own window shows
+  std::optional<View> shown;  // each figure's window, as the screen has it; nothing: each whole
   bool pageNumbers = false;
   int firstPage = 1;
 

@@ -1,7 +1,6 @@
 #include "shell/folder_tree.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -9,6 +8,7 @@
 #include "base/fault.h"
 #include "base/text.h"
 #include "base/text_file.h"
+#include "model/model_state.h"
 #include "shell/folders.h"
 
 namespace zorlan {
@@ -68,9 +68,9 @@ bool IsForTheUser(std::string_view folder, std::string_view type) {
                      [&](std::string_view media) { return folder.starts_with(media); });
 }
 
-bool EndsWith(std::string_view name, std::string_view upperEnding) {
-  return name.size() >= upperEnding.size() &&
-         UpperCase(name.substr(name.size() - upperEnding.size())) == upperEnding;
+/// Case aside.
+bool EndsWith(std::string_view name, std::string_view ending) {
+  return UpperCase(name).ends_with(UpperCase(ending));
 }
 
 bool IsOldModel(const std::string& folder) {
@@ -78,7 +78,7 @@ bool IsOldModel(const std::string& folder) {
 }
 
 bool IsDeckName(std::string_view name) {
-  return UpperCase(name).find(".INP") != std::string::npos;
+  return UpperCase(name).find(UpperCase(kDeckEnding)) != std::string::npos;
 }
 
 /// The node of an entry; nothing if the tree doesn't show it.
@@ -87,7 +87,7 @@ std::optional<TreeNode> NodeOf(const fs::directory_entry& entry, bool inProject,
   std::error_code ignored;  // what can't be looked at isn't shown
   if (name.starts_with(".") || IsUnfinishedFile(name) || IsUnfinishedFolder(name)) return std::nullopt;
   if (entry.is_directory(ignored)) {
-    if (EndsWith(name, ".ANA")) return std::nullopt;
+    if (EndsWith(name, kResultsEnding)) return std::nullopt;
     const std::string folder = FolderText(PathText(entry.path()));
     if (leaves == Leaves::OldModels && IsOldModel(folder)) return TreeNode{NodeKind::Model, name, folder};
     return TreeNode{IsProjectName(name) ? NodeKind::Project : NodeKind::Folder, name, folder};
@@ -100,7 +100,7 @@ std::optional<TreeNode> NodeOf(const fs::directory_entry& entry, bool inProject,
 }  // namespace
 
 bool IsProjectName(std::string_view name) {
-  return EndsWith(name, ".ZOR");
+  return EndsWith(name, kProjectEnding);
 }
 
 std::vector<Drive> DrivesOf(std::string_view mounts) {

@@ -3,7 +3,6 @@
 #include <deque>
 #include <filesystem>
 #include <system_error>
-#include <vector>
 
 #include "base/fault.h"
 #include "base/text.h"
@@ -18,16 +17,6 @@ constexpr std::string_view kUnfinished = ".~new";
 
 [[noreturn]] void Fail(const std::string& path, const std::error_code& error) {
   throw FileFault(path, FileReason(error.value()));
-}
-
-/// What a folder holds. Throws FileFault if it can't be looked into.
-std::vector<fs::directory_entry> EntriesOf(const std::string& folder) {
-  std::error_code error;
-  std::vector<fs::directory_entry> entries;
-  fs::directory_iterator entry(NativePath(folder), error);
-  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) entries.push_back(*entry);
-  if (error) Fail(folder, error);
-  return entries;
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "shell/menu.h"
 
 #include <algorithm>
-#include <array>
 
 #include "model/model_rec.h"
 #include "model/model_state.h"
@@ -32,9 +31,6 @@ constexpr TableCommand kTableCommands[] = {
     {Command::Magnification, "InpALFA"},
     {Command::SameDisplacement, "InpDISP"},
 };
-
-constexpr std::string_view kWaitingWords[] = {"節点", "要素", "断面",         "荷重",
-                                              "支点", "剛域", "フレーム倍率", "同一"};
 
 bool HasTables(const MenuFacts& facts) {
   return facts.modelOpen && facts.modelCode != 0 && facts.maxLoadCase != 0;
@@ -97,11 +93,6 @@ std::string_view TableFormOf(Command command) {
   return {};
 }
 
-bool WaitsForControlData(std::string_view caption) {
-  return std::any_of(std::begin(kWaitingWords), std::end(kWaitingWords),
-                     [&](std::string_view word) { return caption.find(word) != std::string_view::npos; });
-}
-
 MenuFacts CurrentMenuFacts(bool tableFormInFront) {
   MenuFacts facts;
   facts.modelOpen = ModelIsOpen;
@@ -119,13 +110,13 @@ MenuFacts CurrentMenuFacts(bool tableFormInFront) {
 bool IsOn(const MenuRow& row, const MenuFacts& facts) {
   if (row.level == 0) return true;
   if (row.command == Command::None) return OpensSomething(row, facts);
-  return row.ready && IsMet(row.needs, facts);
+  return IsMet(row.needs, facts);
 }
 
 bool IsOn(const InputButton& button, const MenuFacts& facts) {
-  if (button.command == Command::None) return RowOf(Command::NodalLoad).ready && HasTables(facts);
+  if (button.command == Command::None) return HasTables(facts);
   // With the plane grid its button tells why there are no forced displacements.
-  if (button.command == Command::ForcedDisplacement) return RowOf(button.command).ready && facts.modelOpen;
+  if (button.command == Command::ForcedDisplacement) return facts.modelOpen;
   return IsOn(RowOf(button.command), facts);
 }
 

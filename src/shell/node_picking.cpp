@@ -1,6 +1,7 @@
 #include "shell/node_picking.h"
 
 #include "base/text_file.h"
+#include "model/model_state.h"
 
 namespace zorlan {
 namespace {
@@ -34,15 +35,15 @@ std::string StartPath(const ProjectDialog& dialog) {
   const bool old = dialog.mode == DialogMode::ConversionSource;
   std::string path = FolderText(dialog.dataPath);
   if (dialog.project.empty()) return path;
-  path += FolderText(old ? dialog.project : dialog.project + ".zor");
+  path += FolderText(old ? dialog.project : dialog.project + kProjectEnding);
   if (dialog.model.empty()) return path;
-  return path + (old ? FolderText(dialog.model) : dialog.model + ".inp");
+  return path + (old ? FolderText(dialog.model) : dialog.model + kDeckEnding);
 }
 
 std::string HeadingOf(const ProjectDialog& dialog) {
   if (dialog.mode != DialogMode::Open || dialog.project.empty()) return dialog.heading;
-  const std::string model = dialog.model.empty() ? std::string() : dialog.model + ".inp";
-  return "〔" + FolderText(dialog.project + ".zor") + model + "〕";
+  const std::string model = dialog.model.empty() ? std::string() : dialog.model + kDeckEnding;
+  return "〔" + FolderText(dialog.project + kProjectEnding) + model + "〕";
 }
 
 }  // namespace zorlan

@@ -47,8 +47,8 @@ bool Accept(const NameDialog& dialog) {
     return false;
   }
   const std::string folder = FolderText(NoSpc(dialog.folder));
-  const std::string ending = ".zor";
-  const std::string target = folder + FindName(folder, name + ending).value_or(name + ending);
+  const std::string project = name + kProjectEnding;
+  const std::string target = folder + FindName(folder, project).value_or(project);
   if (LiesIn(dialog.source, target)) {
     Tell("コピー元とコピー先が同じフォルダです！！！");
     return false;

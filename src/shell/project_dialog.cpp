@@ -29,7 +29,7 @@
 namespace zorlan {
 namespace {
 
-constexpr std::string_view kProjectEnding = ".zor", kModelEnding = ".inp", kTestEnding = ".tmp";
+constexpr const char* kTestEnding = ".tmp";
 constexpr std::string_view kNoModel = "モデル名は省略できません！！！";
 constexpr std::string_view kBadModel = "モデル名に使用できない文字が含まれています！！！";
 
@@ -74,7 +74,7 @@ bool FolderTakes(const std::string& folder, const std::string& name) {
     const std::optional<std::string> back = FindName(folder, name);
     taken = back && UpperCase(*back) == UpperCase(name);
   } catch (const FileFault&) {
-    const std::string plain = folder + ".~zorlan" + std::string(kTestEnding);
+    const std::string plain = folder + ".~zorlan" + kTestEnding;
     ReplaceBytes(plain, {}, Flush::No);
     RemoveFile(plain);
     return false;
@@ -101,7 +101,7 @@ std::optional<ModelPlace> CheckNames(ProjectDialog& dialog) {
   }
   ModelPlace place;
   place.dataPath = DataPathOf(dialog);
-  const std::string projectName = project + std::string(kProjectEnding);
+  const std::string projectName = project + kProjectEnding;
   const std::optional<std::string> known = FindName(place.dataPath, projectName);
   if (!known && !IsUsableName(project)) {
     Tell(kBadProjectName);
@@ -115,9 +115,9 @@ std::optional<ModelPlace> CheckNames(ProjectDialog& dialog) {
     MakeFolder(folder);
   }
   dialog.projectAtFault = false;
-  const std::optional<std::string> there = FindName(folder, model + std::string(kModelEnding));
-  place.model = there.value_or(model + std::string(kModelEnding));
-  if (!there && (!IsUsableName(model) || !FolderTakes(folder, model + std::string(kTestEnding)))) {
+  const std::optional<std::string> there = FindName(folder, model + kDeckEnding);
+  place.model = there.value_or(model + kDeckEnding);
+  if (!there && (!IsUsableName(model) || !FolderTakes(folder, model + kTestEnding))) {
     Tell(kBadModel);
     return std::nullopt;
   }
@@ -133,21 +133,23 @@ bool IsSame(const std::string& a, const std::string& b) {
 /// stored has none.
 void CopyStoredResults(const ModelPlace& from, const ModelPlace& to) {
   const std::string oldBase = BasePath(from), newBase = BasePath(to);
-  if (!from.model.empty() && IsSame(oldBase + ".ANA", newBase + ".ANA")) return;
+  const std::string oldResults = oldBase + kResultsEnding, newResults = newBase + kResultsEnding;
+  if (!from.model.empty() && IsSame(oldResults, newResults)) return;
   RemoveStoredResults(to);
   if (from.model.empty()) return;
-  if (FileExists(oldBase + ".out")) CopyFileOver(oldBase + ".out", newBase + ".out");
-  if (!FolderExists(oldBase + ".ANA")) return;
-  const std::string unfinished = UnfinishedFolder(newBase + ".ANA");
+  const std::string oldListing = oldBase + kListingEnding;
+  if (FileExists(oldListing)) CopyFileOver(oldListing, newBase + kListingEnding);
+  if (!FolderExists(oldResults)) return;
+  const std::string unfinished = UnfinishedFolder(newResults);
   DeleteTree(unfinished, /*removeTop=*/true);
-  CopyFilesOf(oldBase + ".ANA", unfinished);
-  FinishFolder(newBase + ".ANA");
+  CopyFilesOf(oldResults, unfinished);
+  FinishFolder(newResults);
 }
 
 /// Copied results are as new as their copy. Those of a former state of the model are made older than its deck
 /// again, by which the status tells them.
 void MakeOlderThanDeck(const ModelPlace& place) {
-  const std::filesystem::path forces = NativePath(BasePath(place) + ".ANA/FT031");
+  const std::filesystem::path forces = NativePath(FolderText(BasePath(place) + kResultsEnding) + "FT031");
   std::error_code ignored;  // without forces there is nothing to be taken for new
   const auto deck = std::filesystem::last_write_time(NativePath(place.Deck()), ignored);
   if (!ignored) std::filesystem::last_write_time(forces, deck - std::chrono::seconds(1), ignored);
@@ -225,8 +227,9 @@ bool Accept(ProjectDialog& dialog) {
     case DialogMode::Delete:
       return DeleteChosen(*place);
     case DialogMode::CopySource:
-      if (!CanReadFile(place->Deck())) TellCannotOpen();
-      return CanReadFile(place->Deck());
+      if (CanReadFile(place->Deck())) return true;
+      TellCannotOpen();
+      return false;
     case DialogMode::ConversionTarget:
       return MayOverwrite(*place);  // the conversion itself writes the deck
     default:
@@ -293,8 +296,8 @@ void AddModelLines(const ModelRec& model, std::vector<std::string>& lines) {
 }  // namespace
 
 void RemoveStoredResults(const ModelPlace& place) {
-  RemoveFile(BasePath(place) + ".out");
-  DeleteTree(BasePath(place) + ".ANA", /*removeTop=*/true);
+  RemoveFile(BasePath(place) + kListingEnding);
+  DeleteTree(BasePath(place) + kResultsEnding, /*removeTop=*/true);
 }
 
 void TellCannotOpen() {
@@ -353,7 +356,7 @@ bool ShowProjectDialog(DialogMode mode, ProjectDialog& dialog) {
 std::string ProjectBoxText(std::string_view folderName) {
   const std::string whole = WithoutSeparator(NoSpc(folderName));
   std::string_view name = whole;
-  if (IsProjectName(name)) name.remove_suffix(kProjectEnding.size());
+  if (IsProjectName(name)) name.remove_suffix(std::string_view(kProjectEnding).size());
   return std::string(NoSpc(name));
 }
 
@@ -362,7 +365,8 @@ std::string ModelBoxText(std::string_view fileName) {
   const std::string base = ModelBaseName(name);
   const std::string_view ending = name.substr(base.size());
   // A name with ".inp" inside it is another name.
-  return Narrowed(ending).size() == kModelEnding.size() ? std::string(NoSpc(base)) : std::string(name);
+  return Narrowed(ending).size() == std::string_view(kDeckEnding).size() ? std::string(NoSpc(base))
+                                                                         : std::string(name);
 }
 
 ModelInformation InformationOf(const std::string& deckPath) {
@@ -384,9 +388,9 @@ ModelInformation InformationOf(const std::string& deckPath) {
 ModelInformation InformationOf(const ProjectDialog& dialog) {
   if (dialog.mode == DialogMode::ConversionSource) return {};
   const std::string dataPath = DataPathOf(dialog);
-  const std::string project = ProjectBoxText(dialog.project) + std::string(kProjectEnding);
+  const std::string project = ProjectBoxText(dialog.project) + kProjectEnding;
   const std::string folder = dataPath + FolderText(NameIn(dataPath, project));
-  return InformationOf(folder + NameIn(folder, ModelBoxText(dialog.model) + std::string(kModelEnding)));
+  return InformationOf(folder + NameIn(folder, ModelBoxText(dialog.model) + kDeckEnding));
 }
 
 }  // namespace zorlan

@@ -1,6 +1,5 @@
 // Projects and models on the disk and the model in hand. A project is a folder `<project>.zor`, a model a
-// deck
-// `<model>.inp` in it, with stored results `<model>.ANA` and the stored listing `<model>.out`.
+// deck `<model>.inp` in it, with stored results `<model>.ANA` and the stored listing `<model>.out`.
 //
 // The commands of the File menu (NewModel and so on) speak to the user through host.h and windows.h and never
 // throw: an unexpected error is reported and ends the command.
@@ -9,7 +8,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace zorlan {
 

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "base/delimited.h"
 #include "base/fault.h"
 #include "base/number.h"
+#include "base/settings_file.h"
 #include "base/text.h"
 #include "base/text_file.h"
 #include "model/model_state.h"
@@ -17,20 +19,20 @@ PrinterRec PrinterSettings;
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
-
 /// The text of a settings file; empty if it can't be read: that counts as a missing one.
 std::string SettingsText(const std::string& path) {
-  if (!FileExists(path)) return {};
-  try {
-    return ReadTextFile(path);
-  } catch (const Fault&) {
-    return {};  // the program comes up without it
-  }
+  return ReadSettingsFile(path).value_or("");
 }
 
 std::string SettingsPath() {
   return AppPath + "Setting.Ini";
+}
+
+/// Setting.Ini holds kMaxSettings entries; rows of tables and paths are among them.
+constexpr std::size_t kLargestStore = std::size_t{4} << 20;
+
+std::string StoreText() {
+  return ReadSettingsFile(SettingsPath(), kLargestStore).value_or("");
 }
 
 struct Entry {
@@ -84,7 +86,7 @@ std::string PrinterPath() {
 
 /// The whole number of an item; 1 where there is none.
 std::int16_t NumberItem(const std::vector<std::string>& items, std::size_t place) {
-  if (place >= items.size() || items[place].find_first_of("0123456789") == std::string::npos) return 1;
+  if (place >= items.size() || !ReadFinite(items[place])) return 1;
   return ReadInt16(items[place]).value_or(1);
 }
 
@@ -103,14 +105,14 @@ constexpr std::string_view kApp = "ZOR", kPlaces = "WindowPlace";
 std::string GetPrivateSetting(std::string_view app, std::string_view section, std::string_view key,
                               std::string_view defaultValue) {
   const std::string name = EntryKey(app, section, key);
-  for (const Entry& entry : ParseSettings(SettingsText(SettingsPath())))
+  for (const Entry& entry : ParseSettings(StoreText()))
     if (entry.key == name) return entry.value;
   return std::string(defaultValue);
 }
 
 std::vector<std::string> GetPrivateSettings(std::string_view app, std::string_view section,
                                             std::span<const std::string> keys) {
-  const std::vector<Entry> entries = ParseSettings(SettingsText(SettingsPath()));
+  const std::vector<Entry> entries = ParseSettings(StoreText());
   std::vector<std::string> values;
   for (const std::string& key : keys) {
     const auto found = std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) {
@@ -130,7 +132,11 @@ void SavePrivateSetting(std::string_view app, std::string_view section, std::str
 void SavePrivateSettings(std::span<const Setting> settings) {
   // A file that is there and can't be read is not to be replaced by one with less in it.
   std::vector<Entry> entries;
-  if (FileExists(SettingsPath())) entries = ParseSettings(ReadTextFile(SettingsPath()));
+  if (FileExists(SettingsPath())) {
+    const std::optional<std::string> text = ReadSettingsFile(SettingsPath(), kLargestStore);
+    if (!text) throw FileFault(SettingsPath(), "設定ファイルとして読めないため、設定を保存できません");
+    entries = ParseSettings(*text);
+  }
   bool changed = false;
   for (const Setting& setting : settings) changed |= SetEntry(entries, setting);
   if (!changed) return;

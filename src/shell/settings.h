@@ -7,8 +7,9 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
+
+#include "output/batch_print.h"
 
 namespace zorlan {
 
@@ -51,7 +52,6 @@ void SaveVer1Path(std::string_view a, std::string_view b, std::string_view c);
 
 // PrinterInf.Ini
 
-inline constexpr std::int16_t kPortrait = 1, kLandscape = 2;
 inline constexpr std::int16_t kMonochrome = 1, kColour = 2;
 inline constexpr std::int16_t kOneSide = 1, kLongEdge = 2, kShortEdge = 3;
 inline constexpr std::int16_t kFullSize = 1, kHalfSize = 2;
@@ -62,10 +62,10 @@ struct PrinterRec {
   std::string name;
   std::string paper = "A4";
   std::int16_t orientation = kPortrait;
-  std::int16_t colourMode = 1;
-  std::int16_t duplex = 1;
-  std::int16_t reduction = 1;
-  std::int16_t pageNumbers = 1;
+  std::int16_t colourMode = kMonochrome;
+  std::int16_t duplex = kOneSide;
+  std::int16_t reduction = kFullSize;
+  std::int16_t pageNumbers = kPageNumbers;
   std::int16_t firstPage = 1;
   bool operator==(const PrinterRec&) const = default;
 };

@@ -2,11 +2,9 @@
 // a first run, the order of the main form's load, and the end.
 #pragma once
 
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "shell/documents_folder.h"
 #include "shell/settings.h"

@@ -52,6 +52,9 @@ struct ShellWindows {
   /// The figure of the model in hand with these tables as they are typed: opened if it isn't there, drawn
   /// anew if it is.
   std::function<void(const std::vector<TypedTable>& typed)> drawTyped;
+  /// Marks the node ("NODE") or member ("ELEM") of this number in the figure of the model in hand, if it is
+  /// open and shows it; else nothing is marked there.
+  std::function<void(std::string_view key, int number)> markInFigure;
   /// Nodes were picked in the figure, by their numbers: the form in front takes them, InpNODE by going to
   /// their row, InpELEM as ends of elements. False: no such form is there.
   std::function<bool(const std::vector<int>& nodes)> takeNodes;

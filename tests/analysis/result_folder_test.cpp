@@ -71,6 +71,17 @@ TEST_F(ResultFolders, CopyingWithoutStoredResultsDoesNothing) {
   EXPECT_THAT(Names(AnalysisPath), IsEmpty());
 }
 
+TEST_F(ResultFolders, AModelsFolderThatCannotBeLookedIntoIsTold) {
+  LinkToItself(DataPath + ProjectName + "model.ANA");
+  EXPECT_THAT(test::FaultOf([] { CopyResults(); }), testing::HasSubstr("model.ANA"));
+}
+
+TEST_F(ResultFolders, AWorkFolderThatCannotBeLookedIntoIsNotCleaned) {
+  LinkToItself(Root() + "loop");
+  AnalysisPath = Root() + "loop/";
+  EXPECT_THAT(test::FaultOf([] { CleanResults(0); }), testing::HasSubstr(AnalysisPath));
+}
+
 TEST_F(ResultFolders, AnInclinedRollerIsFourFourAndARotation) {
   struct Case {
     Codes code;

@@ -1,5 +1,6 @@
 #include "base/cp932.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace zorlan {
@@ -51,12 +52,35 @@ TEST(Cp932, EveryDefinedPairComesBackAsTheSameCharacter) {
     }
 }
 
+TEST(Cp932, PrintsWhatOtherSystemsWriteForItsOwnCharacters) {
+  EXPECT_EQ(Cp932ForPrint("梁〜−‖—¢£¬é한a"), Cp932FromUtf8("梁～－∥―￠￡￢??a").bytes);
+  EXPECT_EQ(Cp932FromUtf8("〜").lost, "〜");  // as data it would come back as another character
+  EXPECT_EQ(HalfWidth("〜−"), 4u);
+  EXPECT_EQ(HalfWidth("é"), 1u);
+}
+
+TEST(HalfWidth, CutsATextBetweenCharacters) {
+  EXPECT_EQ(FrontWithin("節点ab", 6), "節点ab");
+  EXPECT_EQ(FrontWithin("節点ab", 5), "節点a");
+  EXPECT_EQ(FrontWithin("節点ab", 3), "節");
+  EXPECT_EQ(FrontWithin("節", 1), "");
+  EXPECT_EQ(FrontWithin("", 9), "");
+}
+
 TEST(HalfWidth, CountsBytesOfTheCodePage) {
   EXPECT_EQ(HalfWidth("abc"), 3u);
   EXPECT_EQ(HalfWidth("節点ｱθ"), 7u);
   EXPECT_EQ(PadLeft("節", 4), "  節");
   EXPECT_EQ(PadRight("節", 4), "節  ");
   EXPECT_EQ(PadLeft("abc", 2), "abc");
+}
+
+TEST(Cp932, ATextIsBrokenIntoPiecesOfAWidth) {
+  using testing::ElementsAre;
+  EXPECT_THAT(InPiecesOf("梁ABﾊﾘ柱", 4), ElementsAre("梁AB", "ﾊﾘ柱"));
+  EXPECT_THAT(InPiecesOf("A梁梁", 4), ElementsAre("A梁", "梁"));  // no half of a character
+  EXPECT_THAT(InPiecesOf("梁梁", 1), ElementsAre("梁", "梁"));
+  EXPECT_THAT(InPiecesOf("", 4), ElementsAre(""));
 }
 
 }  // namespace

@@ -59,6 +59,14 @@ TEST_F(FilePieces, AMissingFileIsNamed) {
   }
 }
 
+TEST_F(FilePieces, ATextThatMayBeMissingIsReadWhereItCanBe) {
+  ReplaceBytes(Path("a"), "one");
+  MakeFolder(Path("folder"));
+  EXPECT_EQ(ReadTextFileIfAny(Path("a")), "one");
+  EXPECT_EQ(ReadTextFileIfAny(Path("none")), std::nullopt);
+  EXPECT_EQ(ReadTextFileIfAny(Path("folder")), std::nullopt);
+}
+
 TEST_F(FilePieces, AWriterContinuesAFile) {
   ReplaceBytes(Path("a"), "one ");
   FileWriter file(Path("a"), FileWriter::Start::Continued);
@@ -107,6 +115,35 @@ TEST_F(FilePieces, TryingAPathLeavesWhatIsThere) {
   EXPECT_FALSE(CanWriteFile(Path("none/b")));
   EXPECT_FALSE(CanWriteFile(Path("a/b")));
   EXPECT_FALSE(CanWriteFile(Path("")));
+}
+
+TEST_F(FilePieces, ClearingAFolderRemovesItsFilesAndLinksAndKeepsItsFolders) {
+  MakeFolder(Path("folder/inner"));
+  ReplaceBytes(Path("folder/inner/a"), "one");
+  ReplaceBytes(Path("folder/b"), "two");
+  std::filesystem::create_symlink(NativePath(Path("folder/none")), NativePath(Path("folder/link")));
+  RemoveFilesIn(Path("folder/"));
+  ASSERT_EQ(EntriesOf(Path("folder")).size(), 1U);
+  EXPECT_EQ(ReadBytes(Path("folder/inner/a")), "one");
+}
+
+TEST_F(FilePieces, AMissingFolderIsEmpty) {
+  EXPECT_TRUE(EntriesOf(Path("none/")).empty());
+  RemoveFilesIn(Path("none/"));
+  EXPECT_FALSE(FolderExists(Path("none")));
+}
+
+TEST_F(FilePieces, AFolderThatCannotBeLookedIntoIsNoEmptyOne) {
+  ReplaceBytes(Path("file"), "");
+  std::filesystem::create_symlink(NativePath(Path("loop")), NativePath(Path("loop")));
+  for (const char* const name : {"file", "loop/"}) {
+    try {
+      RemoveFilesIn(Path(name));
+      ADD_FAILURE() << name << " counts as cleared";
+    } catch (const FileFault& fault) {
+      EXPECT_THAT(fault.what(), testing::HasSubstr(Path(name)));
+    }
+  }
 }
 
 }  // namespace

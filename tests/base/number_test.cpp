@@ -122,6 +122,14 @@ TEST(AppendReal, AgreesWithTheGeneralConversionAtTiesAndPowersOfTen) {
   }
 }
 
+TEST(ReadFinite, AnswersTheNumberOfATextWithADigitThatIsInRange) {
+  EXPECT_EQ(ReadFinite(" -1.5E+03 t"), -1500.0);
+  EXPECT_EQ(ReadFinite("0"), 0.0);
+  EXPECT_EQ(ReadFinite("t2"), 0.0);  // a digit, no number in front
+  for (const char* const text : {"", " ", "-", ".", "e", "inf", "nan", "1e999", "-1e999"})
+    EXPECT_EQ(ReadFinite(text), std::nullopt) << text;
+}
+
 TEST(AppendPrinted, HasABlankForThePlusSignAndOneBehind) {
   std::string text;
   AppendPrinted(text, 2.5);

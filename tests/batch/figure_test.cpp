@@ -70,6 +70,40 @@ TEST_F(BatchFigure, TheModelAndLoadFiguresNeedNoResults) {
   EXPECT_EQ(Draw("load", "b.dxf").exitCode, 0);
 }
 
+// The window tells of such tables by the same words.
+TEST_F(BatchFigure, ATableAtFaultIsToldAndNothingIsWritten) {
+  const std::string nodes = "節点データに異常が有ります", members = "要素データに異常が有ります";
+  struct FaultCase {
+    const char *name, *node, *element;
+    std::string told;
+  };
+  const FaultCase kCases[] = {
+      {"a node of three cells", "1,0,0,1,1,1\n2,5,0,0,0,0\n3,5,5", "1,1,2,0,0,1", nodes},
+      {"a node of eight cells", "1,0,0,1,1,1\n2,5,0,0,0,0\n3,5,5,0,0,0,0,0", "1,1,2,0,0,1", nodes},
+      {"a member of three cells", "1,0,0,1,1,1\n2,5,0,0,0,0", "1,1,2,0,0,1\n2,1,2", members},
+      {"a member on no node", "1,0,0,1,1,1\n2,5,0,0,0,0", "1,1,2,0,0,1\n2,2,9,0,0,1", members},
+  };
+  for (const FaultCase& c : kCases) {
+    program_.Deck("誤.inp", "@CONT\n1,1,0,0\n@NODE\n" + std::string(c.node) + "\n@ELEM\n" + c.element + "\n");
+    for (const char* const file : {"a.png", "a.dxf", "a.tmp"}) {
+      const BatchResult result = program_.Run({"figure", "誤.inp", "--kind", "model", "--output", file});
+      EXPECT_EQ(result.exitCode, 1) << c.name;
+      EXPECT_THAT(result.err, StartsWith("入力ﾌｧｲﾙの読込み: " + c.told + "\n")) << c.name;
+      EXPECT_THAT(result.err, HasSubstr("誤.inp ： 図を出力できませんでした")) << c.name;
+      EXPECT_FALSE(program_.Exists(file)) << c.name;
+    }
+  }
+  EXPECT_THAT(BatchProgram::Names(program_.Temporary()), IsEmpty());
+}
+
+TEST_F(BatchFigure, LabelsInParenthesesAreShownWithoutThem) {
+  program_.Deck("括弧.inp",
+                "@CONT\n1,1,0,0\n@NODE\n(71),0,0,1,1,1\n(82),10,0,0,0,0\n@ELEM\n(93),71,82,0,0,(1)\n");
+  const BatchResult result = program_.Run({"figure", "括弧.inp", "--kind", "model", "--output", "p.tmp"});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(Lines("p.tmp"), AllOf(HasSubstr(", 71, "), HasSubstr(", 82, "), HasSubstr(", 93, ")));
+}
+
 TEST_F(BatchFigure, MissingResultsAreAFailureAndLeaveNoFile) {
   program_.Shell("rm 梁.ANA/FT031");
   for (const char* const file : {"a.pdf", "a.dxf"}) {
@@ -82,18 +116,71 @@ TEST_F(BatchFigure, MissingResultsAreAFailureAndLeaveNoFile) {
   EXPECT_FALSE(program_.Exists("s.svg"));
 }
 
-TEST_F(BatchFigure, ResultsOfAnotherModelAreNoResults) {
-  program_.Shell("head -n 2 梁.ANA/FT031 > f && mv f 梁.ANA/FT031");
-  EXPECT_THAT(Draw("axial", "a.png").err, HasSubstr("解析結果がありません"));
+TEST_F(BatchFigure, ResultsThatDontFitAreToldWithTheirFileAndTheReason) {
+  const std::string whole = program_.Bytes("梁.ANA/FT031");
+  const struct {
+    std::string bytes;
+    const char* reason;
+  } cases[] = {
+      {whole.substr(0, whole.find('\n') + 1), "ファイルが途中で終わっています"},
+      {whole + "1.0\r\n", "データの個数が正しくありません"},
+      {"x" + whole, "数値でないデータがあります"},
+  };
+  for (const auto& c : cases) {
+    program_.File("梁.ANA/FT031", c.bytes);
+    for (const char* const file : {"a.png", "a.dxf"}) {
+      const BatchResult result = Draw("axial", file);
+      EXPECT_EQ(result.exitCode, 1);
+      EXPECT_THAT(result.err,
+                  AllOf(HasSubstr("梁.inp ： 入力データに合う解析結果がありません。静解析を行ってください"),
+                        HasSubstr("梁.ANA/FT031 ： "), HasSubstr(c.reason)));
+      EXPECT_FALSE(program_.Exists(file));
+    }
+  }
+}
+
+TEST_F(BatchFigure, ADesignWithoutARatioIsAFailureAndLeavesNoFile) {
+  for (const std::string& bytes :
+       {std::string(), std::string("\x00\xFF\x81\x12", 4), std::string("abc\r\n1\r\n")})
+    for (const char* const kind : {"steel", "rc"})
+      for (const char* const file : {"s.png", "s.tmp"}) {
+        const std::string ratios = kind == std::string("steel") ? "梁.ANA/SIG_S" : "梁.ANA/SIG_RC";
+        program_.File(ratios, bytes);
+        const BatchResult result = Draw(kind, file);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_THAT(result.err, AllOf(HasSubstr("梁.inp ： 断面算定の結果がありません"), HasSubstr(ratios),
+                                      HasSubstr("判定値のある要素がありません")));
+        EXPECT_FALSE(program_.Exists(file));
+      }
+  program_.File("梁.ANA/SIG_S", "-1.0\r\n-1.0\r\n-1.0\r\n");  // no member was checked
+  EXPECT_THAT(Draw("steel", "s.png").err, HasSubstr("判定値のある要素がありません"));
 }
 
 TEST_F(BatchFigure, ALoadCaseOutOfRangeIsAFailure) {
   for (const char* const loadCase : {"0", "2", "-1"}) {
     const BatchResult result = Draw("moment", "a.svg", loadCase);
     EXPECT_EQ(result.exitCode, 1) << loadCase;
-    EXPECT_THAT(result.err, HasSubstr("荷重ケース " + std::string(loadCase) + " はありません"));
+    EXPECT_THAT(result.err, HasSubstr("梁.inp ： 荷重ケース " + std::string(loadCase) +
+                                      " はありません（荷重ケース数 1）"));
   }
   EXPECT_FALSE(program_.Exists("a.svg"));
+}
+
+TEST_F(BatchFigure, AModelWithoutLoadCasesHasAModelFigureAlone) {
+  program_.Deck("無荷重.inp", "@CONT\n1,0,0,0\n@NODE\n1,0,0,1,1,1\n2,5,0,0,0,0\n@ELEM\n1,1,2,0,0,1\n");
+  EXPECT_EQ(program_.Run({"figure", "無荷重.inp", "--kind", "model", "--output", "a.png"}).exitCode, 0);
+  for (const char* const kind : {"load", "displacement", "axial", "shear", "moment"}) {
+    const BatchResult result = program_.Run({"figure", "無荷重.inp", "--kind", kind, "--output", "b.png"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.err, HasSubstr("無荷重.inp ： 荷重ケース 1 はありません（荷重ケース数 0）"));
+    EXPECT_FALSE(program_.Exists("b.png"));
+  }
+}
+
+TEST_F(BatchFigure, ADeckWithoutNodesIsAFailure) {
+  program_.Deck("空.inp", "");
+  EXPECT_THAT(program_.Run({"figure", "空.inp", "--kind", "model", "--output", "a.png"}).err,
+              HasSubstr("空.inp ： 節点データがありません"));
 }
 
 TEST_F(BatchFigure, AFileThatCantBeWrittenIsNamed) {
@@ -110,7 +197,8 @@ TEST_F(BatchFigure, AMemberWithoutLengthIsToldAndNothingIsWritten) {
   for (const char* const file : {"a.pdf", "a.dxf", "a.tmp"}) {
     const BatchResult result = program_.Run({"figure", "短.inp", "--kind", "model", "--output", file});
     EXPECT_EQ(result.exitCode, 1) << file;
-    EXPECT_THAT(result.err, AllOf(HasSubstr("要素データエラー"), HasSubstr("要素の長さ＝０です")));
+    EXPECT_THAT(result.err, AllOf(HasSubstr("要素データエラー"), HasSubstr("要素の長さ＝０です"),
+                                  HasSubstr("短.inp ： 図を出力できませんでした")));
     EXPECT_FALSE(program_.Exists(file));
   }
 }
@@ -121,8 +209,9 @@ TEST_F(BatchFigure, BadWordsAreBadUsage) {
   EXPECT_THAT(Complaint({"梁.inp", "--output", "a.pdf"}), HasSubstr("model load displacement"));
   EXPECT_THAT(Complaint({"梁.inp", "--kind", "bending", "--output", "a.pdf"}), HasSubstr("--kind"));
   EXPECT_THAT(Complaint({"梁.inp", "梁.inp", "--kind", "model", "--output", "a.pdf"}), HasSubstr("一つだけ"));
-  EXPECT_THAT(Complaint({"梁.inp", "--kind", "model", "--case", "x", "--output", "a.pdf"}),
-              HasSubstr("引数が正しくありません"));
+  for (const char* const loadCase : {"x", "1.5", "1x", "", "99999999999"})
+    EXPECT_THAT(Complaint({"梁.inp", "--kind", "model", "--case", loadCase, "--output", "a.pdf"}),
+                HasSubstr("--case: 「" + std::string(loadCase) + "」 は整数ではありません"));
   EXPECT_THAT(Complaint({"無い.inp", "--kind", "model", "--output", "a.pdf"}),
               HasSubstr("入力データファイルがありません"));
 }
@@ -133,6 +222,33 @@ TEST_F(BatchFigure, FollowsTheSheetOfThePrinterSettings) {
       "printf '\"\"\\r\\n\"A3\"\\r\\n2\\r\\n1\\r\\n1\\r\\n1\\r\\n1\\r\\n1\\r\\n' > $tree/PrinterInf.Ini &&"
       "\"$ZORLAN\" --documents docs figure 梁.inp --kind load --output a.svg && head -n 3 a.svg");
   EXPECT_THAT(result.out, HasSubstr("width=\"420mm\" height=\"297mm\""));
+}
+
+TEST_F(BatchFigure, AModelsNameOutsideTheCodePageIsNoObstacle) {
+  program_.Shell("mv 梁.inp 梁〜−é한.inp");
+  for (const char* const file : {"a.dxf", "a.tmp", "a.svg"}) {
+    const BatchResult result = program_.Run({"figure", "梁〜−é한.inp", "--kind", "load", "--output", file});
+    EXPECT_EQ(result.exitCode, 0) << file << result.err;
+    EXPECT_THAT(result.err, IsEmpty());
+  }
+  for (const char* const file : {"a.dxf", "a.tmp"}) EXPECT_THAT(Lines(file), HasSubstr("(梁～－?")) << file;
+  EXPECT_THAT(program_.Bytes("a.svg"), HasSubstr("梁〜−é한"));
+}
+
+TEST_F(BatchFigure, AViewingRangeInForceIsTold) {
+  std::string rows;
+  for (int row = 0; row < 8; ++row) rows += "\\r\\n";  // the defaults
+  const std::string tree = "mkdir -p docs/Quellwerk/ZORLAN_V6 && printf '" + rows;
+  const std::string draw =
+      "' > docs/Quellwerk/ZORLAN_V6/MODELEST.PRM && "
+      "\"$ZORLAN\" --documents docs figure 梁.inp --kind model --output ";
+  for (const char* const file : {"a.dxf", "a.svg"}) {
+    const BatchResult limited = program_.Shell(tree + "0,1,,\\r\\n0\\r\\n" + draw + file);
+    EXPECT_EQ(limited.exitCode, 0) << limited.err;
+    EXPECT_THAT(limited.err, AllOf(HasSubstr("表示範囲"), HasSubstr("MODELEST.PRM"))) << file;
+    EXPECT_TRUE(program_.Exists(file));
+    EXPECT_THAT(program_.Shell(tree + ",,,\\r\\n0\\r\\n" + draw + file).err, IsEmpty()) << file;
+  }
 }
 
 TEST_F(BatchFigure, TextsOfAPdfAreSearched) {

@@ -7,10 +7,13 @@
 #include <vector>
 
 #include "base/number.h"
+#include "base/text.h"
 #include "base/text_file.h"
 #include "batch/batch_program.h"
+#include "graphics/list_reader.h"
 #include "model/deck.h"
 #include "model/model_state.h"
+#include "support/text_boxes.h"
 
 namespace zorlan {
 namespace {
@@ -89,6 +92,28 @@ TEST(SampleProject, EveryModelPassesTheInputCheckAndCanBeTrusted) {
     const BatchResult result = program.Run({"analyze", model + ".inp"});
     EXPECT_EQ(result.exitCode, 0) << model;
     EXPECT_THAT(result.err, Not(HasSubstr("ＺＯＲＬＡＮ For Windows:"))) << model;
+  }
+}
+
+// On a sheet of A4, loads and diagrams of every model.
+TEST(SampleProject, NoTwoTextsOfAFigureCoverEachOther) {
+  const BatchProgram program;
+  for (const std::string& model : Models()) {
+    program.File(model + ".inp", ReadBytes(kProject + model + ".inp"));
+    ASSERT_EQ(program.Run({"analyze", model + ".inp"}).exitCode, 0) << model;
+    for (const char* const kind : {"model", "load", "axial", "shear", "moment"})
+      for (const char* const loadCase : {"1", "2"}) {
+        const BatchResult result =
+            program.Run({"figure", model + ".inp", "--kind", kind, "--case", loadCase, "--output", "f.tmp"});
+        ASSERT_EQ(result.exitCode, 0) << model << result.err;
+        std::vector<DrawOperation> list;
+        const std::string text = ReadTextFile(program.Folder() + "f.tmp");
+        std::string_view rest = text;
+        while (const auto line = TakeLine(rest))
+          if (const auto operation = ReadOperation(*line)) list.push_back(*operation);
+        ASSERT_GT(list.size(), 3U);
+        EXPECT_THAT(test::CoveringTexts(list), testing::IsEmpty()) << model << " " << kind << loadCase;
+      }
   }
 }
 

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
@@ -24,6 +25,7 @@
 #include "desktop/figure_view.h"
 #include "desktop/model.h"
 #include "desktop/page_view.h"
+#include "desktop/preview_pages.h"
 #include "desktop/table_view.h"
 #include "desktop/table_window.h"
 #include "graphics/options.h"
@@ -230,6 +232,26 @@ TEST_F(FiguresTest, AMissingResultFileIsToldAndTheFrameStays) {
   EXPECT_TRUE(Shown().model.StressTable.empty());
 }
 
+TEST_F(FiguresTest, ADesignFigureInWhichNoMemberHasARatioSaysSo) {
+  Analyse();
+  const QString missing = QStringLiteral("断面算定の結果がありません");
+  const auto note = [this] { return Child<QLabel>(Window("ModelS"), "note")->text(); };
+  Choose("mnuDesignModelItem(0)");
+  EXPECT_EQ(note(), missing);
+  for (const char* const text : {"", "\x81\xFF\x02", "-1\r\n-1\r\n-1\r\n"}) {
+    ReplaceBytes(AnalysisPath + "SIG_S", text);
+    Choose("mnuDesignModelItem(0)");
+    EXPECT_EQ(note(), missing);
+  }
+  DispOption.range.yUpper = 1;  // this is told where nothing graver is
+  Window("ModelS")->FollowOptions();
+  EXPECT_EQ(note(), missing);
+  DispOption.range = {};
+  ReplaceBytes(AnalysisPath + "SIG_S", "0.5\r\n");
+  Choose("mnuDesignModelItem(0)");
+  EXPECT_EQ(note(), QString());
+}
+
 TEST_F(FiguresTest, TheDefinitionShowsTheStoredData) {
   Tool("figure-define")->trigger();
   ClickAt(PlaceOf(4));
@@ -361,6 +383,68 @@ TEST_F(FiguresTest, EachFigureHasTheOptionsThatSuitIt) {
   Choose("minViewOption(1)");
 }
 
+TEST_F(FiguresTest, HeightsThatNobodyTouchesStayAsTheyAre) {
+  Analyse();
+  DispOptionAna.HeightMoment = 0.053F;  // finer than the box shows
+  DispOptionAna.HeightShear = 250;
+  DispOptionAna.HeightNormal = 0;
+  AnalysisOptions expected = DispOptionAna;
+  Choose("mnuViewDiagramMoment");
+  Script().Expect(QStringLiteral("frmAnalysisOption"), [](QWidget& dialog) { Click(dialog, "ok"); });
+  Tool("figure-options")->trigger();
+  EXPECT_EQ(DispOptionAna, expected);
+  Script().Expect(QStringLiteral("frmAnalysisOption"), [](QWidget& dialog) {
+    EXPECT_EQ(Child<QDoubleSpinBox>(&dialog, "heightShear")->value(), 250);
+    Child<QDoubleSpinBox>(&dialog, "heightShear")->setValue(2.5);
+    Click(dialog, "ok");
+  });
+  Tool("figure-options")->trigger();
+  expected.HeightShear = 2.5F;
+  EXPECT_EQ(DispOptionAna, expected);
+}
+
+TEST_F(FiguresTest, AClassOfRatiosIsNamedByTheBoundsInForce) {
+  Analyse();
+  DispOptionDesgn.rows[4] = "1.2,,1dot,実線,&H0000FF,ON";
+  DispOptionDesgn.rows[5] = "0.8,1.2,1dot,実線,&H00FFFF,ON";
+  Choose("mnuDesignModelItem(0)");
+  Script().Expect(QStringLiteral("frmDesignOption"), [this](QWidget& dialog) {
+    const auto name = [&](const char* label) { return FromQt(Child<QLabel>(&dialog, label)->text()); };
+    EXPECT_EQ(name("row1name"), "節点番号");
+    EXPECT_EQ(name("row5name"), "検定比 1.2 以上");
+    EXPECT_EQ(name("row6name"), "検定比 0.8 以上 1.2 未満");
+    Script().ExpectBox(QStringLiteral("設定を初期化してよろしいですか？"), QStringLiteral("はい"));
+    auto* const reset = Child<QPushButton>(&dialog, "reset");
+    QTimer::singleShot(0, reset, [reset] { reset->click(); });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return name("row5name") == "検定比 1.0 以上"; }));
+    EXPECT_EQ(name("row6name"), "検定比 0.9 以上 1.0 未満");
+    Click(dialog, "cancel");
+  });
+  Window("ModelS")->Use(zorlan::Tool::Options);
+}
+
+TEST_F(FiguresTest, TheSizeOfATextIsAskedForAndItsFaceStays) {
+  DispOption.rows[0] = "節点番号,ＭＳ 明朝(10.25pt),&H000000,ON";
+  const auto set = [this](std::optional<double> size) {
+    Script().Expect(QStringLiteral("frmModelOption"), [this, size](QWidget& dialog) {
+      Script().Expect(QStringLiteral("fontSize"), [size](QWidget& question) {
+        if (size) Child<QDoubleSpinBox>(&question, "points")->setValue(*size);
+        Click(question, "ok");
+      });
+      auto* const font = Child<QPushButton>(&dialog, "row1field2");
+      QTimer::singleShot(0, font, [font] { font->click(); });
+      ASSERT_TRUE(
+          QTest::qWaitFor([&] { return Script().Done() && QApplication::activeModalWidget() == &dialog; }));
+      Click(dialog, "ok");
+    });
+    Tool("figure-options")->trigger();
+  };
+  set(std::nullopt);
+  EXPECT_EQ(DispOption.rows[0], "節点番号,ＭＳ 明朝(10.25pt),&H000000,ON");
+  set(12.5);
+  EXPECT_EQ(DispOption.rows[0], "節点番号,ＭＳ 明朝(12.5pt),&H000000,ON");
+}
+
 TEST_F(FiguresTest, TheViewingRangeHidesWhatLiesOutside) {
   Script().Expect(QStringLiteral("SetLimit1"), [](QWidget& dialog) {
     Type(Child<QLineEdit>(&dialog, "yUpper"), QStringLiteral("1"));
@@ -401,6 +485,42 @@ TEST_F(FiguresTest, ALowerLimitAboveTheUpperIsRefused) {
   });
   Tool("figure-range")->trigger();
   EXPECT_EQ(DispOption.range, ViewingRange());
+}
+
+TEST_F(FiguresTest, ALimitThatIsNoNumberIsRefusedAtItsBox) {
+  for (const char* const typed : {"-", "+", ".", "-.", "1e", "2e+", "1e999"}) {
+    Script().Expect(QStringLiteral("SetLimit1"), [this, typed](QWidget& dialog) {
+      auto* const box = Child<QLineEdit>(&dialog, "yLower");
+      Type(box, QString::fromLatin1(typed));
+      EXPECT_EQ(FromQt(box->text()), typed);
+      Script().ExpectBox(QStringLiteral("「%1」 は数値ではありません").arg(QLatin1String(typed)),
+                         QStringLiteral("OK"));
+      auto* const ok = Child<QPushButton>(&dialog, "ok");
+      QTimer::singleShot(0, ok, [ok] { ok->click(); });
+      ASSERT_TRUE(QTest::qWaitFor([this] { return Script().Done(); })) << typed;
+      EXPECT_TRUE(QTest::qWaitFor([box] { return box->selectedText() == box->text(); })) << typed;
+      EXPECT_TRUE(dialog.isVisible()) << typed;
+      EXPECT_EQ(dialog.focusWidget(), box) << typed;
+      Click(dialog, "cancel");
+    });
+    Tool("figure-range")->trigger();
+    EXPECT_EQ(DispOption.range, ViewingRange()) << typed;
+  }
+}
+
+TEST_F(FiguresTest, LimitsAreNumbersInAnyOfTheirForms) {
+  struct LimitCase {
+    const char* typed;
+    double limit;
+  };
+  for (const LimitCase& c : {LimitCase{"-.5", -0.5}, {"+3.", 3}, {"2e1", 20}, {" 7 ", 7}}) {
+    Script().Expect(QStringLiteral("SetLimit1"), [&c](QWidget& dialog) {
+      Type(Child<QLineEdit>(&dialog, "yUpper"), QString::fromLatin1(c.typed));
+      Click(dialog, "ok");
+    });
+    Tool("figure-range")->trigger();
+    EXPECT_EQ(DispOption.range.yUpper, c.limit) << c.typed;
+  }
 }
 
 /// The choice of figures for pages.
@@ -481,6 +601,26 @@ TEST_F(FigurePagesTest, ThePreviewShowsThePageToItsLowerEdge) {
   EXPECT_TRUE(HasInk(shown.copy(middle - 20, number, 40, (bottom - top) / 33), QRectF(0, 0, 1, 1)));
 }
 
+// A sheet on half as many pixels of a fine screen has the same dots.
+TEST_F(FigurePagesTest, AFineScreenShowsTheSamePage) {
+  Choose("mnuViewDiagramMoment");
+  FigurePreview pages(Shown(), {{kMomentFigure, 1}, {kLoadCheck, 1}}, 1, std::nullopt);
+  const auto painted = [&](double dotsPerPixel) {
+    QImage image(600, 850, QImage::Format_RGB32);
+    image.setDevicePixelRatio(dotsPerPixel);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(600 / dotsPerPixel / pages.Sheet().width(), 600 / dotsPerPixel / pages.Sheet().width());
+    pages.Paint(painter, 0);
+    painter.end();
+    image.setDevicePixelRatio(1);
+    return image;
+  };
+  const QImage coarse = painted(1);
+  EXPECT_TRUE(HasInk(coarse, QRectF(0, 0, 0.5, 1)));
+  EXPECT_EQ(painted(2), coarse);
+}
+
 TEST_F(FigurePagesTest, TheLastChoiceIsOfferedAgain) {
   Choice([](QWidget& dialog) {
     EXPECT_FALSE(Child<QCheckBox>(&dialog, "type5")->isChecked());
@@ -530,6 +670,26 @@ TEST_F(FigurePagesTest, AFigureIsPrintedFromItsWindow) {
   });
   Tool("figure-print")->trigger();
   EXPECT_EQ(Pages(), 1);
+}
+
+// Enlarged six times by 1.25 about its middle, the frame shows the moments over its middle column and none at
+// the feet, on paper too; all of it again once all is in sight.
+TEST_F(FigurePagesTest, APageShowsWhatTheWindowShows) {
+  Choose("mnuViewDiagramMoment");
+  for (int times = 0; times < 6; ++times) Key(Qt::Key_Plus);
+  const std::string dxf = Documents() + "図.dxf";
+  const auto printed = [&] {
+    Script().Expect(QStringLiteral("frmSelctLC"), [](QWidget& dialog) { Click(dialog, "ok"); });
+    Tool("figure-print")->trigger();
+    Script().Expect(QStringLiteral("QFileDialog"), ChooseFile(dxf));
+    Click(*OpenForm("frmPrnText"), "dxf");
+    OpenForm("frmPrnText")->CloseForm();
+    return ReadTextFile(dxf);
+  };
+  EXPECT_THAT(printed(), AllOf(HasSubstr("81.51"), testing::Not(HasSubstr("8.25"))));
+  View().ShowAll();
+  RemoveFile(dxf);
+  EXPECT_THAT(printed(), AllOf(HasSubstr("81.51"), HasSubstr("8.25")));
 }
 
 TEST_F(FigurePagesTest, TheModelFigureGoesToItsPageAtOnce) {

@@ -51,7 +51,7 @@ class KeyboardTest : public DesktopTest {
 
 }  // namespace
 
-TEST_F(KeyboardTest, AWholeSession) {
+TEST_F(KeyboardTest, AWholeSessionIsDoneByKeysAlone) {
   Script().Expect(QStringLiteral("frmProject"), [](QWidget&) {
     // The tree stands at the data folder; below it are the two projects.
     Press(Qt::Key_Down);

@@ -7,7 +7,9 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPixmap>
+#include <QPushButton>
 #include <QTableView>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include "desktop/boxes.h"
@@ -30,6 +32,10 @@ class PicturesTest : public DesktopTest {
  protected:
   /// Looks at a window, named `name` in the folder of pictures.
   static void Look(QWidget& window, const char* name) {
+    if (QApplication::activeWindow() == nullptr) {  // behind a dialog that has ended
+      window.window()->activateWindow();
+      EXPECT_TRUE(QTest::qWaitForWindowActive(window.window()));
+    }
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     EXPECT_LE(window.width(), 1280) << name;
     EXPECT_LE(window.height(), 720) << name;
@@ -65,7 +71,7 @@ class PicturesTest : public DesktopTest {
   void SetUp() override { Window().resize(1280, 720); }
 };
 
-TEST_F(PicturesTest, MainWindowReaderAndPreview) {
+TEST_F(PicturesTest, TheMainWindowReaderAndPreviewFitASmallScreen) {
   Look(Window(), "main-empty");
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Look(Window(), "main-model");
@@ -80,7 +86,7 @@ TEST_F(PicturesTest, MainWindowReaderAndPreview) {
   Look(Window(), "tiled");
 }
 
-TEST_F(PicturesTest, Figures) {
+TEST_F(PicturesTest, FiguresFitASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Look(Window(), "main-figure");
   OpenForm("frmInputMenu")->CloseForm();
@@ -109,13 +115,33 @@ TEST_F(PicturesTest, Figures) {
   Look(Window(), "figure-steel");
 }
 
-TEST_F(PicturesTest, DialogsOfTheFigures) {
+TEST_F(PicturesTest, WindowsSideBySideFitASmallScreen) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  for (const char* const entry : {"mnuDataItem(5)", "mnuDataItem(6)", "mnuDataItem(4)"}) Choose(entry);
+  Choose("mnuWindowItem(0)");
+  Look(Window(), "cascade");
+  QTest::keyClick(Child<QTableView>(OpenForm("InpNODE"), "grid"), Qt::Key_R, Qt::ControlModifier);
+  Look(Window(), "table-and-figure");
+  Window().Forms().Show(OpenForm("Model"));
+  for (int i = 0; i < 4; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  Look(Window(), "figure-tool");
+}
+
+TEST_F(PicturesTest, DialogsOfTheFiguresFitASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuAnalysisStatic(0)");
   OpenForm("frmKakuninText")->CloseForm();
   LookAtModal("frmModelOption", "options-model");
   Choose("minViewOption(0)");
-  LookAtModal("frmAnalysisOption", "options-results");
+  Script().Expect(QStringLiteral("frmAnalysisOption"), [this](QWidget& dialog) {
+    Look(dialog, "options-results");
+    LookAtModal("fontSize", "font-size");
+    auto* const font = Child<QPushButton>(&dialog, "row1field2");
+    QTimer::singleShot(0, font, [font] { font->click(); });
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return Script().Done() && QApplication::activeModalWidget() == &dialog; }));
+    Click(dialog, "cancel");
+  });
   Choose("minViewOption(1)");
   Choose("mnuDesignModelItem(0)");
   LookAtModal("frmDesignOption", "options-design");
@@ -137,9 +163,12 @@ TEST_F(PicturesTest, DialogsOfTheFigures) {
   Child<QComboBox>(OpenForm("frmPrnText"), "zoom")->setCurrentText(QStringLiteral("全体表示"));
   qobject_cast<QMdiSubWindow*>(OpenForm("frmPrnText")->parentWidget())->showMaximized();
   Look(Window(), "preview-figures");
+  RemoveFile(AnalysisPath + "FT031");
+  Choose("mnuWindowItem(0)");
+  Look(Window(), "preview-empty");
 }
 
-TEST_F(PicturesTest, DialogsOfTheFileMenu) {
+TEST_F(PicturesTest, DialogsOfTheFileMenuFitASmallScreen) {
   Script().Expect(QStringLiteral("frmProject"), [](QWidget& dialog) {
     auto* const tree = Child<QTreeWidget>(&dialog, "tree");
     for (const QTreeWidgetItem* const item :
@@ -168,7 +197,7 @@ TEST_F(PicturesTest, DialogsOfTheFileMenu) {
   TheWindows().nameDialog(name);
 }
 
-TEST_F(PicturesTest, OneRowForms) {
+TEST_F(PicturesTest, OneRowFormsFitASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuDataItem(0)");
   auto* const title = Child<QLineEdit>(OpenForm("InpTITL"), "title");
@@ -192,7 +221,7 @@ TEST_F(PicturesTest, OneRowForms) {
   TheWindows().addNum("Add");
 }
 
-TEST_F(PicturesTest, InputHelp) {
+TEST_F(PicturesTest, InputHelpFitsASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuDataItem(3)");
   Choose("mnuRemark");
@@ -203,7 +232,7 @@ TEST_F(PicturesTest, InputHelp) {
   }
 }
 
-TEST_F(PicturesTest, SectionTables) {
+TEST_F(PicturesTest, SectionTablesFitASmallScreen) {
   for (const auto& [entry, picture] :
        {std::pair("H_Table", "table-h"), std::pair("YAMA_TABLE", "table-yama")}) {
     Choose(entry);
@@ -223,7 +252,7 @@ TEST_F(PicturesTest, SectionTables) {
   Look(Window(), "table-print");
 }
 
-TEST_F(PicturesTest, SectionChoice) {
+TEST_F(PicturesTest, SectionChoiceFitsASmallScreen) {
   LookAtModal("frmKozaiSentaku", "chooser");
   ChooseSteelSection("BOX", "BOX-400x200x9", &Window());
   const std::pair<std::vector<std::string>, const char*> kRows[] = {
@@ -238,7 +267,7 @@ TEST_F(PicturesTest, SectionChoice) {
   }
 }
 
-TEST_F(PicturesTest, OtherDialogs) {
+TEST_F(PicturesTest, OtherDialogsFitASmallScreen) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuAnalysisStatic(0)");
   LookAtModal("frmCsvFile", "csv");
@@ -257,7 +286,7 @@ TEST_F(PicturesTest, OtherDialogs) {
   Choose("mnuFileItem(10)");
 }
 
-TEST_F(PicturesTest, TableForms) {
+TEST_F(PicturesTest, TableFormsFitASmallScreen) {
   const std::pair<const char*, const char*> forms[] = {
       {"mnuDataItem(4)", "InpNODE"},  {"mnuDataItem(5)", "InpELEM"},  {"mnuDataItem(6)", "InpSECT"},
       {"mnuLoad(0)", "InpPLOD"},      {"mnuLoad(1)", "InpELOD"},      {"mnuLoad(2)", "InpCLOD"},

@@ -2,16 +2,19 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <optional>
+#include <set>
+
 #include "base/cp932.h"
+#include "base/text.h"
+#include "base/text_file.h"
 
 namespace zorlan {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::StartsWith;
 
 FormSetting Frame(bool si = false) {
@@ -33,46 +36,57 @@ TEST(InputHelp, AFormWithoutAPageLeavesTheBoxEmpty) {
   }
 }
 
-TEST(InputHelp, EveryFormWithAPageHasItsTitle) {
-  const std::pair<const char*, const char*> kTitles[] = {
-      {"InpUNIT", "入力説明 -単位-"},        {"InpNODE", "入力説明 -節点-"},
-      {"InpELEM", "入力説明 -要素-"},        {"InpSECT", "入力説明 -断面-"},
-      {"InpPLOD", "入力説明 -節点荷重-"},    {"InpELOD", "入力説明 -要素荷重-"},
-      {"InpCLOD", "入力説明 -ＣＭＱ荷重-"},  {"InpTLOD", "入力説明 -温度荷重-"},
-      {"InpRIGD", "入力説明 -剛域-"},        {"InpSPRG", "入力説明 -支点ばね-"},
-      {"InpSPEC", "入力説明 -強制変位-"},    {"InpDISP", "入力説明 -同一変形-"},
-      {"InpALFA", "入力説明 -フレーム倍率-"}};
-  for (const auto& [form, title] : kTitles) {
-    EXPECT_EQ(InputHelpOf(form, Frame()).caption, title);
-    EXPECT_GE(InputHelpOf(form, GridSetting()).lines.size(), 2U) << form;
+/// A page of help_pages.txt: "[[FORM WORD]]", title, lines. The word says for which models: "frame", "grid",
+/// "t", "SI"; without one the page is for all.
+struct ExpectedPage {
+  std::string form, word, title;
+  std::vector<std::string> lines;
+  bool Counts(const FormSetting& setting) const {
+    const bool grid = setting.modelCode == kPlaneGrid;
+    if (word == "frame" || word == "grid") return grid == (word == "grid");
+    return word.empty() || setting.si == (word == "SI");
   }
+};
+
+std::vector<ExpectedPage> ExpectedPages() {
+  const std::string text = ReadBytes(ZORLAN_SOURCE_DIR "/tests/forms/help_pages.txt");
+  std::vector<ExpectedPage> pages;
+  std::string_view rest = text;
+  while (const std::optional<std::string_view> line = TakeLine(rest)) {
+    if (line->starts_with("[[")) {
+      const std::string_view heading = line->substr(2, line->size() - 4);
+      const std::size_t blank = std::min(heading.find(' '), heading.size());
+      pages.push_back(
+          {std::string(heading.substr(0, blank)), std::string(NoSpc(heading.substr(blank))), "", {}});
+    } else if (pages.back().title.empty()) {
+      pages.back().title = *line;
+    } else {
+      pages.back().lines.emplace_back(*line);
+    }
+  }
+  return pages;
 }
 
-TEST(InputHelp, TheUnitsPageSaysWhatAnOmittedFactorMeans) {
-  EXPECT_THAT(InputHelpOf("InpUNIT", Frame()).lines,
-              ElementsAre("[単位]", "ＳＩ単位変換係数を省力下場合 : 9.80665"));
-}
-
-TEST(InputHelp, AGridHasItsOwnPageOfNodes) {
-  const std::vector<std::string> frame = InputHelpOf("InpNODE", Frame()).lines;
-  EXPECT_EQ(frame.size(), 15U);
-  EXPECT_THAT(frame, Contains("Ｕ：水平方向　Ｖ：鉛直方向　θ：回転"));
-  EXPECT_EQ(frame.back(), "    傾斜ﾛｰﾗ支持は、一般平面骨組み解析のときのみ有効です");
-  EXPECT_THAT(
-      InputHelpOf("InpNODE", GridSetting()).lines,
-      ElementsAre("[節点]", "節点数 1000以下      最大節点番号 5000以下", "Ｘ／Ｙ座標の単位は　ｍ　です。",
-                  "Ｗ：Ｚ軸方向　θx：Ｘ軸回り　θy：Ｙ軸回り", "境界条件　自　　由：０",
-                  "　　　　　拘　　束：１", "　　　　　バネ支持：２", "（入力例）",
-                  "    W=1,θx=1,θy=1 ---- 固定支持", "    W=1,θx=1,θy=0 ---- Ｙ軸回りの回転有り",
-                  "    W=2,θx=1,θy=1 ---- Ｚ軸方向のみバネ支持"));
-}
-
-TEST(InputHelp, TheSectionsPageFollowsTheInputUnits) {
-  EXPECT_THAT(InputHelpOf("InpSECT", Frame()).lines,
-              Contains("　　鋼材　　　　　      Ｅ＝2100(t/cm2)  Ｇ＝810(t/cm2)"));
-  const std::vector<std::string> si = InputHelpOf("InpSECT", Frame(true)).lines;
-  EXPECT_EQ(si.back(), "　　あかまつ（Ⅲ類）   Ｅ＝  8000(N/mm2)  Ｇ＝  533(N/mm2)");
-  for (const std::string& line : si) EXPECT_THAT(line, Not(HasSubstr("(t/cm2)")));
+TEST(InputHelp, ThirteenFormsHaveTheirPageLineByLineInEveryKindOfModel) {
+  const std::vector<ExpectedPage> pages = ExpectedPages();
+  std::set<std::string> forms;
+  for (const ExpectedPage& page : pages) forms.insert(page.form);
+  ASSERT_EQ(forms.size(), 13U);
+  for (const int modelCode : {kPlaneFrame, kSameDisplacementFrame, kPlaneGrid})
+    for (const bool si : {false, true}) {
+      FormSetting setting;
+      setting.modelCode = modelCode;
+      setting.si = si;
+      std::size_t counted = 0;
+      for (const ExpectedPage& page : pages) {
+        if (!page.Counts(setting)) continue;
+        ++counted;
+        const InputHelp help = InputHelpOf(page.form, setting);
+        EXPECT_EQ(help.caption, page.title) << page.form;
+        EXPECT_EQ(help.lines, page.lines) << page.form << " " << page.word << modelCode;
+      }
+      EXPECT_EQ(counted, forms.size());
+    }
 }
 
 TEST(InputHelp, TheThirteenTypesStandUnderTheColumnsOfTheirHead) {
@@ -90,17 +104,6 @@ TEST(InputHelp, TheThirteenTypesStandUnderTheColumnsOfTheirHead) {
   };
   EXPECT_EQ(widthBefore(lines[4], "B(mm)"), widthBefore(lines[1], "P2"));
   EXPECT_EQ(widthBefore(lines[10], "形状係数"), widthBefore(lines[1], "P3"));
-}
-
-TEST(InputHelp, TheElementLoadsPageGivesTheUnitOfPByType) {
-  EXPECT_THAT(
-      InputHelpOf("InpELOD", Frame()).lines,
-      ElementsAre("[要素荷重]", "  P : 荷重の＋－は、指定する座標系に合わせる", "      TYPE    Ｐの単位",
-                  "      ０      (t/m)", "      １～９  (t)", "      １０    (t/m2)", "      １４    (t/m)",
-                  "      １５    (t/m)", "      １６    (t/m2)", "      １７    (t/m2)",
-                  "      １８    (t/m2)", " LY : 荷重タイプにより異なります。（マニュアル参照）",
-                  " K  : 荷重の倍率", " MG : 部材座標系 = 0   , 絶対座標系（鉛直 = 1　,水平 = 2）"));
-  EXPECT_THAT(InputHelpOf("InpELOD", Frame(true)).lines, Contains("      １～９  (kN)"));
 }
 
 TEST(InputHelp, TheWidthIsThatOfTheWidestLineOrOfTheFiller) {

@@ -180,6 +180,12 @@ TEST_F(SmallFormsTest, AnotherNumberOfCasesDropsTheResultFilesAndNothingElse) {
   EXPECT_FALSE(DropResultsOfOtherCases());
 }
 
+TEST_F(SmallFormsTest, ResultsOfOtherCasesThatCannotBeLookedForAreTold) {
+  LinkToItself(Root() + "loop");
+  AnalysisPath = Root() + "loop/";
+  EXPECT_THAT(test::FaultOf([] { DropResultsOfOtherCases(); }), testing::HasSubstr(AnalysisPath));
+}
+
 TEST_F(SmallFormsTest, FewerCasesCutTheElementLoadsAtTheFirstRowBeyondThem) {
   WriteTable("ELOD", "1,1,2,0,0,1,0\n2,1,2,0,0,1,0\n3,1,2,0,0,1,0\n1,9,9,0,0,1,0\n");
   WriteTable("PLOD", "3,1,1,0,0\n");

@@ -66,6 +66,14 @@ class DiagramTest : public testing::Test {
     for (const Point p : {i, j}) figure_.place.push_back(p);
   }
 
+  void RemoveMembers() {
+    figure_.model.nodes.clear();
+    figure_.model.elements.clear();
+    figure_.model.StressTable.clear();
+    figure_.shown.clear();
+    figure_.place.clear();
+  }
+
   using Routine = void (*)(Plot&, const Figure&, LabelField&);
   std::vector<DrawOperation> Draw(Routine routine, std::string_view drawLayer = layer::kMoment) {
     Plot plot(target_);
@@ -292,6 +300,28 @@ TEST_F(DiagramTest, AMemberWithoutForceHasItsLinesAndValuesToo) {
   EXPECT_EQ(Draw(DrawNormalShearData).size(), 10U);
 }
 
+// The other case sets the scale, but what isn't there has no ordinates and no "0.00" all over the frame.
+TEST_F(DiagramTest, ACaseOfZerosBesideALoadedOneDrawsNothing) {
+  FigureOptions& o = figure_.options;
+  o.axialValue.visible = o.shearValue.visible = o.momentValue.visible = true;
+  AddMember({1, 5}, {5, 5}, {});
+  figure_.model.maxLoadCase = 2;
+  figure_.model.StressTable.push_back({.axialI = -5, .momentI = 4, .axialJ = 5, .shearI = 3, .shearJ = -3});
+  for (const bool overAllCases : {true, false}) {
+    o.ScaleOverAllCases = overAllCases;
+    for (const Routine routine : {DrawMomentData, DrawNormalData, DrawNormalShearData}) {
+      figure_.loadCase = 1;
+      EXPECT_TRUE(Draw(routine).empty());
+      figure_.loadCase = 2;
+      EXPECT_FALSE(Draw(routine).empty());
+    }
+  }
+  figure_.loadCase = 1;
+  target_.tints.clear();
+  Draw(DrawMomentData);
+  EXPECT_TRUE(target_.tints.empty());
+}
+
 TEST_F(DiagramTest, WhatRoundingLeavesHasNoOrdinates) {
   AddMember({1, 5}, {5, 5}, {.momentI = 4e-13, .momentC = 2e-13, .momentJ = -4e-13});
   EXPECT_TRUE(Draw(DrawMomentData).empty());
@@ -456,6 +486,87 @@ TEST_F(DiagramTest, OrdinatesOfAGridAreAsHighAsTheOptionSaysInTheView) {
   EXPECT_NEAR(list[0].x2, list[0].x, 1e-9);
 }
 
+// A grid beam of 6 m on a support at its left end, sagging under its load: M(J) = 14.744 at the crossing. Its
+// local vertical is Z from either end, so entered from the right M(I) is -M(J) of before, and M(C) stays.
+TEST_F(DiagramTest, AGridMemberSagsDownwardFromWhicheverEndItIsEntered) {
+  figure_.model.modelCode = kPlaneGrid;
+  figure_.oblique = true;
+  figure_.projection = Projection(0, 0, 0, 0, 0);
+  figure_.options.momentValue.visible = figure_.options.shearValue.visible = true;
+  struct Entry {
+    const char* name;
+    Point i, j;
+    StressRecord record;
+  };
+  constexpr StressRecord kForward = {
+      .momentI = 0, .momentC = 16.372, .momentJ = 14.744, .shearI = 8.457, .shearJ = 3.543};
+  constexpr StressRecord kBackward = {
+      .momentI = -14.744, .momentC = 16.372, .momentJ = 0, .shearI = 3.543, .shearJ = 8.457};
+  for (const Entry& c : {Entry{"left to right", {0, 5}, {6, 5}, kForward},
+                         {"right to left", {6, 5}, {0, 5}, kBackward},
+                         {"bottom to top in the plan", {3, 0}, {3, 6}, kForward},
+                         {"top to bottom in the plan", {3, 6}, {3, 0}, kBackward}}) {
+    RemoveMembers();
+    AddMember(c.i, c.j, c.record);
+    const std::vector<DrawOperation> moment = Draw(DrawMomentData);
+    ASSERT_EQ(moment.size(), 25U) << c.name;
+    EXPECT_NEAR(moment[0].y2, 10000, 1e-3) << c.name;   // start
+    EXPECT_NEAR(moment[10].y2, 11440, 1e-3) << c.name;  // the greatest hangs 1440 down
+    EXPECT_NEAR(moment[20].y2, 10000 + 1440 * 14.744 / 16.372, 1e-3) << c.name;  // end
+    EXPECT_EQ(moment[22].text, "0.00") << c.name;
+    EXPECT_EQ(moment[23].text, "14.74") << c.name;
+    EXPECT_EQ(moment[24].text, "16.37") << c.name;
+    const std::vector<DrawOperation> shear = Draw(DrawNormalShearData);
+    ASSERT_EQ(shear.size(), 5U) << c.name;
+    EXPECT_NEAR(shear[0].y2, 10000 - 1440, 1e-3) << c.name;
+    EXPECT_NEAR(shear[1].y2, 10000 + 1440 * 3.543 / 8.457, 1e-3) << c.name;
+    EXPECT_EQ(shear[3].text, "8.46") << c.name;
+    EXPECT_EQ(shear[4].text, "-3.54") << c.name;
+    EXPECT_TRUE(Draw(DrawNormalData).empty()) << c.name;  // a grid has no axial force
+  }
+}
+
+// The same member from its other end: a frame's y axis turns with it, a grid's local vertical doesn't.
+StressRecord FromTheOtherEnd(const StressRecord& r, bool grid) {
+  if (grid)
+    return {.momentI = -r.momentJ,
+            .momentC = r.momentC,
+            .momentJ = -r.momentI,
+            .shearI = r.shearJ,
+            .shearJ = r.shearI};
+  return {.axialI = -r.axialJ,
+          .momentI = r.momentJ,
+          .momentC = -r.momentC,
+          .momentJ = r.momentI,
+          .axialJ = -r.axialI,
+          .shearI = -r.shearJ,
+          .shearJ = -r.shearI};
+}
+
+TEST_F(DiagramTest, DiagramsAreTheSameFromEitherEndOfAMember) {
+  FigureOptions& o = figure_.options;
+  o.axialValue.visible = o.shearValue.visible = o.momentValue.visible = true;
+  figure_.projection = Projection(0, 0, 0, 30, 30);
+  constexpr StressRecord kLoaded = {
+      .axialI = -5, .momentI = 3.5, .momentC = 2.25, .momentJ = -1.5, .axialJ = 4, .shearI = 6, .shearJ = 2};
+  const Point kEnds[][2] = {{{1, 5}, {5, 5}}, {{2, 1}, {2, 5}}, {{0, 0}, {3, 4}}, {{0, 4}, {3, 0}}};
+  for (const bool grid : {false, true}) {
+    figure_.model.modelCode = grid ? kPlaneGrid : kPlaneFrame;
+    figure_.oblique = grid;
+    for (const auto& [start, end] : kEnds)
+      for (const Routine routine : {DrawMomentData, DrawNormalData, DrawNormalShearData}) {
+        const auto drawn = [&](Point i, Point j, const StressRecord& record) {
+          RemoveMembers();
+          AddMember(i, j, record);
+          return Draw(routine);
+        };
+        StressRecord record = kLoaded;
+        if (grid) record.axialI = record.axialJ = 0;
+        ExpectList(drawn(end, start, FromTheOtherEnd(record, grid)), drawn(start, end, record));
+      }
+  }
+}
+
 TEST_F(DiagramTest, GridMovesByItsVerticalDisplacementAlone) {
   figure_.model.modelCode = kPlaneGrid;
   figure_.oblique = true;
@@ -488,8 +599,8 @@ TEST_F(RatioFigureTest, MembersHaveThePenAndTheNumberOfTheirRatio) {
   ExpectList({list[0], list[1], list[2]}, {LineOf({6000, 10000}, {10000, 10000}, 11, layer::kModel),
                                            LineOf({6000, 8000}, {10000, 8000}, 14, layer::kModel),
                                            LineOf({6000, 6000}, {10000, 6000}, 16, layer::kModel)});
-  EXPECT_EQ(list[3].text, "1.25");
-  EXPECT_EQ(list[4].text, "0.40");
+  EXPECT_EQ(list[3].text, "1.250");
+  EXPECT_EQ(list[4].text, "0.400");
 }
 
 TEST_F(RatioFigureTest, ClassThatIsOffIsNotDrawn) {

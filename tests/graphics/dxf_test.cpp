@@ -303,6 +303,17 @@ TEST(Dxf, TextKeepsItsOwnWordsOnOneLine) {
   EXPECT_THAT(EntityOf("TEXT, A_TXT, 0, 0, a\tb\x1a, 40, 20, 0", "TEXT"), HasSubstr("|1 a b |"));
 }
 
+TEST(Dxf, TextThatReadersCannotHoldEndsBetweenItsCharacters) {
+  std::string title = "梁";
+  for (int i = 0; i < 299; ++i) title += "上";  // 600 bytes of the code page; the 128th would be cut in two
+  std::string held;
+  for (int i = 0; i < 127; ++i) held += i == 0 ? "梁" : "上";
+  const std::string entity = EntityOf("TEXT, A_TXT, 0, 0, " + title + ", 4000, 20, 0", "TEXT");
+  EXPECT_THAT(entity, HasSubstr("|1 " + held + "|50 0"));
+  EXPECT_THAT(EntityOf("TEXT, A_TXT, 0, 0, " + std::string(255, 'a') + ", 9, 9, 0", "TEXT"),
+              HasSubstr("|1 " + std::string(255, 'a') + "|"));
+}
+
 class WriteDxfTest : public testing::Test {
  protected:
   std::string ListFile() const { return folder_.Path() + "Page-1.tmp"; }
@@ -314,6 +325,11 @@ TEST_F(WriteDxfTest, TextsAreInCodePage932) {
   ReplaceTextFile(ListFile(), "TEXT, MODEL_TXT, 50, 300, 節点表示, 40, 20, 0\r\n");
   ASSERT_TRUE(WriteDXF(ListFile(), DxfPath()));
   EXPECT_THAT(ReadBytes(DxfPath()), HasSubstr("1\r\n" + Cp932FromUtf8("節点表示").bytes + "\r\n50\r\n"));
+}
+
+TEST_F(WriteDxfTest, WhatTheCodePageLacksIsPrintedAsItCanBe) {
+  WriteDxfText(DxfPath(), DxfOfList("TEXT, A_TXT, 0, 0, 梁〜é한, 40, 20, 0\r\n"));
+  EXPECT_THAT(ReadTextFile(DxfPath()), HasSubstr("\r\n梁～??\r\n"));
 }
 
 TEST_F(WriteDxfTest, MissingListFailsWithItsReason) {

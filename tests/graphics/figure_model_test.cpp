@@ -120,6 +120,8 @@ TEST_F(FigureModelTest, TablesAtFaultAreToldAndTheirOtherRowsShown) {
       {"a node of few cells", "1,0,0,1,1,1\n2,3,0,0,0,0\n3,5\n", "1,1,2,0,0,1\n", true, false},
       {"a node number out of range", "1,0,0,1,1,1\n2,3,0,0,0,0\n99999,5,0,0,0,0\n", "1,1,2,0,0,1\n", true,
        false},
+      {"a node of more cells than there are columns", "1,0,0,1,1,1\n2,3,0,0,0,0\n3,5,0,0,0,0,0,0\n",
+       "1,1,2,0,0,1\n", true, false},
       {"a coordinate out of range", "1,0,0,1,1,1\n2,3,0,0,0,0\n3,1e999,0,0,0,0\n", "1,1,2,0,0,1\n", true,
        false},
       {"a member of few cells", "1,0,0,1,1,1\n2,3,0,0,0,0\n", "1,1,2,0,0,1\n2,1,2\n", false, true},
@@ -129,15 +131,36 @@ TEST_F(FigureModelTest, TablesAtFaultAreToldAndTheirOtherRowsShown) {
   for (const FaultCase& c : kCases) {
     WriteTable("NODE", c.node);
     WriteTable("ELEM", c.elem);
-    Messages messages;
-    const FigureModel model = ReadFigureTables();
     std::vector<std::string> expected;
     if (c.nodeFault) expected.emplace_back("入力ﾌｧｲﾙの読込み: 節点データに異常が有ります");
     if (c.elemFault) expected.emplace_back("入力ﾌｧｲﾙの読込み: 要素データに異常が有ります");
-    EXPECT_EQ(messages.texts, expected) << c.name;
-    EXPECT_THAT(model.nodes, SizeIs(2)) << c.name;
-    EXPECT_EQ(model.elements[0].rowJ, 1) << c.name;
+    const std::string deck = "@NODE\n" + std::string(c.node) + "@ELEM\n" + c.elem;
+    for (const bool fromDeck : {false, true}) {
+      Messages messages;
+      const FigureModel model = fromDeck ? ReadFigureDeck(deck) : ReadFigureTables();
+      EXPECT_EQ(messages.texts, expected) << c.name;
+      EXPECT_THAT(model.nodes, SizeIs(2)) << c.name;
+      EXPECT_EQ(model.elements[0].rowJ, 1) << c.name;
+    }
   }
+}
+
+TEST_F(FigureModelTest, ADeckIsReadLikeTheTablesOfTheWorkFolder) {
+  Messages messages;
+  const FigureModel model = ReadFigureDeck(
+      "@TITL %タイトル\r\n門型, 試験 % 注\r\n@CONT\r\n3,2,0,0\r\n@UNIT\r\n0,1,9.8,0\r\n"
+      "@NODE\r\n1,0,0,1,1,1\r\n(2),6,0,0,0,0\r\n@ELEM\r\n5,1,(2),0,1,7\r\n@PLOD\r\n1,2,5\r\n");
+  EXPECT_THAT(messages.texts, IsEmpty());
+  EXPECT_EQ(model.title, "門型, 試験");
+  EXPECT_TRUE(model.IsGrid());
+  EXPECT_EQ(model.maxLoadCase, 2);
+  EXPECT_EQ(model.outUnit, 1);
+  EXPECT_EQ(model.gravityFactor, 9.8);
+  ASSERT_THAT(model.nodes, SizeIs(2));
+  EXPECT_EQ(model.nodes[1].number, 2);
+  ASSERT_THAT(model.elements, SizeIs(1));
+  EXPECT_EQ(model.elements[0].rowJ, 1);
+  EXPECT_THAT(model.nodalLoadNode, ElementsAre(1));
 }
 
 TEST_F(FigureModelTest, TheFigureReadsItsTablesUnlessItsDataAreUnchanged) {

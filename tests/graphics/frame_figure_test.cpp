@@ -140,10 +140,31 @@ TEST(FrameFigure, ALongTitleIsMadeSmallerToFitItsCell) {
   ModelBuilder b = Beam();
   b.model.Title = std::string(72, 'A');
   const std::vector<std::string> lines =
-      LayerLines(FigureOf(b.model), kModelFigure, layer::kTitle, Recorder(5000, 5000));
+      LayerLines(FigureOf(b.model), kModelFigure, layer::kTitle, Recorder(6725, 5000));
   ASSERT_THAT(lines, SizeIs(1));
-  // 87 half-width characters (title, heading and brackets) on 4800 twips.
-  EXPECT_THAT(lines[0], HasSubstr(", 4800, 110.3448"));
+  // 87 half-width characters (title, heading and brackets) on 6525 twips.
+  EXPECT_THAT(lines[0], HasSubstr(", 6525, 150, 0"));
+}
+
+// At 140 twips, the smallest that prints well, 4800 twips hold 68 half-width characters.
+TEST(FrameFigure, ATitleTooLongForItsCellTakesMoreLines) {
+  ModelBuilder b = Beam();
+  b.model.Title = std::string(72, 'A');
+  EXPECT_THAT(LayerLines(FigureOf(b.model), kLoadCheck, layer::kTitle, Recorder(5000, 5000)),
+              ElementsAre("TEXT, TITLE_TXT, 100, 100, タイトル：" + std::string(58, 'A') + ", 4760, 140, 0",
+                          "TEXT, TITLE_TXT, 100, 282, " + std::string(14, 'A') + "   (), 1330, 140, 0",
+                          "TEXT, TITLE_TXT, 100, 464, 荷重ﾁｪｯｸ図  荷重ｹｰｽ=1, 1470, 140, 0",
+                          "TEXT, TITLE_TXT, 4340, 464, (単位:t), 560, 140, 0"));
+}
+
+TEST(FrameFigure, ATitleBeyondAllMeasureEndsInDots) {
+  ModelBuilder b = Beam();
+  b.model.Title = "";
+  for (int k = 0; k < 300; ++k) b.model.Title += "題";
+  const std::vector<std::string> lines =
+      LayerLines(FigureOf(b.model), kModelFigure, layer::kTitle, Recorder(5000, 5000));
+  ASSERT_THAT(lines, SizeIs(4));
+  EXPECT_THAT(lines[3], HasSubstr("題題…, 4760, 140, 0"));
 }
 
 TEST(FrameFigure, AModelOutsideTheRangeDrawsOnlyItsTitle) {
@@ -319,6 +340,35 @@ TEST(FrameFigure, APartOfAFigureOnAPageKeepsToItsCell) {
   plot.RecordDrawing = true;
   DrawFrameFigure(plot, "", figure, kModelFigure, 1, 1);
   EXPECT_EQ(ListLines(plot)[1], "LINE, MODEL, 7250, 5000, 13000, 5000, 255");
+}
+
+// The arrows of a fitted figure in a low cell and a sway of 40 cm reach far beyond the model.
+TEST(FrameFigure, OfSeveralFiguresOnAPageNoneReachesIntoItsNeighbour) {
+  ModelBuilder b = Beam();
+  b.Element(2, b.Node(10, 5));
+  b.NodalLoad(3, 1, -2, 3);
+  Figure figure = FigureOf(b.model);
+  figure.model.DisplacementTable = {{}, {.x = 1, .y = 0}, {.x = 1, .y = -1}};
+  figure.options.HeightDisplacement = 40;
+  for (const int kind : {kLoadCheck, kDisplacementFigure})
+    for (int layout = 1; layout < kLayouts; ++layout)
+      for (int cell = 0; cell < CellCount(layout); ++cell) {
+        Recorder page = PageRecorder();
+        Plot plot(page);
+        plot.RecordDrawing = true;
+        DrawFrameFigure(plot, "", figure, kind, layout, cell);
+        const Cell place = CellOf(layout, cell, 13000, 10000);
+        const Rectangle room = {place.x - 0.01, place.y - 0.01, place.x + place.width + 0.01,
+                                place.y + place.height + 0.01};
+        for (const DrawOperation& o : plot.drawingList) {
+          if (o.kind != DrawOperation::Kind::Line) continue;
+          EXPECT_TRUE(room.Meets({o.x, o.y, o.x, o.y}) && room.Meets({o.x2, o.y2, o.x2, o.y2}))
+              << layout << " " << cell << " " << OperationLine(o);
+        }
+        EXPECT_EQ(page.lines.size() - static_cast<std::size_t>(std::ranges::count_if(
+                                          page.lines, [](const auto& l) { return l.starts_with("shade"); })),
+                  plot.drawingList.size());
+      }
 }
 
 TEST(FrameFigure, TheTitleOfALowCellIsSmall) {

@@ -285,6 +285,90 @@ TEST(Loads, AnArrowThatAMemberWouldHideStandsToItsSide) {
   EXPECT_EQ(arrows[1].tip.y, 5000);
 }
 
+// A column stands on the node: a load from above would lie on it. Beams to the left alone leave the right
+// side, beams on both sides or none leave the left one.
+TEST(Loads, AnArrowBesideItsMemberStandsOnTheSideWithoutMembers) {
+  struct AsideCase {
+    const char* name;
+    std::vector<Point> beamsTo;
+    double aside;
+  };
+  const AsideCase kCases[] = {{"none", {}, -200},
+                              {"beam to the left", {{-10, 0}}, 200},
+                              {"beam to the right", {{10, 0}}, -200},
+                              {"beams to both sides", {{-10, 0}, {10, 0}}, -200}};
+  for (const AsideCase& c : kCases) {
+    ModelBuilder b;
+    b.Node(0, 0);
+    b.Node(0, 8);
+    b.Element(1, 2);
+    for (const Point p : c.beamsTo) {
+      b.Node(p.x, p.y);
+      b.Element(1, b.model.NodeCount);
+    }
+    b.NodalLoad(1, 0, -3, 0);
+    Figure figure = FigureOf(b.model);
+    const std::vector<Arrow> arrows = ArrowsOf(figure);
+    ASSERT_THAT(arrows, SizeIs(1)) << c.name;
+    Recorder surface;
+    Plot plot(surface);
+    PrepareFigure(plot, "", figure, kLoadCheck, 0, 0);
+    EXPECT_NEAR(arrows[0].tip.x - figure.view.ToFigure({0, 0}).x, c.aside, 1e-9) << c.name;
+  }
+}
+
+// A uniform load is 500 high above a gap of 200: the nodal one begins there, 25 off as from a node. One that
+// pushes upward finds nothing below the beam, and so does one where the load ends before the node.
+TEST(Loads, ANodalArrowStandsOnTheElementLoadsOfItsNode) {
+  for (const bool reaches : {true, false}) {
+    ModelBuilder b = Beam();
+    b.ElementLoad(1, -2, reaches ? 0 : 1, 4);
+    b.NodalLoad(2, 0, -3, 0);
+    b.NodalLoad(2, 0, 1, 0);
+    const std::vector<Arrow> arrows = ArrowsOf(FigureOf(b.model));
+    ASSERT_GE(arrows.size(), 3);
+    EXPECT_EQ(arrows[arrows.size() - 2].tip.y, reaches ? 4275 : 4975);
+    EXPECT_EQ(arrows.back().tip.y, 5025);
+  }
+}
+
+// On paper as in the drawing list: the shaft is four pieces, the head two whole lines, a turn one whole
+// round.
+TEST(Loads, ABrokenStyleLeavesTheHeadsWhole) {
+  ModelBuilder b = Beam();
+  b.NodalLoad(1, 2, 0, 0);
+  b.NodalLoad(2, 0, 0, 3);
+  Figure figure = FigureOf(b.model);
+  figure.options.nodalLoad.style = LineStyle::Dotted;
+  Recorder page = test::PageRecorder();
+  Plot plot(page);
+  plot.RecordDrawing = true;
+  DrawFrameFigure(plot, "", figure, kLoadCheck);
+  for (const Pen& pen : page.pens) EXPECT_EQ(pen.style, LineStyle::Solid);
+  std::erase_if(plot.drawingList, [](const DrawOperation& o) {
+    return o.layer != layer::kLoad || o.kind != DrawOperation::Kind::Line;
+  });
+  EXPECT_EQ(plot.drawingList.size(), 4U + 2U + 18U + 2U);
+  figure.options.nodalLoad.style = LineStyle::Dashed;
+  Recorder screen;
+  Plot seen(screen);
+  DrawFrameFigure(seen, "", figure, kLoadCheck);
+  EXPECT_EQ(std::ranges::count_if(screen.pens, [](const Pen& pen) { return pen.style == LineStyle::Dashed; }),
+            1);
+}
+
+// At the right end of a beam the left side is the beam's, with its loads: the arrow stands to the right of a
+// column.
+TEST(Loads, AnArrowAtACornerStandsWhereNoMemberIs) {
+  ModelBuilder b = Beam();
+  b.Element(2, b.Node(10, 4));
+  b.NodalLoad(2, 0, -3, 0);
+  const Figure figure = FigureOf(b.model);
+  const std::vector<Arrow> arrows = ArrowsOf(figure);
+  ASSERT_THAT(arrows, SizeIs(1));
+  EXPECT_GT(arrows[0].tip.x, 11500);
+}
+
 // A turn of 200 twips about the node: from the lower right over the top to the lower left, or back.
 TEST(Loads, NodalMomentsTurnAsTheirSign) {
   const double reach = 200 * std::sqrt(0.5);
@@ -353,6 +437,81 @@ TEST(Loads, GridMemberLoadsLieAcrossTheMemberInThePlan) {
   ASSERT_THAT(met, SizeIs(1));
   EXPECT_NEAR(met[0].y, 2, 1e-9);
   EXPECT_EQ(met[0].way, 'L');
+}
+
+// A grid's loads are along Z whichever way its member runs: upward is to the left of the way from the left
+// end, or from the lower one in the plan. The distance Ly counts from end I all the same.
+TEST(Loads, GridMemberLoadsPushToOneSideFromEitherEnd) {
+  struct WayCase {
+    const char* name;
+    Point i, j;
+    double P;
+    Met expected;
+  };
+  constexpr WayCase kCases[] = {
+      {"left to right, up", {0, 0}, {10, 0}, 1, {2, 0, 'U'}},
+      {"right to left, up", {10, 0}, {0, 0}, 1, {8, 0, 'U'}},
+      {"left to right, down", {0, 0}, {10, 0}, -1, {2, 0, 'D'}},
+      {"right to left, down", {10, 0}, {0, 0}, -1, {8, 0, 'D'}},
+      {"bottom to top, up", {0, 0}, {0, 10}, 1, {0, 2, 'L'}},
+      {"top to bottom, up", {0, 10}, {0, 0}, 1, {0, 8, 'L'}},
+  };
+  for (const WayCase& c : kCases) {
+    ModelBuilder b(kPlaneGrid);
+    b.Node(c.i.x, c.i.y);
+    b.Node(c.j.x, c.j.y);
+    b.Element(1, 2);
+    b.ElementLoad(1, c.P, 1, 2);
+    const std::vector<Met> met = MetByArrows(b.model);
+    ASSERT_EQ(met.size(), 1) << c.name;
+    EXPECT_NEAR(met[0].x, c.expected.x, 1e-9) << c.name;
+    EXPECT_NEAR(met[0].y, c.expected.y, 1e-9) << c.name;
+    EXPECT_EQ(met[0].way, c.expected.way) << c.name;
+  }
+}
+
+// One grid member loaded from either end. A triangle that rises from I is one that falls towards it from J.
+// Seen from its other end a moment turns the other way, so its typed sign changes; a force along Z keeps its.
+TEST(Loads, AGridsLoadFigureIsTheSameFromEitherEndOfAMember) {
+  const auto figureOf = [](bool vertical, bool backward) {
+    ModelBuilder b(kPlaneGrid);
+    const double x = vertical ? 0 : 10, y = vertical ? 10 : 0;
+    b.Node(backward ? x : 0, backward ? y : 0);
+    b.Node(backward ? 0 : x, backward ? 0 : y);
+    b.Element(1, 2);
+    b.ElementLoad(1, -2, backward ? 17 : 16, 1);
+    const double Ci = 3, Cj = -4, Qi = 2, Qj = 1;
+    if (backward)
+      b.CmqLoad(1, -Cj, 5, -Ci, Qj, Qi, 0);
+    else
+      b.CmqLoad(1, Ci, 5, Cj, Qi, Qj, 0);
+    b.TemperatureLoad(1, 10, 30, 20, 0.000012, 20);
+    std::vector<DrawOperation> list;
+    Recorder surface;
+    Plot plot(surface);
+    plot.RecordDrawing = true;
+    Figure figure = FigureOf(b.model);
+    DrawFrameFigure(plot, "", figure, kLoadCheck);
+    return plot.drawingList;
+  };
+  // What is drawn, in tenths of a twip and without regard to its order; lines from their lesser end.
+  const auto drawn = [](const std::vector<DrawOperation>& list) {
+    std::vector<std::string> lines;
+    for (DrawOperation o : list) {
+      if (o.layer != layer::kLoad) continue;  // the texts show other signs
+      if (std::pair(o.x, o.y) > std::pair(o.x2, o.y2)) std::swap(o.x, o.x2), std::swap(o.y, o.y2);
+      std::string line;
+      for (const double v : {o.x, o.y, o.x2, o.y2}) line += std::to_string(std::lround(10 * v)) + " ";
+      lines.push_back(line);
+    }
+    std::ranges::sort(lines);
+    return lines;
+  };
+  for (const bool vertical : {false, true}) {
+    const std::vector<std::string> forward = drawn(figureOf(vertical, false));
+    EXPECT_GT(forward.size(), 60);
+    EXPECT_EQ(drawn(figureOf(vertical, true)), forward) << (vertical ? "vertical" : "level");
+  }
 }
 
 TEST(Loads, CmqLoadsAreTurnsAndForcesAtTheEnds) {

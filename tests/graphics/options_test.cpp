@@ -129,9 +129,48 @@ TEST(ModelOptions, WhatIsCutOffOrForeignIsTheDefault) {
     const ModelOptions read = ParseModelOptions(text.substr(0, length));
     for (std::size_t row = 0; row < read.rows.size(); ++row)
       EXPECT_THAT(read.rows[row], testing::AnyOf(changed.rows[row], kModelRows[row].text)) << length;
+    // Up to the quote behind the mode's digit nothing is hidden.
+    EXPECT_EQ(read.range, length + 3 < text.size() ? ViewingRange() : changed.range) << length;
   }
   EXPECT_EQ(ParseModelOptions(std::string(1000, '\0')), DefaultModelOptions());
   EXPECT_EQ(ParseModelOptions("\"a\",\"b\"\r\n\xff\xfe\r\n"), DefaultModelOptions());
+}
+
+/// The default rows with two lines behind them.
+std::string WithRange(const char* limits, const char* mode) {
+  std::string text = ModelOptionsText(DefaultModelOptions());
+  text.resize(text.find("\",,,\""));
+  return text + limits + "\r\n" + mode + "\r\n";
+}
+
+TEST(ModelOptions, ARangeIsTakenWhole) {
+  ViewingRange range{.xLower = -150, .yUpper = 0.5};
+  EXPECT_EQ(ParseModelOptions(WithRange("\"-1.5E+02,,,0.5\"", "\"0\"")).range, range);
+  range.mode = RangeMode::OneEnd;
+  EXPECT_EQ(ParseModelOptions(WithRange(" -150 , , ,0.5", "1")).range, range);
+  EXPECT_EQ(ParseModelOptions(WithRange("2,2,2,2", "0")).range, (ViewingRange{2, 2, 2, 2}));
+}
+
+TEST(ModelOptions, WhatIsNoRangeHidesNothing) {
+  for (const char* const limits :
+       {"\"1,2,3\"", "\"1,2,3,4,\"", "\"1,2,3,4m\"", "\"x1,2,3,4\"", "\"1\"", "\"\"", "\"nan,,,\"",
+        "\"1e999,,,\"", "\"2,1,,\"", "\",,0.2,0.1\"", "\"断面番号,ＭＳ ゴシック(8pt),,ON,1\"",
+        "\"節点番号,ＭＳ ゴシック(8pt),&H000000,ON\""})
+    EXPECT_EQ(ParseModelOptions(WithRange(limits, "\"0\"")).range, ViewingRange()) << limits;
+  for (const char* const mode : {"\"2\"", "\"\"", "\"x\"", "\"10\"", "\"1,2,3,4\""})
+    EXPECT_EQ(ParseModelOptions(WithRange("\"1,2,3,4\"", mode)).range, ViewingRange()) << mode;
+}
+
+TEST(ModelOptions, ALineTooFewOrTooManyHidesNothing) {
+  const std::string text = WithRange("\"1,2,3,4\"", "\"1\"");
+  for (std::size_t at = 0; at < text.size(); at = text.find('\n', at) + 1) {
+    const std::size_t behind = text.find('\n', at) + 1;
+    const std::string line = text.substr(at, behind - at);
+    EXPECT_EQ(ParseModelOptions(text.substr(0, at) + text.substr(behind)).range, ViewingRange()) << line;
+    if (line != "\"1\"\r\n") {
+      EXPECT_EQ(ParseModelOptions(text.substr(0, behind) + text.substr(at)).range, ViewingRange()) << line;
+    }
+  }
 }
 
 TEST(DesignOptions, FileBeginsWithItsVersion) {
@@ -333,6 +372,38 @@ TEST_F(OptionFiles, OlderFileWithNothingOfOursLeavesTheNewerOnesValues) {
   LoadAnalysisOptions();
   EXPECT_EQ(DispOptionAna, ChangedAnalysisOptions());
   EXPECT_FALSE(FileExists(Path("LOADEST.PRM")));
+}
+
+TEST_F(OptionFiles, SavedValuesAreNotTakenBackByAnOlderFileThatStayed) {
+  // The older file couldn't be turned into the newer one when the program came up.
+  ReplaceTextFile(Path("LOADEST.PRM"), OlderText(DefaultAnalysisOptions(), 17));
+  DispOptionAna = ChangedAnalysisOptions();
+  SaveAnalysisOptions();
+  SetDefaultAnalysisOptions();
+  LoadAnalysisOptions();
+  EXPECT_EQ(DispOptionAna, ChangedAnalysisOptions());
+}
+
+TEST_F(OptionFiles, AnOlderFileThatCannotBeRemovedIsNoFault) {
+  MakeFolder(Path("LOADEST.PRM"));
+  DispOptionAna = ChangedAnalysisOptions();
+  SaveAnalysisOptions();
+  SetDefaultAnalysisOptions();
+  LoadAnalysisOptions();
+  EXPECT_EQ(DispOptionAna, ChangedAnalysisOptions());
+}
+
+TEST_F(OptionFiles, FilesTooLargeToBeOursAreLeftAlone) {
+  std::string text = ModelOptionsText(DefaultModelOptions());
+  text.replace(text.find(",ON"), 3, ",OFF");
+  ReplaceTextFile(Path("MODELEST.PRM"), text);
+  LoadModelOptions();
+  EXPECT_EQ(OptionField(DispOption.rows[0], 4), "OFF");
+  for (const char* const file : {"MODELEST.PRM", "DESGNEST.PRM", "LOADEST.PRM", "LOADEST1.PRM"})
+    ReplaceTextFile(Path(file), text + std::string(100'000, '\n'));
+  LoadAll();
+  ExpectDefaults();
+  EXPECT_EQ(FileCount(), 4U);
 }
 
 TEST_F(OptionFiles, FoldersInTheFilesPlacesHarmNothing) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <vector>
 
 #include "figures.h"
 
@@ -79,8 +80,42 @@ TEST(Picking, WhatIsNotShownIsNotPicked) {
   EXPECT_TRUE(PickNode(figure, {1500, 1500}));
 }
 
+TEST(Picking, StepsLeadAroundWhatIsShown) {
+  Figure figure = Portal();
+  const auto steps = [&](Pick::What what, int step, int count) {
+    std::vector<int> numbers;
+    std::optional<Pick> at;
+    for (int i = 0; i < count; ++i) {
+      at = NextPick(figure, at, what, step);
+      numbers.push_back(at ? at->number : 0);
+    }
+    return numbers;
+  };
+  EXPECT_EQ(steps(Pick::What::Node, 1, 5), (std::vector{1, 2, 3, 4, 1}));
+  EXPECT_EQ(steps(Pick::What::Node, -1, 5), (std::vector{4, 3, 2, 1, 4}));
+  EXPECT_EQ(steps(Pick::What::Element, 1, 4), (std::vector{1, 77, 3, 1}));
+  EXPECT_EQ(NextPick(figure, Pick{Pick::What::Element, 1, 77}, Pick::What::Node, 1)->number, 1);
+  figure.range.yLower = 5;  // the feet are out of the range
+  Recorder surface(13000, 13000);
+  Plot plot(surface);
+  figure.FigureFlags = kDataUnchanged;
+  PrepareFigure(plot, "", figure, kModelFigure, 0, 0);
+  EXPECT_EQ(steps(Pick::What::Node, 1, 3), (std::vector{2, 3, 2}));
+  EXPECT_EQ(steps(Pick::What::Element, -1, 2), (std::vector{77, 77}));
+}
+
+TEST(Picking, ANumberIsPickedWhereItIsShown) {
+  const Figure figure = Portal();
+  EXPECT_EQ(PickNumber(figure, Pick::What::Element, 77)->index, 1);
+  EXPECT_EQ(PickNumber(figure, Pick::What::Node, 4)->index, 3);
+  EXPECT_FALSE(PickNumber(figure, Pick::What::Node, 77));
+  EXPECT_FALSE(PickNumber(figure, Pick::What::Node, 0));
+}
+
 TEST(Picking, AFigureThatWasNeverDrawnHasNothingToPick) {
   const Figure figure;
+  EXPECT_FALSE(NextPick(figure, std::nullopt, Pick::What::Node, 1));
+  EXPECT_FALSE(PickNumber(figure, Pick::What::Element, 1));
   EXPECT_FALSE(PickAt(figure, {0, 0}));
   EXPECT_FALSE(PickAt(Portal(), {std::numeric_limits<double>::quiet_NaN(), 0}));
 }

@@ -2,8 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 #include "recorder.h"
 
@@ -15,6 +17,8 @@ using test::PageRecorder;
 using test::Recorder;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
 
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinite = std::numeric_limits<double>::infinity();
@@ -187,6 +191,59 @@ TEST(Plot, AShadeReachesTheSurfaceAlone) {
   PlotShade(plot, polygon, 255);
   EXPECT_THAT(surface.lines, ElementsAre("shade 3 255"));
   EXPECT_THAT(plot.drawingList, IsEmpty());
+}
+
+// The cell is the right half of the surface. What can't be cut is drawn where its middle lies.
+TEST(Plot, NothingReachesFromACellIntoItsNeighbour) {
+  Recorder surface(1000, 1000);
+  Plot plot(surface);
+  plot.RecordDrawing = true;
+  plot.BeginCell(500, 0, 500, 1000);
+  PlotSetFont(plot, 100);
+  PlotLine(plot, 400, 200, 600, 200, 0);
+  PlotLine(plot, 100, 200, 400, 200, 0);  // the neighbour's
+  PlotCircle(plot, 510, 300, 20, 0);
+  PlotCircle(plot, 490, 300, 20, 0);  // the neighbour's
+  PlotText(plot, 460, 400, "12", 0);
+  PlotText(plot, 440, 400, "34", 0);                      // its middle lies at 490
+  PlotTextRotated(plot, 510, 500, "56", 90, 0, kCentre);  // standing, 460 to 560
+  PlotTextRotated(plot, 490, 500, "78", 90, 0, kCentre);  // the neighbour's
+  EXPECT_THAT(
+      ListLines(plot),
+      ElementsAre("LINE, MODEL, 500, 200, 600, 200, 0", "CIRCLE, MODEL, 510, 300, 20, 0",
+                  "TEXT, MODEL_TXT, 460, 400, 12, 100, 100, 0", StartsWith("TEXTR, MODEL_TXT, 460, ")));
+  EXPECT_EQ(surface.lines.size(), 4);
+  plot.Begin();
+  PlotLine(plot, 0, 200, 1000, 200, 0);
+  EXPECT_EQ(ListLines(plot).back(), "LINE, MODEL, 0, 200, 1000, 200, 0");
+}
+
+/// Keeps the corners of the tints.
+class TintRecorder : public Recorder {
+ public:
+  using Recorder::Recorder;
+  void Shade(std::span<const Point> polygon, Rgb) override { corners.assign(polygon.begin(), polygon.end()); }
+  std::vector<Point> corners;
+};
+
+TEST(Plot, AShadeIsCutLikeTheLinesAroundIt) {
+  TintRecorder surface(1000, 1000);
+  Plot plot(surface);
+  plot.BeginCell(500, 0, 500, 1000);
+  const Point triangle[] = {{400, 100}, {600, 100}, {600, 300}};  // crosses x = 500 at 100 and at 200
+  PlotShade(plot, triangle, 255);
+  ASSERT_THAT(surface.corners, SizeIs(4));
+  const std::vector<Point> expected = {{500, 100}, {600, 100}, {600, 300}, {500, 200}};
+  for (const Point& corner : surface.corners) EXPECT_GE(corner.x, 500);
+  for (const Point& e : expected)
+    EXPECT_TRUE(std::ranges::any_of(surface.corners,
+                                    [&](Point p) { return std::hypot(p.x - e.x, p.y - e.y) < 1e-6; }))
+        << e.x << ", " << e.y;
+  surface.corners.clear();
+  const Point far[] = {{500, 0}, {1e12, 0}, {1e12, 1e12}, {500, 1e12}};  // covers the cell
+  PlotShade(plot, far, 255);
+  ASSERT_THAT(surface.corners, SizeIs(4));
+  for (const Point& corner : surface.corners) EXPECT_LE(std::max(corner.x, corner.y), 1000);
 }
 
 TEST(DrawingList, ATextNeverEndsALineAndKeepsItsCommas) {

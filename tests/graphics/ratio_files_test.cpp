@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "base/fault.h"
 #include "base/text_file.h"
 #include "graphics/frame_figure.h"
 #include "temporary_folder.h"
@@ -45,6 +46,42 @@ TEST(FigureRatios, AreReadByTheKindOfTheFigure) {
   EXPECT_THAT(model.ratios, ElementsAre(0.7));
   EXPECT_FALSE(LoadFigureRatios(model, kMomentFigure, folder.Path()));
   EXPECT_TRUE(model.ratios.empty());
+}
+
+// Painted all the same, members without a ratio would look as if all were well.
+TEST(FigureRatios, AFileInWhichNoMemberHasARatioIsNone) {
+  const TemporaryFolder folder;
+  FigureModel model;
+  model.elements.resize(2);
+  const std::string noText, binary("\x00\xFF\x81", 3), words = "x\r\n0.5\r\n",
+                                                       unchecked = "-1\r\n-1\r\n-1\r\n";
+  for (const std::string& text : {noText, binary, words, unchecked}) {
+    model.ratios = {1, 1};
+    ReplaceBytes(folder.Path() + "SIG_S", text);
+    EXPECT_FALSE(LoadFigureRatios(model, kSteelRatioFigure, folder.Path())) << text;
+    EXPECT_TRUE(model.ratios.empty()) << text;
+  }
+  for (const std::string& text : {noText, binary, words}) {
+    ReplaceBytes(folder.Path() + "SIG_RC", text);
+    EXPECT_FALSE(LoadFigureRatios(model, kRcRatioFigure, folder.Path())) << text;
+  }
+  ReplaceTextFile(folder.Path() + "SIG_S", "-1\r\n-1\r\n-1\r\n0\r\n");
+  EXPECT_TRUE(LoadFigureRatios(model, kSteelRatioFigure, folder.Path()));
+  ReplaceTextFile(folder.Path() + "SIG_RC", "0\r\n");  // no hoops needed is a result
+  EXPECT_TRUE(LoadFigureRatios(model, kRcRatioFigure, folder.Path()));
+}
+
+TEST(FigureRatios, AFaultNamesTheFileAndTheReason) {
+  const TemporaryFolder folder;
+  FigureModel model;
+  model.elements.resize(1);
+  ReplaceTextFile(folder.Path() + "SIG_S", "");
+  try {
+    ReadFigureRatios(model, kSteelRatioFigure, folder.Path());
+    FAIL() << "no fault";
+  } catch (const Fault& fault) {
+    EXPECT_EQ(fault.what(), folder.Path() + "SIG_S ： 判定値のある要素がありません");
+  }
 }
 
 TEST(FigureRatios, MissingFileLeavesNone) {

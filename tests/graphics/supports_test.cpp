@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <set>
 
 #include "recorder.h"
@@ -112,6 +113,18 @@ TEST(Supports, TheRoomOfASymbolHoldsWhatIsDrawn) {
             << code << " at " << x << ", " << y;
       }
     }
+}
+
+// Turned by 90 degrees the whole symbol lies to the right of its node: numbers may stand to the left.
+TEST(Supports, TheRoomOfAnInclinedSymbolIsOnItsOwnSide) {
+  for (const auto& [angle, left, top, right, bottom] :
+       {std::array{0.0, 4820.0, 5000.0, 5180.0, 5300.0}, std::array{90.0, 5000.0, 4820.0, 5300.0, 5180.0}}) {
+    const Rectangle room = SupportBoxes({5000, 5000}, "441", 200, angle, SupportSide::Left)[0];
+    EXPECT_NEAR(room.left, left, 1e-9) << angle;
+    EXPECT_NEAR(room.top, top, 1e-9) << angle;
+    EXPECT_NEAR(room.right, right, 1e-9) << angle;
+    EXPECT_NEAR(room.bottom, bottom, 1e-9) << angle;
+  }
 }
 
 TEST(Supports, ADigitTwoAddsTheSpringOfItsDirection) {

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 #include "base/fault.h"
 #include "base/text_file.h"
 #include "graphics/frame_figure.h"
@@ -67,11 +70,25 @@ TEST(FigureSelection, WhatCannotBeMeantIsLeftOut) {
 
 TEST(FigureSelection, CutOffAnywhereItStillReads) {
   const std::string text = SelectionText(Batch(4, {1, 2, 3}, {4, 5}));
+  const std::array cases = {std::vector{1, 2, 3}, std::vector<int>(), std::vector<int>(), std::vector<int>(),
+                            std::vector{4, 5}};
+  std::size_t seen = 0;  // cases read, of all types
   for (std::size_t length = 0; length <= text.size(); ++length) {
     const FigureSelection read = ParseSelection(text.substr(0, length));
     EXPECT_TRUE(read.batch) << length;
-    EXPECT_LE(read.types[0].cases.size(), 3U) << length;
+    EXPECT_EQ(read.layout, length < 8 ? 0 : 4) << length;  // "-1", its line end and "4
+    std::size_t count = 0;
+    for (std::size_t k = 0; k < cases.size(); ++k) {
+      const std::vector<int>& some = read.types[k].cases;
+      ASSERT_LE(some.size(), cases[k].size()) << length;
+      EXPECT_TRUE(std::equal(some.begin(), some.end(), cases[k].begin())) << length;  // the first of them
+      EXPECT_TRUE(some.empty() || read.types[k].checked) << length;
+      count += some.size();
+    }
+    EXPECT_TRUE(count == seen || count == seen + 1) << length;  // none is lost again
+    seen = count;
   }
+  EXPECT_EQ(seen, 5U);
 }
 
 TEST(FigureSelection, CasesThatTheModelLacksAreLeftOut) {
@@ -127,32 +144,48 @@ TEST_F(SelectionFiles, BatchIsHandedOverAndKept) {
   const FigureSelection selection = Batch(2, {1}, {1, 2});
   HandOverSelection(selection);
   EXPECT_EQ(HandedSelection(), selection);
-  EXPECT_EQ(KeptBatch(), selection);
+  EXPECT_EQ(KeptBatch(1), selection);
   EXPECT_EQ(ReadBytes(Handed()), ReadBytes(Kept()));
   RemoveSelection();
   EXPECT_FALSE(FileExists(Handed()));
   EXPECT_EQ(HandedSelection(), std::nullopt);
-  EXPECT_EQ(KeptBatch(), selection);
+  EXPECT_EQ(KeptBatch(1), selection);
 }
 
 TEST_F(SelectionFiles, SingleFigureLeavesTheKeptBatch) {
   HandOverSelection(Batch(2, {1}, {}));
   HandOverSelection(Single(kMomentFigure, {1}));
   EXPECT_EQ(HandedSelection(), Single(kMomentFigure, {1}));
-  EXPECT_EQ(KeptBatch(), Batch(2, {1}, {}));
+  EXPECT_EQ(KeptBatch(1), Batch(2, {1}, {}));
 }
 
 TEST_F(SelectionFiles, WithoutTheKeptFileAllTypesAreOff) {
-  EXPECT_EQ(KeptBatch(), FigureSelection());
+  EXPECT_EQ(KeptBatch(1), FigureSelection());
   ReplaceTextFile(Kept(), SelectionText(Single(kMomentFigure, {1})));
-  EXPECT_EQ(KeptBatch(), FigureSelection());
+  EXPECT_EQ(KeptBatch(1), FigureSelection());
+}
+
+TEST_F(SelectionFiles, WithoutTheKeptFileTheSheetIsThatOfThePrinter) {
+  EXPECT_EQ(KeptBatch(2).orientation, 2);
+  ReplaceTextFile(Kept(), SelectionText(Single(kMomentFigure, {1})));
+  EXPECT_EQ(KeptBatch(2).orientation, 2);
+  ReplaceTextFile(Kept(), "\"-1\"\r\n\"3\"\r\n");  // cut off before the orientation
+  EXPECT_EQ(KeptBatch(2).orientation, 2);
+  EXPECT_EQ(KeptBatch(2).layout, 3);
+  HandOverSelection(Batch(2, {1}, {}));
+  EXPECT_EQ(KeptBatch(2).orientation, 1);
+}
+
+TEST_F(SelectionFiles, AFileTooLargeToBeOursIsPassedOver) {
+  ReplaceTextFile(Kept(), SelectionText(Batch(2, {1}, {})) + std::string(100'000, ' '));
+  EXPECT_EQ(KeptBatch(1), FigureSelection());
 }
 
 TEST_F(SelectionFiles, FoldersInTheirPlacesAreToldOrPassedOver) {
   MakeFolder(Handed());
   MakeFolder(Kept());
   EXPECT_EQ(HandedSelection(), std::nullopt);
-  EXPECT_EQ(KeptBatch(), FigureSelection());
+  EXPECT_EQ(KeptBatch(1), FigureSelection());
   EXPECT_THROW(HandOverSelection(Batch(0, {1}, {})), FileFault);
   RemoveSelection();
 }

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 #include <QImage>
 #include <QPainter>
 #include <vector>
 
+#include "base/fault.h"
 #include "render/figure_painter.h"
 
 namespace zorlan {
@@ -27,13 +29,12 @@ Surface SmallScreen() {
 QImage Painted(const FigurePicture& picture, const PictureStyle& style, int side = 100) {
   QImage image(side, side, QImage::Format_RGB32);
   image.fill(Qt::white);
-  QPainter painter(&image);
-  PaintPicture(painter, picture, style);
+  PaintPicture(image, picture, style);
   return image;
 }
 
 /// The smallest rectangle around what isn't white.
-QRect Ink(const QImage& image) {
+QRect Inked(const QImage& image) {
   QRect ink;
   for (int y = 0; y < image.height(); ++y)
     for (int x = 0; x < image.width(); ++x)
@@ -65,7 +66,7 @@ TEST(FigurePainter, ALineOfOneDotIsOneDotThickWhereverItLies) {
   for (const double y : {300.0, 304.0, 310.0}) {
     FigurePicture picture(SmallScreen());
     picture.Line({150, y}, {900, y}, {});
-    const QRect ink = Ink(Painted(picture, ScreenStyle(1)));
+    const QRect ink = Inked(Painted(picture, ScreenStyle(1)));
     EXPECT_EQ(ink.height(), 1) << y;
     EXPECT_EQ(ink.top(), 20) << y;  // 300 twips of 15 to the pixel
   }
@@ -74,7 +75,7 @@ TEST(FigurePainter, ALineOfOneDotIsOneDotThickWhereverItLies) {
 TEST(FigurePainter, AScreenOfTwiceTheDotsShowsTwiceTheSize) {
   FigurePicture picture(SmallScreen());
   picture.Line({150, 300}, {750, 300}, {});
-  const QRect ink = Ink(Painted(picture, ScreenStyle(2)));
+  const QRect ink = Inked(Painted(picture, ScreenStyle(2)));
   EXPECT_EQ(ink.height(), 2);
   EXPECT_NEAR(ink.width(), 80, 2);
 }
@@ -98,7 +99,7 @@ TEST(FigurePainter, ATintIsLightAndLiesUnderALineDrawnBefore) {
 TEST(FigurePainter, AnUprightTextFillsTheBoxBelowAndRightOfItsCorner) {
   FigurePicture picture(SmallScreen());
   picture.Text({300, 300}, "漢字", 300, 0, kBlack);  // two characters of 20 pixels, from pixel 20, 20
-  const QRect ink = Ink(Painted(picture, ScreenStyle(1)));
+  const QRect ink = Inked(Painted(picture, ScreenStyle(1)));
   EXPECT_TRUE(QRect(20, 20, 40, 21).contains(ink)) << ink.x() << ' ' << ink.y();
   EXPECT_GT(ink.width(), 34);
   EXPECT_GT(ink.height(), 15);
@@ -107,9 +108,108 @@ TEST(FigurePainter, AnUprightTextFillsTheBoxBelowAndRightOfItsCorner) {
 TEST(FigurePainter, ATextTurnedByARightAngleRunsUpwards) {
   FigurePicture picture(SmallScreen());
   picture.Text({300, 1200}, "漢字", 300, 90, kBlack);  // up from pixel 20, 80, its feet to the right
-  const QRect ink = Ink(Painted(picture, ScreenStyle(1)));
+  const QRect ink = Inked(Painted(picture, ScreenStyle(1)));
   EXPECT_TRUE(QRect(20, 39, 21, 42).contains(ink)) << ink.x() << ' ' << ink.y();
   EXPECT_GT(ink.height(), 34);
+}
+
+TEST(FigurePainter, TextsHaveTheirColourUprightAndTurned) {
+  for (const double angle : {0.0, 90.0, 30.0}) {
+    FigurePicture picture(SmallScreen());
+    picture.Text({600, 750}, "#8", 300, angle, ColourOf(0, 0, 255));
+    const QImage image = Painted(picture, ScreenStyle(1));
+    EXPECT_FALSE(Inked(image).isNull());
+    int other = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x) other += qBlue(image.pixel(x, y)) != 255;
+    EXPECT_EQ(other, 0) << angle;
+  }
+}
+
+TEST(FigurePainter, DigitsAndJapaneseStandSideBySideInOneLine) {
+  FigurePicture picture(SmallScreen());
+  picture.Text({150, 300}, "808", 300, 0, kBlack);   // from pixel 10 to 40
+  picture.Text({600, 300}, "節点", 300, 0, kBlack);  // from pixel 40 to 80
+  const QImage image = Painted(picture, ScreenStyle(1));
+  const QRect digits = Inked(image.copy(0, 0, 40, 100)), words = Inked(image.copy(40, 0, 60, 100));
+  EXPECT_TRUE(QRect(10, 20, 30, 21).contains(digits));
+  EXPECT_GT(digits.width(), 24);
+  EXPECT_TRUE(QRect(0, 20, 40, 21).contains(words));
+  EXPECT_GT(words.width(), 34);
+}
+
+TEST(FigurePainter, TextsAndDiscsOfAScreenOfTwiceTheDotsAreTwiceAsLarge) {
+  FigurePicture picture(SmallScreen());
+  picture.Text({300, 300}, "808", 300, 0, kBlack);
+  picture.Text({900, 900}, "808", 300, 90, kBlack);
+  picture.Circle({1050, 450}, 75, {}, true);
+  const QImage once = Painted(picture, ScreenStyle(1)), twice = Painted(picture, ScreenStyle(2), 200);
+  for (const QRect& part : {QRect(0, 0, 55, 50), QRect(55, 55, 45, 45), QRect(60, 20, 20, 20)}) {
+    const QRect small = Inked(once.copy(part));
+    const QRect large = Inked(twice.copy(QRect(part.topLeft() * 2, part.size() * 2)));
+    EXPECT_FALSE(small.isNull());
+    EXPECT_NEAR(large.width(), 2 * small.width(), 2);
+    EXPECT_NEAR(large.height(), 2 * small.height(), 2);
+    EXPECT_NEAR(large.left(), 2 * small.left(), 2);
+    EXPECT_NEAR(large.top(), 2 * small.top(), 2);
+  }
+}
+
+TEST(FigurePainter, SmallAndLargeDiscsLieAroundTheirCentre) {
+  for (const double radius : {2.0, 3.5, 10.0, 19.0, 30.0}) {
+    FigurePicture picture(SmallScreen());
+    picture.Circle({750, 750}, radius * 15, {}, radius > 5);  // about the middle of pixel 50, 50
+    const QRect ink = Inked(Painted(picture, ScreenStyle(1)));
+    EXPECT_EQ(ink.left() + ink.right(), 100) << radius;
+    EXPECT_EQ(ink.top() + ink.bottom(), 100) << radius;
+    EXPECT_NEAR(ink.width(), 2 * radius + 1, 1.01) << radius;
+  }
+}
+
+TEST(FigurePainter, OfWhatReachesOutOfTheImageTheRestIsShown) {
+  FigurePicture picture(SmallScreen());
+  for (const double place : {-200.0, 1400.0}) {
+    for (const double angle : {0.0, 45.0, 90.0}) picture.Text({place, place}, "888.88", 300, angle, kBlack);
+    picture.Circle({place, 750}, 300, {}, true);
+    picture.Circle({place, 750}, 500, {}, false);
+    picture.Line({place, place}, {750, 750}, {});
+  }
+  EXPECT_EQ(Inked(Painted(picture, ScreenStyle(1))), QRect(0, 0, 100, 100));
+}
+
+TEST(FigurePainter, WhatIsNoNumberOrFarAwayIsNotPainted) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  for (const double far : {std::numeric_limits<double>::quiet_NaN(), kInfinity, -kInfinity, 1e9, -1e300}) {
+    FigurePicture picture(SmallScreen());
+    for (const double angle : {0.0, 90.0}) picture.Text({far, 300}, "12.5", 160, angle, kBlack);
+    picture.Circle({300, far}, 30, {}, true);
+    picture.Circle({300, far}, 30, {}, false);
+    picture.Line({300, far}, {600, far}, {});
+    EXPECT_TRUE(Inked(Painted(picture, ScreenStyle(1))).isNull()) << far;
+  }
+}
+
+TEST(FigurePainter, AWideOrBrokenLineKeepsItsWidthAndItsGaps) {
+  FigurePicture picture(SmallScreen());
+  picture.Line({150, 300}, {1350, 300}, {kBlack, LineStyle::Solid, 5});
+  picture.Line({150, 900}, {1350, 900}, {kBlack, LineStyle::Dashed, 1});
+  const QImage image = Painted(picture, ScreenStyle(1));
+  EXPECT_EQ(Inked(image.copy(0, 0, 100, 50)).height(), 5);
+  int dark = 0;
+  for (int x = 10; x < 90; ++x) dark += image.pixel(x, 60) != qRgb(255, 255, 255);
+  EXPECT_GT(dark, 30);
+  EXPECT_LT(dark, 75);
+}
+
+TEST(FigurePainter, OfVeryManyLinesNoDotIsMixed) {
+  FigurePicture picture(SmallScreen());
+  for (int k = 0; k <= 20000; ++k) picture.Line({150, 150}, {1350, 150.0 + k % 40 * 30}, {});
+  const QImage image = Painted(picture, ScreenStyle(1));
+  int mixed = 0;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      mixed += image.pixel(x, y) != qRgb(255, 255, 255) && image.pixel(x, y) != qRgb(0, 0, 0);
+  EXPECT_EQ(mixed, 0);
 }
 
 TEST(FigurePainter, ADiscIsFilledAndACircleIsNot) {
@@ -146,6 +246,11 @@ TEST(FigurePainter, ADocumentHasAPageForEachPicture) {
   EXPECT_THAT(pdf, HasSubstr("/Count 3"));
   EXPECT_THAT(pdf, HasSubstr("/MediaBox [0 0 595"));
   EXPECT_EQ(PicturesPdf({}), "");
+}
+
+TEST(FigurePainter, AnImageThatCannotBeHadIsAFault) {
+  const double kilometre = 1e6 * kTwipsPerMm;
+  EXPECT_THROW(PicturePng(FigurePicture({.page = true, .width = kilometre, .height = kilometre})), Fault);
 }
 
 }  // namespace

@@ -237,8 +237,8 @@ TEST_P(ShippedSteelTable, HasTheFormThatTheProgramReads) {
   TakeLine(rest);
   std::string_view captions = *TakeLine(rest), units = *TakeLine(rest);
   for (const SteelColumn& column : form.columns) {
-    EXPECT_EQ(TakeField(captions), column.caption);
-    EXPECT_EQ(TakeField(units), UnitCaption(column.unit));
+    EXPECT_EQ(TakeCell(captions), column.caption);
+    EXPECT_EQ(TakeCell(units), UnitCaption(column.unit));
   }
   EXPECT_TRUE(captions.empty());
 }
@@ -258,7 +258,7 @@ TEST_P(ShippedSteelTable, AgreesWithTheDimensionsOfEachRow) {
   for (const SteelRow& row : SteelRows(family)) {
     std::string_view line = *TakeLine(rest);
     std::vector<std::string_view> cells;
-    while (cells.size() < FormOf(family).columns.size()) cells.push_back(TakeField(line));
+    while (cells.size() < FormOf(family).columns.size()) cells.push_back(TakeCell(line));
     std::string disagreement = "?";
     for (const SteelSection& drawn : Drawn(family, row.values))
       if (!disagreement.empty()) disagreement = Disagreement(family, cells, drawn);

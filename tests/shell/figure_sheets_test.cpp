@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "shell/figure_deck.h"
 #include "shell/figure_pick.h"
@@ -72,6 +73,26 @@ TEST(FigureSheets, EachCellHasItsOwnFigure) {
   EXPECT_THAT(texts, Contains("Page-2"));
 }
 
+// A part of 3 m by 3 m about the beam's right end; the beam's left half is out of sight. The page shows it
+// again when it is drawn again, in another form of paper too.
+TEST(FigureSheets, APartInSightGoesToEveryCellAsItIs) {
+  FigureSheets sheets = SheetsOf(PrinterRec(), {{kModelFigure, 1}, {kLoadCheck, 1}}, /*layout=*/2);
+  Figure figure = FigureOfBeam();
+  sheets.shown = View{.Vxmin = 4.5, .Vxmax = 7.5, .Vymin = 0, .Vymax = 3, .Vvkei = 0.001};
+  const auto scaleAfter = [&] {
+    RecordSheet(sheets, 0, figure);
+    return figure.view.Vvkei;
+  };
+  const double scale = scaleAfter();
+  EXPECT_NEAR(figure.view.Vxmin + figure.view.Vxmax, 12, 1e-9);
+  PrinterRec landscape;
+  landscape.orientation = kLandscape;
+  sheets.sheet = SheetSurface(landscape);
+  EXPECT_GT(scaleAfter(), scale);  // lower cells
+  sheets.sheet = SheetSurface(PrinterRec());
+  EXPECT_NEAR(scaleAfter(), scale, 1e-12);
+}
+
 TEST(FigureSheets, PageNumbersFollowThePrinterSettings) {
   PrinterRec printer;
   printer.firstPage = 12;
@@ -108,7 +129,7 @@ TEST(FigurePick, ResultsAreToldInTheUnitOfTheOutput) {
   figure.loadCase = 2;
   figure.model.outUnit = 1;
   figure.model.gravityFactor = 10;
-  figure.model.StressTable = {{}, {.axialI = 1.5, .momentC = -2}};
+  figure.model.StressTable = {{}, {.axialI = -1.5, .momentC = -2, .axialJ = 1.5}};
   figure.model.DisplacementTable = {{}, {}, {}, {.x = 0.012, .y = -0.003}};
   const std::vector<PickFact> member = PickFacts(figure, {Pick::What::Element, 0, 5});
   EXPECT_THAT(member, Contains(PickFact{"軸力Ｉ(kN)", "15.000"}));
@@ -119,6 +140,57 @@ TEST(FigurePick, ResultsAreToldInTheUnitOfTheOutput) {
   figure.DiagramType = kModelFigure;
   EXPECT_THAT(PickFacts(figure, {Pick::What::Element, 0, 5}),
               Not(Contains(PickFact{"軸力Ｉ(kN)", "15.000"})));
+}
+
+/// What is told of the beam's forces with this record, entered from its left or its right end.
+std::vector<PickFact> ForceFacts(const StressRecord& record, bool backward, int modelCode = kPlaneFrame) {
+  Figure figure = FigureOfBeam();
+  figure.DiagramType = kAxialFigure;
+  figure.model.modelCode = modelCode;
+  if (backward) std::swap(figure.model.elements[0].rowI, figure.model.elements[0].rowJ);
+  figure.model.StressTable = {record};
+  std::vector<PickFact> facts = PickFacts(figure, {Pick::What::Element, 0, 5});
+  facts.erase(facts.begin(), facts.end() - 7);
+  return facts;
+}
+
+// A strut of 3.336 t: its end I is pushed along +x, its end J back. Both labels of the axial figure say
+// -3.34.
+TEST(FigurePick, ForcesHaveTheSenseOfTheDiagramsBesideThem) {
+  const StressRecord strut = {.axialI = 3.336,
+                              .momentI = 4,
+                              .momentC = 2.5,
+                              .momentJ = -1,
+                              .axialJ = -3.336,
+                              .shearI = 0.75,
+                              .shearJ = -0.75};
+  EXPECT_EQ(ForceFacts(strut, false), (std::vector<PickFact>{{"軸力Ｉ(t)", "-3.336"},
+                                                             {"軸力Ｊ(t)", "-3.336"},
+                                                             {"せん断力Ｉ(t)", "0.750"},
+                                                             {"せん断力Ｊ(t)", "0.750"},
+                                                             {"ﾓｰﾒﾝﾄＩ(t･m)", "4.000"},
+                                                             {"ﾓｰﾒﾝﾄ中央(t･m)", "2.500"},
+                                                             {"ﾓｰﾒﾝﾄＪ(t･m)", "-1.000"}}));
+  // From its right end: a record of the same values is another load; the figure's centre changes its sign.
+  EXPECT_EQ(ForceFacts(strut, true), (std::vector<PickFact>{{"軸力Ｉ(t)", "-3.336"},
+                                                            {"軸力Ｊ(t)", "-3.336"},
+                                                            {"せん断力Ｉ(t)", "0.750"},
+                                                            {"せん断力Ｊ(t)", "0.750"},
+                                                            {"ﾓｰﾒﾝﾄＩ(t･m)", "4.000"},
+                                                            {"ﾓｰﾒﾝﾄ中央(t･m)", "-2.500"},
+                                                            {"ﾓｰﾒﾝﾄＪ(t･m)", "-1.000"}}));
+}
+
+// A grid beam on a support at its left end, which is J: the figure has 0 there and 14.744 at its right end.
+TEST(FigurePick, AGridMemberEnteredFromTheRightHasTheNumbersOfItsFigure) {
+  const StressRecord sagging = {
+      .momentI = -14.744, .momentC = 16.372, .momentJ = 0, .shearI = 3.543, .shearJ = 8.457};
+  const std::vector<PickFact> facts = ForceFacts(sagging, true, kPlaneGrid);
+  EXPECT_THAT(facts, Contains(PickFact{"ﾓｰﾒﾝﾄＩ(t･m)", "14.744"}));
+  EXPECT_THAT(facts, Contains(PickFact{"ﾓｰﾒﾝﾄ中央(t･m)", "16.372"}));
+  EXPECT_THAT(facts, Contains(PickFact{"ﾓｰﾒﾝﾄＪ(t･m)", "0.000"}));
+  EXPECT_THAT(facts, Contains(PickFact{"せん断力Ｉ(t)", "-3.543"}));
+  EXPECT_THAT(facts, Contains(PickFact{"せん断力Ｊ(t)", "8.457"}));
 }
 
 TEST(FigurePick, TheDefinitionIsWhatTheModelStores) {

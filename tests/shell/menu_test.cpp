@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -305,6 +307,14 @@ TEST(MenuState, MenuThatOpensIsOnWithAnyOfItsEntries) {
       EXPECT_TRUE(IsOn(row, {})) << row.caption;
     }
   }
+}
+
+/// Whether a caption holds one of the words for tables that wait for the control data.
+bool WaitsForControlData(std::string_view caption) {
+  constexpr std::string_view kWords[] = {"節点", "要素", "断面",         "荷重",
+                                         "支点", "剛域", "フレーム倍率", "同一"};
+  return std::any_of(std::begin(kWords), std::end(kWords),
+                     [&](std::string_view word) { return caption.find(word) != std::string_view::npos; });
 }
 
 TEST(MenuState, TablesThatWaitForTheControlDataAreToldByTheirCaptions) {

@@ -72,6 +72,23 @@ TEST_F(SettingsTest, BrokenLinesAreLeftOutAndTheOthersHold) {
   EXPECT_EQ(Read(Settings()), "\"ZOR:a:1:\",\"x\"\r\n\"ZOR:a:3:\",\"z\"\r\n\"ZOR:a:4:\",\"w\"\r\n");
 }
 
+TEST_F(SettingsTest, AStoreTooLargeToBeOursReadsAsTheDefaultsAndIsKept) {
+  const std::string rubbish = "\"ZOR:a:1:\",\"x\"\r\n" + std::string(5'000'000, ' ');
+  ReplaceBytes(Settings(), rubbish);
+  EXPECT_EQ(GetPrivateSetting("ZOR", "a", "1", "7"), "7");
+  EXPECT_THROW(SavePrivateSetting("ZOR", "a", "1", "y"), FileFault);
+  EXPECT_EQ(Read(Settings()).size(), rubbish.size());
+}
+
+TEST_F(SettingsTest, AStoreOfAllItsEntriesIsRead) {
+  std::string text;
+  for (int i = 1; i <= 3000; ++i)
+    text += "\"ZOR:a:" + std::to_string(i) + ":\",\"" + std::string(300, 'x') + "\"\r\n";
+  ReplaceBytes(Settings(), text);
+  SavePrivateSetting("ZOR", "a", "3000", "y");
+  EXPECT_EQ(GetPrivateSetting("ZOR", "a", "3000"), "y");
+}
+
 TEST_F(SettingsTest, EntryBeyondThreeThousandIsRefusedAndNothingLost) {
   std::string text;
   for (int i = 1; i <= 3000; ++i) text += "\"ZOR:a:" + std::to_string(i) + ":\",\"x\"\r\n";

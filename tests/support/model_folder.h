@@ -67,6 +67,10 @@ class ModelFolderTest : public testing::Test {
     ReplaceBytes(Root() + "file", "");
     return Root() + "file/folder/";
   }
+  /// Makes a folder that is there and that nobody can look into.
+  static void LinkToItself(const std::string& folder) {
+    std::filesystem::create_symlink(NativePath(folder), NativePath(folder));
+  }
 
  private:
   TemporaryFolder folder_;
