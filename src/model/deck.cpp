@@ -36,13 +36,11 @@ bool IsBlank(std::string_view bytes) {
   return bytes.find_first_not_of(std::string_view(" \t\r\n\x1A\0", 6)) == std::string_view::npos;
 }
 
-/// Whether a deck has a section of this name, in capitals.
-bool HasSection(std::string_view bytes, std::string_view name) {
-  while (const std::optional<std::string_view> whole = TakeLine(bytes)) {
-    const std::string_view line = DeckLine(*whole);
-    if (line.starts_with('@') && UpperCase(line.substr(1)) == name) return true;
-  }
-  return false;
+/// Whether a deck has a table of this name.
+bool HoldsTable(std::string_view bytes, std::string_view name) {
+  const std::vector<DeckTable> tables = SplitDeck(bytes);
+  return std::any_of(tables.begin(), tables.end(),
+                     [&](const DeckTable& table) { return table.name == name; });
 }
 
 bool IsUtf16(std::string_view bytes) {
@@ -94,7 +92,7 @@ void RefuseLoss(const std::string& path, std::string_view old, std::string_view 
   if (!own) return;
   if (const std::string why = WhyNoDeck(old); !why.empty())
     throw Fault(path + " ： " + why + kept + "。モデルは別の名前で保存してください");
-  if (HasSection(old, "CONT") && !HasSection(deck, "CONT"))
+  if (HoldsTable(old, "CONT") && !HoldsTable(deck, "CONT"))
     throw Fault(path + " ： コントロールデータがないため、上書き保存できません" + kept);
 }
 
@@ -107,8 +105,11 @@ std::string WhyNoDeck(std::string_view bytes) {
                                                                    : nullptr;
   if (encoding != nullptr)
     return std::string("文字コードが") + encoding + "です（シフトＪＩＳで保存し直してください）";
-  const bool any = std::any_of(kTables.begin(), kTables.end(),
-                               [&](const TableName& table) { return HasSection(bytes, table.key); });
+  const std::vector<DeckTable> tables = SplitDeck(bytes);
+  const bool any = std::any_of(tables.begin(), tables.end(), [](const DeckTable& table) {
+    return std::any_of(kTables.begin(), kTables.end(),
+                       [&](const TableName& known) { return known.key == table.name; });
+  });
   return any ? std::string() : "モデルの表（@CONT、@NODE など）がありません";
 }
 

@@ -47,7 +47,8 @@ ModelPlace Stored() {
 /// analysis folder's.
 bool DeckIsNewer() {
   const ModelPlace stored = Stored();
-  const std::string forces = stored.dataPath + stored.project + ModelBaseName(stored.model) + ".ANA/FT031";
+  const std::string base = stored.dataPath + stored.project + ModelBaseName(stored.model);
+  const std::string forces = FolderText(base + kResultsEnding) + "FT031";
   std::error_code deckError, resultError;
   const auto deck = std::filesystem::last_write_time(NativePath(stored.Deck()), deckError);
   const auto result = std::filesystem::last_write_time(

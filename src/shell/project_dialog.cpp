@@ -149,7 +149,7 @@ void CopyStoredResults(const ModelPlace& from, const ModelPlace& to) {
 /// Copied results are as new as their copy. Those of a former state of the model are made older than its deck
 /// again, by which the status tells them.
 void MakeOlderThanDeck(const ModelPlace& place) {
-  const std::filesystem::path forces = NativePath(BasePath(place) + kResultsEnding + "/FT031");
+  const std::filesystem::path forces = NativePath(FolderText(BasePath(place) + kResultsEnding) + "FT031");
   std::error_code ignored;  // without forces there is nothing to be taken for new
   const auto deck = std::filesystem::last_write_time(NativePath(place.Deck()), ignored);
   if (!ignored) std::filesystem::last_write_time(forces, deck - std::chrono::seconds(1), ignored);
