@@ -1,18 +1,22 @@
 #include "desktop/file_columns.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QFileDialog>
 #include <QFileSystemModel>
+#include <QHeaderView>
 #include <QIdentityProxyModel>
 #include <QLocale>
 #include <QTranslator>
+#include <QTreeView>
 
 namespace zorlan {
 namespace {
 
+constexpr int kCellRoom = 16;               // pixels beside a text
 enum Place { kName, kSize, kType, kDate };  // the columns of the toolkit's list
 
 /// The toolkit writes sizes and dates as the system's locale has them, whatever language its words are in.
@@ -57,7 +61,12 @@ class MissingWords : public QTranslator {
 }  // namespace
 
 void ShowJapaneseColumns(QFileDialog& dialog) {
-  if (dialog.proxyModel() == nullptr) dialog.setProxyModel(new FileColumns(&dialog));
+  if (dialog.proxyModel() != nullptr) return;
+  dialog.setProxyModel(new FileColumns(&dialog));
+  auto* const list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+  if (list == nullptr) return;
+  const int date = list->fontMetrics().horizontalAdvance(QStringLiteral("2000/00/00 00:00")) + kCellRoom;
+  list->header()->resizeSection(kDate, std::max(date, list->header()->sectionSize(kDate)));
 }
 
 void InstallMissingWords(QObject* owner) {

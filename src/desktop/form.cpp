@@ -212,7 +212,7 @@ void FormArea::Fit(Form* form, Fitting fitting) {
   frame->setGeometry(Within(viewport()->rect(), QRect(frame->pos(), size)));
 }
 
-void FormArea::ShowBeside(Form* form, Form* front) {
+bool FormArea::ShowBeside(Form* form, Form* front) {
   if (qobject_cast<QMdiSubWindow*>(form->parentWidget()) == nullptr) Show(form);
   auto* const other = qobject_cast<QMdiSubWindow*>(form->parentWidget());
   auto* const kept = qobject_cast<QMdiSubWindow*>(front->parentWidget());
@@ -223,6 +223,7 @@ void FormArea::ShowBeside(Form* form, Form* front) {
   setActiveSubWindow(kept);
   kept->raise();
   front->setFocus();
+  return !other->geometry().intersects(kept->geometry());
 }
 
 void FormArea::Part(QMdiSubWindow* frame, QMdiSubWindow* kept) const {

@@ -92,8 +92,8 @@ class FormArea : public QMdiArea {
   /// as the area has room, and is moved into it.
   void Fit(Form* form, Fitting fitting);
   /// Shows a form beside the one in front, which keeps the keys: neither hides the other as far as there is
-  /// room for both.
-  void ShowBeside(Form* form, Form* front);
+  /// room for both. False: there is none, and it stands behind.
+  bool ShowBeside(Form* form, Form* front);
   /// Unloads the forms of the model in hand.
   void UnloadAll();
   /// Closes the others; false as soon as one refuses.

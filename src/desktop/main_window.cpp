@@ -300,6 +300,8 @@ void MainWindow::BuildStatusBar() {
     row->addWidget(*label);
   }
   statusBar()->addPermanentWidget(fields_);
+  connect(statusBar(), &QStatusBar::messageChanged, statusBar(),
+          &QWidget::setToolTip);  // whole, if it is cut
   model_->setObjectName(QStringLiteral("statusModel"));
   saved_->setObjectName(QStringLiteral("statusSaved"));
   results_->setObjectName(QStringLiteral("statusResults"));
@@ -324,18 +326,18 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void MainWindow::ExplainFocus(const QWidget* now) {
-  QString text;
-  if (now != nullptr && isAncestorOf(now)) {
-    const auto* const tool = qobject_cast<const QToolButton*>(now);
-    const QAction* const action = tool == nullptr ? nullptr : tool->defaultAction();
-    text = action != nullptr ? action->statusTip() : now->statusTip();
-    if (text.isEmpty()) text = now->toolTip();
-  }
+  // Behind a dialog the same widget has the keys again: what the dialog's end has told stays.
+  if (now == nullptr || now == explained_ || !isAncestorOf(now)) return;
+  explained_ = now;
+  const auto* const tool = qobject_cast<const QToolButton*>(now);
+  const QAction* const action = tool == nullptr ? nullptr : tool->defaultAction();
+  QString text = action != nullptr ? action->statusTip() : now->statusTip();
+  if (text.isEmpty()) text = now->toolTip();
   if (!text.isEmpty())
     statusBar()->showMessage(text);
-  else if (!explained_.isEmpty() && statusBar()->currentMessage() == explained_)
+  else if (!explanation_.isEmpty() && statusBar()->currentMessage() == explanation_)
     statusBar()->clearMessage();
-  explained_ = text;
+  explanation_ = text;
 }
 
 void MainWindow::Leave() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QString>
 #include <string>
 
@@ -65,10 +66,11 @@ class MainWindow : public QMainWindow {
   FormArea* forms_ = nullptr;
   MainMenu* menu_ = nullptr;
   QLabel *model_ = nullptr, *saved_ = nullptr, *results_ = nullptr, *kind_ = nullptr, *units_ = nullptr;
-  QWidget* fields_ = nullptr;  // with these labels
-  QString explained_;          // what was said of the widget with the focus
-  bool loaded_ = false;        // the program's tree is held
-  bool closing_ = false;       // the closing flag: without it a close request is refused
+  QWidget* fields_ = nullptr;          // with these labels
+  QPointer<const QWidget> explained_;  // had the focus last
+  QString explanation_;                // and what was said of it
+  bool loaded_ = false;                // the program's tree is held
+  bool closing_ = false;               // the closing flag: without it a close request is refused
 };
 
 }  // namespace zorlan

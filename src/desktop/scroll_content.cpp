@@ -93,7 +93,9 @@ void SettleDialog(QDialog& dialog) {
   for (QPushButton* const button : dialog.findChildren<QPushButton*>())
     if (qobject_cast<QDialogButtonBox*>(button->parentWidget()) == nullptr) button->setAutoDefault(false);
   const QSize room = dialog.screen()->availableSize() - kWindowFrame;
-  if (ScrollWhereTooLarge(dialog, room)) dialog.resize(dialog.sizeHint().boundedTo(room));
+  const bool scrolls = ScrollWhereTooLarge(dialog, room);
+  const QSize wanted = scrolls ? dialog.sizeHint() : dialog.size();
+  if (wanted.boundedTo(room) != dialog.size()) dialog.resize(wanted.boundedTo(room));
 }
 
 }  // namespace zorlan

@@ -283,12 +283,13 @@ void TableWindow::ShowInFigure() {
   Redraw();
   Form* const figure = window_.Forms().Find("Model");
   if (figure == nullptr) return;
-  window_.Forms().ShowBeside(figure, this);
+  const bool beside = window_.Forms().ShowBeside(figure, this);
   const CellPlace at = view_->Current();
   const int number = static_cast<int>(editor_.View(at.page, at.row).Real(1));
   const std::string_view key = editor_.Form().keyBlank;  // the word for what the rows are of
   for (const std::string_view table : {"NODE", "ELEM"})
     if (key == FindTableForm("Inp" + std::string(table))->keyBlank) TheWindows().markInFigure(table, number);
+  if (!beside) Say(QStringLiteral("モデル図は、この表の後ろにあります (Ctrl+Tab)"));
 }
 
 void TableWindow::RedrawCommitted() {

@@ -201,6 +201,16 @@ TEST_F(HandlingTest, TheTableAndItsFigureStandSideBySideAndTheTableKeepsTheKeys)
   EXPECT_EQ(Picked(), "〔3〕節点情報");
 }
 
+TEST_F(HandlingTest, WithoutRoomForBothTheTableStaysAndSaysWhereTheFigureIs) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  Window().resize(640, 360);
+  OpenNodes();
+  Press(Qt::Key_R, Qt::ControlModifier);
+  EXPECT_TRUE(Table().View().hasFocus());
+  EXPECT_EQ(Status(), "モデル図は、この表の後ろにあります (Ctrl+Tab)");
+  EXPECT_EQ(Picked(), "〔1〕節点情報");
+}
+
 TEST_F(HandlingTest, AWideTableMakesRoomForTheFigureBelowIt) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   OpenTable("mnuDataItem(6)", "InpSECT");
