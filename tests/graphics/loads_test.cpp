@@ -373,18 +373,6 @@ TEST(Loads, ANumberStandsOnTheSurface) {
   EXPECT_GE(number->y, 0);
 }
 
-// At the right end of a beam the left side is the beam's, with its loads: the arrow stands to the right of a
-// column.
-TEST(Loads, AnArrowAtACornerStandsWhereNoMemberIs) {
-  ModelBuilder b = Beam();
-  b.Element(2, b.Node(10, 4));
-  b.NodalLoad(2, 0, -3, 0);
-  const Figure figure = FigureOf(b.model);
-  const std::vector<Arrow> arrows = ArrowsOf(figure);
-  ASSERT_THAT(arrows, SizeIs(1));
-  EXPECT_GT(arrows[0].tip.x, 11500);
-}
-
 // A turn of 200 twips about the node: from the lower right over the top to the lower left, or back.
 TEST(Loads, NodalMomentsTurnAsTheirSign) {
   const double reach = 200 * std::sqrt(0.5);
