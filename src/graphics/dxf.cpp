@@ -19,6 +19,7 @@ using Kind = DrawOperation::Kind;
 
 constexpr std::string_view kNoFlags = "     0";
 constexpr std::size_t kLongestText = 255;  // bytes
+constexpr double kPi = 3.14159;  // these digits and no more: a sheet that is exported again stays as it was
 
 struct LineType {
   std::string_view name, description, length;
@@ -173,7 +174,6 @@ void WriteTextStyles(DxfFile& dxf) {
 
 /// A rotated text: its point, the left upper corner, is moved down along the turned y to the left lower one.
 void WriteRotatedText(DxfFile& dxf, const DrawOperation& text) {
-  constexpr double kPi = 3.14159;  // these digits and no more: a sheet that is exported again stays as it was
   const double a = text.angle * kPi / 180;
   WriteDXFText(dxf, text.layer, text.x + text.height * std::sin(a), text.y + text.height * std::cos(a),
                text.text, text.width, text.height, text.angle, text.colour, DxfTextPoint::LeftBottom);
@@ -260,17 +260,23 @@ void WriteDXFCircle(DxfFile& dxf, std::string_view layer, double x, double y, do
 }
 
 void WriteDXFText(DxfFile& dxf, std::string_view layer, double x, double y, std::string_view text,
-                  double /*width*/, double height, double angle, Rgb colour, DxfTextPoint point) {
+                  double width, double height, double angle, Rgb colour, DxfTextPoint point) {
+  const std::string_view front = FrontWithin(text, kLongestText);
+  const double a = angle * kPi / 180, bottom = dxf.PageBottom - y;
+  // Readers fit a text between two points of its base line alone, and not between points of its top.
+  const bool fitted = point == DxfTextPoint::LeftBottom && width > 0 && front.size() == text.size();
+  constexpr double kLeft = 0, kFit = 5;
+  constexpr double kBaseLine = 0, kTop = 3;  // of the capitals
   BeginEntity(dxf, "TEXT", layer, colour);
-  WritePoint(dxf, 10, x, dxf.PageBottom - y);
+  WritePoint(dxf, 10, x, bottom);
   WriteDXFPair(dxf, 40, height);
-  WriteDXFPair(dxf, 1, FrontWithin(text, kLongestText));
+  WriteDXFPair(dxf, 1, front);
   WriteDXFPair(dxf, 50, angle);
   WriteDXFPair(dxf, 7, "STYLE2");
-  WriteDXFPair(dxf, 72, 0.0);  // left
-  WriteDXFPair(dxf, 11, x);
-  WriteDXFPair(dxf, 21, dxf.PageBottom - y);
-  WriteDXFPair(dxf, 73, point == DxfTextPoint::LeftTop ? 3 : 0);  // top of the capitals, or their base line
+  WriteDXFPair(dxf, 72, fitted ? kFit : kLeft);
+  WriteDXFPair(dxf, 11, fitted ? x + width * std::cos(a) : x);
+  WriteDXFPair(dxf, 21, fitted ? bottom + width * std::sin(a) : bottom);
+  WriteDXFPair(dxf, 73, point == DxfTextPoint::LeftTop ? kTop : kBaseLine);
 }
 
 int ColourToACI(Rgb colour) {

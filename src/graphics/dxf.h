@@ -49,9 +49,9 @@ void WriteDXFCircle(DxfFile& dxf, std::string_view layer, double x, double y, do
 
 /// Which place of a text's box its point is.
 enum class DxfTextPoint { LeftTop, LeftBottom };
-/// A text turned by `angle` degrees counter-clockwise about its point. `width` takes no part: release 12
-/// derives it from the height and the style. Its readers hold no text of more than 255 bytes: a longer one
-/// ends there.
+/// A text turned by `angle` degrees counter-clockwise about its point. From a lower left corner it is fitted
+/// into its `width`, since readers' fonts are wider than ours; elsewhere they derive the width from the
+/// height. They hold no text of more than 255 bytes: a longer one ends there.
 void WriteDXFText(DxfFile& dxf, std::string_view layer, double x, double y, std::string_view text,
                   double width, double height, double angle, Rgb colour,
                   DxfTextPoint point = DxfTextPoint::LeftTop);

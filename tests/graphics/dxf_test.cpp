@@ -230,17 +230,26 @@ TEST(Dxf, CircleExtendsByItsRadius) {
 
 // Turned by 90 degrees a text runs upward and its lower edge lies to the right, by its height 20. The angle
 // uses 3.14159, which is 1.3268e-6 short of the quarter turn: x = 100 + 20 (1 - 8.8e-13), y = 200 + 20 x
-// 1.3268e-6. Window: x 100 to 140, y 200 to 220: its lower edge is 210 + 20.
+// 1.3268e-6. Window: x 100 to 130, y 200 to 220: its lower edge is 210 + 15. The base line ends 30 x (1
+// - 8.8e-13) farther up and 30 x 1.3268e-6 to the right.
 TEST(Dxf, RotatedTextStandsOnItsLowerLeftCorner) {
-  EXPECT_EQ(EntityOf("TEXTR, MOMENT_TXT, 100, 200, 1.5, 40, 20, 90, 0\r\n", "TEXT"),
-            "0 TEXT|8 MOMENT_TXT|62 7|10 119.999999999982|20 29.9999734641021|30 0|40 20|1 1.5|50 90|"
-            "7 STYLE2|72 0|11 119.999999999982|21 29.9999734641021|73 0");
+  EXPECT_EQ(EntityOf("TEXTR, MOMENT_TXT, 100, 200, 1.5, 30, 20, 90, 0\r\n", "TEXT"),
+            "0 TEXT|8 MOMENT_TXT|62 7|10 119.999999999982|20 24.9999734641021|30 0|40 20|1 1.5|50 90|"
+            "7 STYLE2|72 5|11 120.000039803829|21 54.9999734640757|73 0");
 }
 
 TEST(Dxf, RotatedTextWithoutAngleMovesDownByItsHeight) {
   // Window: x 0 to 40, y 0 to 20: half 20, middle (20, 10), lower edge 30. The text's lower edge is y = 20.
   EXPECT_EQ(EntityOf("TEXTR, M_TXT, 0, 0, a, 40, 20, 0, 0", "TEXT"),
-            "0 TEXT|8 M_TXT|62 7|10 0|20 10|30 0|40 20|1 a|50 0|7 STYLE2|72 0|11 0|21 10|73 0");
+            "0 TEXT|8 M_TXT|62 7|10 0|20 10|30 0|40 20|1 a|50 0|7 STYLE2|72 5|11 40|21 10|73 0");
+}
+
+// There is nothing to fit a text into without a width, and the front of a cut one isn't as wide as the whole.
+TEST(Dxf, ATextThatCannotBeFittedStandsAtItsLeft) {
+  EXPECT_EQ(EntityOf("TEXTR, M_TXT, 0, 0, a, 0, 20, 0, 0", "TEXT"),
+            "0 TEXT|8 M_TXT|62 7|10 0|20 0|30 0|40 20|1 a|50 0|7 STYLE2|72 0|11 0|21 0|73 0");
+  const std::string cut = EntityOf("TEXTR, M_TXT, 0, 0, " + std::string(256, 'a') + ", 40, 20, 0, 0", "TEXT");
+  EXPECT_THAT(cut, HasSubstr("|72 0|11 0|"));
 }
 
 struct ColourCase {
