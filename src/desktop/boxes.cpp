@@ -51,7 +51,7 @@ QMessageBox::Icon IconOf(std::string_view text, std::string_view title) {
 }
 
 bool SomethingWouldBeLost(std::string_view text) {
-  constexpr std::string_view kWords[] = {"削除", "上書き", "破棄"};
+  constexpr std::string_view kWords[] = {"削除", "上書き", "破棄", "失われ"};
   return Holds(text, kWords);
 }
 
