@@ -115,7 +115,8 @@ std::vector<ValueLabels::Label*> ValueLabels::StandInCrowds() {
     else
       others.push_back(&label);
   }
-  std::ranges::stable_partition(others, [](const Label* label) { return label->place.anchor != kCentre; });
+  std::stable_partition(others.begin(), others.end(),
+                        [](const Label* label) { return label->place.anchor != kCentre; });
   return others;
 }
 
@@ -136,7 +137,7 @@ void ValueLabels::Place(std::vector<Label*> order) {
     }
     // Where many find no room another order gives it to others only.
     if (failed.Nothing() || failed.texts > static_cast<int>(order.size() / 4)) break;
-    std::ranges::stable_partition(order, [&](const Label* label) {
+    std::stable_partition(order.begin(), order.end(), [&](const Label* label) {
       return failed.texts > 0 ? label->covered.texts > 0 : label->covered.lines > 0;
     });
   }

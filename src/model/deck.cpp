@@ -152,7 +152,7 @@ std::vector<DeckTable> SplitDeck(std::string_view deck) {
       if (!IsTableFileName(name)) continue;
       for (DeckTable& known : tables)
         if (known.name == name) text = &known.text;
-      if (text == nullptr) text = &tables.emplace_back(name, std::string()).text;
+      if (text == nullptr) text = &tables.emplace_back(DeckTable{name, {}}).text;
       text->clear();
     } else if (text != nullptr) {
       text->append(line).append(kLineEnd);
