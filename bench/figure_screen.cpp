@@ -1,14 +1,10 @@
 // A figure of 2500 nodes with all its numbers on a screen of 1920 x 1080 and on paper.
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
-
-#include <filesystem>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 
-#include "base/text_file.h"
-#include "frames.h"
+#include "deck_folder.h"
 #include "graphics/frame_figure.h"
 #include "model/deck.h"
 #include "model/model_state.h"
@@ -21,12 +17,8 @@ namespace {
 constexpr int kWidth = 1920, kHeight = 1080;
 
 Figure ReadFrame(int kind) {
-  std::string folder = PathText(std::filesystem::temp_directory_path() / "zorlan-bench-XXXXXX");
-  if (::mkdtemp(folder.data()) == nullptr) std::abort();
-  const std::string deck = FolderText(folder) + "f2500.inp";
-  ReplaceTextFile(deck, bench::DeckText(bench::RegularFrame(49, 49, 1)), Flush::No);
-  ReadDeck(deck, /*checkMode=*/false);
-  std::filesystem::remove_all(folder);
+  const bench::DeckInHand deck(bench::RegularFrame(49, 49, 1));
+  ReadDeck(DeckPath(), /*checkMode=*/false);
   Figure figure;
   figure.model = FigureModelOf(InpModel);
   figure.DiagramType = kind;

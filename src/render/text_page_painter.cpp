@@ -54,7 +54,7 @@ void PaintTextPage(QPainter& painter, const TextPages& pages, int page) {
   for (const PlacedLine& line : content.lines)
     TextInBox(painter, line.x, line.y, line.width, pages.fontHeight, line.text);
   if (!content.number) return;
-  const QString number = QStringLiteral("Page-") + QString::number(*content.number);
+  const QString number = ToQt(PageName(*content.number));
   const QFont font = FixedFontOfHeight(pages.fontHeight);
   const double width = QFontMetricsF(font).horizontalAdvance(number);
   DrawAt(painter, font, (pages.width - width) / 2, content.numberY, number);
