@@ -53,7 +53,7 @@ class ProgressLine {
     visible_ = true;
   }
   void Wipe() {
-    if (visible_) std::fputs("\r\x1b[K", stderr);
+    if (visible_) std::fputs("\r\x1b[K", stderr);  // which nothing buffers
     visible_ = false;
   }
 
@@ -165,8 +165,12 @@ void DieBySignal(int signal) {
   std::_Exit(128 + signal);
 }
 
-void PrintError(std::string_view line) {
+void WipeProgress() {
   TheProgressLine().Wipe();
+}
+
+void PrintError(std::string_view line) {
+  WipeProgress();
   const std::string text = std::string(line) + "\n";
   std::fwrite(text.data(), 1, text.size(), stderr);
 }

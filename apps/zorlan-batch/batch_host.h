@@ -25,4 +25,7 @@ void ThrowIfInterrupted();
 /// A line of standard error, in front of which a line of progress is wiped.
 void PrintError(std::string_view line);
 
+/// Wipes the line of progress, if one stands on the terminal: before anything else is written there.
+void WipeProgress();
+
 }  // namespace zorlan::batch

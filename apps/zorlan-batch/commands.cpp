@@ -32,6 +32,7 @@ namespace {
 /// Prints a text of the system on standard output, with the line ends of the terminal.
 void PrintProduct(std::string text) {
   std::erase(text, '\r');
+  WipeProgress();
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)
     throw FileFault("標準出力", std::strerror(errno));
 }
@@ -110,6 +111,7 @@ ExitCode Convert(const Request& request) {
   std::vector<char*> arguments = {const_cast<char*>(program.c_str())};
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
+  WipeProgress();
   ::execv(program.c_str(), arguments.data());
   throw FileFault(program, std::strerror(errno));
 }
@@ -190,6 +192,7 @@ ExitCode RunCommand(const Request& request) {
     TheHost().progress(request.decks[d] + place, static_cast<double>(d) / static_cast<double>(count));
     gravest = std::max(gravest, RunOnDeck(request, request.decks[d]));
   }
+  WipeProgress();
   return gravest;
 }
 

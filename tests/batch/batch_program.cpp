@@ -6,7 +6,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
@@ -15,6 +17,15 @@
 
 namespace zorlan {
 namespace {
+
+/// Waits for the end of a process, and notes how it ended.
+void WaitFor(pid_t process, BatchResult& result) {
+  int status = 0;
+  while (::waitpid(process, &status, 0) < 0 && errno == EINTR) {
+  }
+  if (WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);
+  if (WIFSIGNALED(status)) result.signal = WTERMSIG(status);
+}
 
 std::string WithCrLf(const std::string& text) {
   std::string result;
@@ -76,13 +87,35 @@ std::string BatchProgram::OutputFile(const char* stream, int run) const {
   return output_ + std::to_string(run) + "." + stream;
 }
 
+BatchResult BatchProgram::RunOnTerminal(const std::vector<std::string>& arguments) const {
+  const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+  if (terminal < 0 || ::grantpt(terminal) != 0 || ::unlockpt(terminal) != 0) {
+    ADD_FAILURE() << "no pseudo-terminal";
+    return {};
+  }
+  const std::string name = ::ptsname(terminal);
+  const pid_t process = Spawn(Words(arguments), {.in = name, .out = name, .err = name});
+  BatchResult result;
+  std::array<char, 4096> bytes;
+  // The read fails once the program, which alone has the other end open, is gone.
+  for (ssize_t count = 0; (count = ::read(terminal, bytes.data(), bytes.size())) > 0;)
+    result.out.append(bytes.data(), static_cast<std::size_t>(count));
+  ::close(terminal);
+  WaitFor(process, result);
+  return result;
+}
+
 pid_t BatchProgram::Spawn(std::vector<std::string> words, int run) const {
+  return Spawn(std::move(words), {"/dev/null", OutputFile("out", run), OutputFile("err", run)});
+}
+
+pid_t BatchProgram::Spawn(std::vector<std::string> words, const Streams& streams) const {
   posix_spawn_file_actions_t files;
   ::posix_spawn_file_actions_init(&files);
-  ::posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC;
-  ::posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, OutputFile("out", run).c_str(), kFlags, 0666);
-  ::posix_spawn_file_actions_addopen(&files, STDERR_FILENO, OutputFile("err", run).c_str(), kFlags, 0666);
+  ::posix_spawn_file_actions_addopen(&files, STDIN_FILENO, streams.in.c_str(), O_RDONLY | O_NOCTTY, 0);
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_NOCTTY;
+  ::posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, streams.out.c_str(), kFlags, 0666);
+  ::posix_spawn_file_actions_addopen(&files, STDERR_FILENO, streams.err.c_str(), kFlags, 0666);
   ::posix_spawn_file_actions_addchdir_np(&files, folder_.c_str());
 
   std::vector<char*> arguments;
@@ -102,12 +135,8 @@ pid_t BatchProgram::Spawn(std::vector<std::string> words, int run) const {
 }
 
 BatchResult BatchProgram::Collect(pid_t process, int run) const {
-  int status = 0;
-  while (::waitpid(process, &status, 0) < 0 && errno == EINTR) {
-  }
   BatchResult result;
-  if (WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);
-  if (WIFSIGNALED(status)) result.signal = WTERMSIG(status);
+  WaitFor(process, result);
   result.out = ReadBytes(OutputFile("out", run));
   result.err = ReadBytes(OutputFile("err", run));
   return result;

@@ -37,6 +37,9 @@ class BatchProgram {
   /// Through a shell in the project folder; $ZORLAN is the program.
   BatchResult Shell(const std::string& script) const;
 
+  /// On a terminal of its own; all that it shows there is in `out`.
+  BatchResult RunOnTerminal(const std::vector<std::string>& arguments) const;
+
   /// A run that is under way.
   pid_t Start(const std::vector<std::string>& arguments) const { return Spawn(Words(arguments), ++runs_); }
   /// Waits for a run that Start answered last.
@@ -46,8 +49,12 @@ class BatchProgram {
   static std::vector<std::string> Names(const std::string& folder);
 
  private:
+  struct Streams {
+    std::string in, out, err;  // paths
+  };
   std::vector<std::string> Words(const std::vector<std::string>& arguments) const;
   pid_t Spawn(std::vector<std::string> words, int run) const;
+  pid_t Spawn(std::vector<std::string> words, const Streams& streams) const;
   BatchResult Collect(pid_t process, int run) const;
   std::string OutputFile(const char* stream, int run) const;
 

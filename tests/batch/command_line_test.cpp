@@ -8,12 +8,19 @@
 namespace zorlan {
 namespace {
 
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
 const char* const kDeckCommands[] = {"analyze", "check", "input-list"};  // that read decks
 const char* const kCommands[] = {"analyze", "check", "input-list", "csv", "convert"};
+
+std::vector<std::string> Times(std::size_t count, const char* command, const char* deck) {
+  std::vector<std::string> words = {command};
+  words.insert(words.end(), count, deck);
+  return words;
+}
 
 TEST(BatchCommandLine, HelpAnswersAtEachLevel) {
   const BatchProgram program;
@@ -217,15 +224,22 @@ TEST(BatchProgramOutput, HasNoProgressWhereThereIsNoTerminal) {
   EXPECT_THAT(program.Run({"analyze", "model.inp"}).err, Not(HasSubstr("\r")));
 }
 
-// `script` runs a command on a terminal of its own.
+// Five decks take well over the 50 ms that pass in silence. Behind whichever line of progress is a deck's
+// last comes its summary.
 TEST(BatchProgramOutput, DrawsProgressOnATerminalAndWipesItForMessages) {
   const BatchProgram program;
-  program.Deck("model.inp", LongCantileverDeck(1000, 20));
-  std::string decks;
-  for (int k = 0; k < 40; ++k) decks += " model.inp";
-  const BatchResult result = program.Shell("script -qec \"$ZORLAN analyze" + decks + "\" /dev/null");
+  program.Deck("model.inp", LongCantileverDeck(5000, 20));
+  const BatchResult result = program.RunOnTerminal(Times(5, "analyze", "model.inp"));
   EXPECT_EQ(result.exitCode, 0);
-  EXPECT_THAT(result.out, testing::ContainsRegex("\r\x1b\\[K[^\r]*model.inp [^\r]*[0-9]+ %\r\x1b\\[K"));
+  EXPECT_THAT(result.out, ContainsRegex("\r\x1b\\[K[^\r]* [0-9]+ %\r\x1b\\[Kmodel.inp\r\n"));
+}
+
+TEST(BatchProgramOutput, WipesProgressInFrontOfWhatItPrints) {
+  const BatchProgram program;
+  program.Deck("bad.inp", LongCantileverDeck(5000, 1) + "@ELEM\n5000,1,7000,0,0,1\n");
+  const BatchResult result = program.RunOnTerminal(Times(40, "check", "bad.inp"));
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.out, ContainsRegex(" [0-9]+ %\r\x1b\\[K[^ \r]"));
 }
 
 }  // namespace
