@@ -166,7 +166,7 @@ std::vector<ClosedForm> ClosedForms() {
 
 TEST(ClosedForms, AreMetOnBothRoads) {
   for (const ClosedForm& form : ClosedForms())
-    for (const SolverRoad road : {SolverRoad::File, SolverRoad::InMemory}) {
+    for (const SolverRoad road : kRoads) {
       const SolvedModel s = Solve(form.built.model, road);
       ASSERT_FALSE(s.instability) << form.name;
       for (const Value& v : form.values)

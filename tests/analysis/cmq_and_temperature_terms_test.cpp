@@ -3,21 +3,12 @@
 
 #include "analysis/member_load_terms.h"
 #include "analysis/members.h"
+#include "support/load_terms.h"
 #include "support/model_builder.h"
 #include "support/model_folder.h"
 
 namespace zorlan::test {
 namespace {
-
-void ExpectTerms(const char* name, const LoadTerms& actual, const LoadTerms& expected) {
-  EXPECT_NEAR(actual.Ci, expected.Ci, 1e-12) << name;
-  EXPECT_NEAR(actual.Cj, expected.Cj, 1e-12) << name;
-  EXPECT_NEAR(actual.Mo, expected.Mo, 1e-12) << name;
-  EXPECT_NEAR(actual.Qi, expected.Qi, 1e-12) << name;
-  EXPECT_NEAR(actual.Qj, expected.Qj, 1e-12) << name;
-  EXPECT_NEAR(actual.Ni, expected.Ni, 1e-12) << name;
-  EXPECT_NEAR(actual.Nj, expected.Nj, 1e-12) << name;
-}
 
 /// 4 m long, direction (0.6, 0.8); EA = 20000 t, EI = 200 t*m2.
 Member SteepMember(int II = 0, int JJ = 0, double P2 = 1e-4) {

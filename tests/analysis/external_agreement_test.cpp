@@ -17,7 +17,7 @@ namespace {
 // Shares of the largest magnitude of the same quantity in the same case. Ten columns hold six to nine digits
 // of a section's values: where the model's own numbers have only three, what is lost is lost in the end
 // actions alone.
-constexpr double kAgreement = 4e-6, kAgreementOfShortNumbers = 4e-7;
+constexpr double kRoadsAgreement = 4e-6, kShortNumbersAgreement = 4e-7;
 
 double Shortened(double value) {
   char text[32];
@@ -122,7 +122,7 @@ TEST_F(ExternalAgreement, HoldsForFramesWithEveryLoadPinsSpringsAndRigidZones) {
     SCOPED_TRACE(shape.Name());
     ModelRec model = RandomModel(shape).Model();
     AddZeroRow(model);
-    ExpectAgreement(model, kAgreement);
+    ExpectAgreement(model, kRoadsAgreement);
   }
 }
 
@@ -131,7 +131,7 @@ TEST_F(ExternalAgreement, HoldsForSameDisplacementGroups) {
     SCOPED_TRACE(shape.Name());
     ModelRec model = RandomModel(shape).Model();
     AddZeroRow(model);
-    ExpectAgreement(model, kAgreement);
+    ExpectAgreement(model, kRoadsAgreement);
   }
 }
 
@@ -141,7 +141,7 @@ TEST_F(ExternalAgreement, LosesOnlyTheDigitsOfTheEndActionsWhereTheModelsNumbers
       SCOPED_TRACE(shape.Name());
       ModelRec model = WithShortNumbers(RandomModel(shape).Model());
       AddZeroRow(model);
-      ExpectAgreement(model, kAgreementOfShortNumbers);
+      ExpectAgreement(model, kShortNumbersAgreement);
     }
 }
 
@@ -170,7 +170,7 @@ TEST_F(ExternalAgreement, HoldsForTemperaturesThatAreEvenAcrossTheSection) {
     SCOPED_TRACE(shape.Name());
     ModelRec model = RandomModel(shape).Model();
     AddTemperatures(model, shape.seed, /*gradient=*/false);
-    ExpectAgreement(model, kAgreement);
+    ExpectAgreement(model, kRoadsAgreement);
   }
 }
 
@@ -182,7 +182,7 @@ TEST_F(ExternalAgreement, DiffersByTheOwnEndMomentsOfATemperatureGradientAlone) 
     ModelRec model = RandomModel(shape).Model();
     AddTemperatures(model, shape.seed, /*gradient=*/true);
     ExpectAgreement(
-        model, kAgreement, [&model](const std::vector<Member>& members, std::vector<double>& forces) {
+        model, kRoadsAgreement, [&model](const std::vector<Member>& members, std::vector<double>& forces) {
           for (int r = 1; r <= model.TlodCount; ++r) {
             const TlodRec& load = model.Tlod[r];
             const LoadTerms t =
@@ -207,7 +207,7 @@ TEST_F(ExternalAgreement, HoldsUnderFrameMagnification) {
       AppendRow(model.Alfa, model.AlfaCount, AlfaRec{-1, 6, 2.5});
       AppendRow(model.Alfa, model.AlfaCount, AlfaRec{4, 8, 0.75});
       AddTemperatures(model, shape.seed, /*gradient=*/false);
-      ExpectAgreement(model, kAgreement);
+      ExpectAgreement(model, kRoadsAgreement);
     }
 }
 

@@ -30,7 +30,7 @@ ModelRec Corner() {
 // Columns by hand: five for integers, ten for reals. The beam's end actions: 1.5 x 6.25 / 2 = 4.6875 and 1.5
 // x 6.25^2 / 8 = 7.32421875 at the end that isn't pinned, which takes 7.32421875 / 6.25 = 1.171875 of the
 // shear over from the pin.
-constexpr std::string_view kDeck =
+constexpr std::string_view kCornerDeck =
     "                                                                                     %Ver.4\n"
     "    5    2    1    0    0    0    0    0    0%力（質量)単位系=2長さ単位系=0\n"
     "    1    0    1    0    1    0    1         0                   0\n"
@@ -69,7 +69,7 @@ constexpr std::string_view kDeck =
     "         1\n";
 
 TEST(ExternalDeck, StandsInItsColumns) {
-  EXPECT_EQ(ExternalDeckText(BuildExternalTables(Corner(), 1)), CrLf(kDeck));
+  EXPECT_EQ(ExternalDeckText(BuildExternalTables(Corner(), 1)), CrLf(kCornerDeck));
 }
 
 TEST(ExternalDeck, GivesActionsThatCancelTheSameDigits) {
@@ -95,7 +95,7 @@ using ExternalFiles = ModelFolderTest;
 
 TEST_F(ExternalFiles, HoldTheDeckInTheCodePage) {
   WriteExternalDeck(Corner(), 1);
-  EXPECT_EQ(Read(AnalysisPath + "FT999.INP"), kDeck);
+  EXPECT_EQ(Read(AnalysisPath + "FT999.INP"), kCornerDeck);
 }
 
 }  // namespace

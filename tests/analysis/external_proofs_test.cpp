@@ -12,7 +12,7 @@
 namespace zorlan::test {
 namespace {
 
-constexpr double kEI = 4200;
+constexpr double kBeamEI = 4200;
 
 /// The head of a deck in t and cm, up to the node table.
 std::string Head(int modelCode, int cases, int roller) {
@@ -40,8 +40,8 @@ struct SupportMoments {
 SupportMoments ThreeMoments(double w, double delta) {
   const double l1 = 6, l2 = 8, l3 = 5;
   const double a = 2 * (l1 + l2), b = l2, d = 2 * (l2 + l3);
-  const double r2 = -w * (l1 * l1 * l1 + l2 * l2 * l2) / 4 + 6 * kEI * delta * (1 / l1 + 1 / l2);
-  const double r3 = -w * (l2 * l2 * l2 + l3 * l3 * l3) / 4 - 6 * kEI * delta / l2;
+  const double r2 = -w * (l1 * l1 * l1 + l2 * l2 * l2) / 4 + 6 * kBeamEI * delta * (1 / l1 + 1 / l2);
+  const double r3 = -w * (l2 * l2 * l2 + l3 * l3 * l3) / 4 - 6 * kBeamEI * delta / l2;
   const double determinant = a * d - b * b;
   return {(r2 * d - b * r3) / determinant, (a * r3 - b * r2) / determinant};
 }
@@ -85,11 +85,11 @@ TEST_F(ExternalProof, ARotationOfASupportFollowsTheSlopeDeflectionEquations) {
   const double theta1 = 0.01, theta2 = -theta1 * (2.0 / 6) / (4.0 / 6 + 4.0 / 8);
   EXPECT_NEAR(U(1, 2), theta1, 1e-14);
   EXPECT_NEAR(U(2, 2), theta2, 1e-11);
-  EXPECT_NEAR(F(1, 3), kEI / 6 * (4 * theta1 + 2 * theta2), 1e-8);
-  EXPECT_NEAR(F(1, 6), kEI / 6 * (2 * theta1 + 4 * theta2), 1e-8);
-  EXPECT_NEAR(F(2, 3), kEI / 8 * 4 * theta2, 1e-8);
-  EXPECT_NEAR(F(2, 6), kEI / 8 * 2 * theta2, 1e-8);
-  EXPECT_NEAR(R(1, 2), kEI / 6 * (4 * theta1 + 2 * theta2), 1e-8);
+  EXPECT_NEAR(F(1, 3), kBeamEI / 6 * (4 * theta1 + 2 * theta2), 1e-8);
+  EXPECT_NEAR(F(1, 6), kBeamEI / 6 * (2 * theta1 + 4 * theta2), 1e-8);
+  EXPECT_NEAR(F(2, 3), kBeamEI / 8 * 4 * theta2, 1e-8);
+  EXPECT_NEAR(F(2, 6), kBeamEI / 8 * 2 * theta2, 1e-8);
+  EXPECT_NEAR(R(1, 2), kBeamEI / 6 * (4 * theta1 + 2 * theta2), 1e-8);
 }
 
 TEST_F(ExternalProof, ARotationForcedOnAFreeJointListsItAmongTheSupports) {
@@ -98,9 +98,9 @@ TEST_F(ExternalProof, ARotationForcedOnAFreeJointListsItAmongTheSupports) {
                       std::string(kSection) + "\n@SPEC\n5,1,0,0,-0.01\n"))
       << testing::PrintToString(Told());
   EXPECT_THAT(AllReactions().nodes, testing::ElementsAre(3, 5, 7));
-  EXPECT_NEAR(R(5, 2), -0.01 * (4 * kEI / 6 + 4 * kEI / 8), 1e-8);
-  EXPECT_NEAR(R(7, 2), -0.01 * 2 * kEI / 6, 1e-8);
-  EXPECT_NEAR(R(5, 1), -0.01 * (-6 * kEI / 36 + 6 * kEI / 64), 1e-8);
+  EXPECT_NEAR(R(5, 2), -0.01 * (4 * kBeamEI / 6 + 4 * kBeamEI / 8), 1e-8);
+  EXPECT_NEAR(R(7, 2), -0.01 * 2 * kBeamEI / 6, 1e-8);
+  EXPECT_NEAR(R(5, 1), -0.01 * (-6 * kBeamEI / 36 + 6 * kBeamEI / 64), 1e-8);
 }
 
 TEST_F(ExternalProof, ANodeForcedInOneCaseStandsInTheReactionsOfAll) {
@@ -111,7 +111,7 @@ TEST_F(ExternalProof, ANodeForcedInOneCaseStandsInTheReactionsOfAll) {
   EXPECT_THAT(AllReactions().nodes, testing::ElementsAre(1, 2));
   EXPECT_NEAR(R(1, 1, 1), 3, 1e-12);
   EXPECT_EQ(R(2, 1, 1), 0);
-  const double push = 3 * kEI / 64 * 0.02;
+  const double push = 3 * kBeamEI / 64 * 0.02;
   EXPECT_NEAR(U(2, 1, 2), 0.02, 1e-14);
   EXPECT_NEAR(F(1, 5, 2), push, 1e-9);
   EXPECT_NEAR(R(2, 1, 2), push + 5, 1e-9);  // the load on the node is no part of what bends the beam
@@ -179,7 +179,7 @@ TEST_F(ExternalProof, AFloorOfOneDisplacementFollowsASettlement) {
                       "\n@ELEM\n1,1,2,0,0,1\n2,3,4,0,0,1\n" +
                       std::string(kSection) + "\n@DISP\n1,2,4\n\n@SPEC\n3,1,1,0,0\n"))
       << testing::PrintToString(Told());
-  const double shear = 3 * kEI / 64 * 0.005;
+  const double shear = 3 * kBeamEI / 64 * 0.005;
   EXPECT_NEAR(U(2, 0), 0.005, 1e-12);
   EXPECT_NEAR(U(4, 0), 0.005, 1e-12);
   EXPECT_NEAR(R(1, 0), -shear, 1e-8);

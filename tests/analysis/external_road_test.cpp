@@ -17,7 +17,7 @@ using testing::HasSubstr;
 using How = ProgramEnd::How;
 
 /// A cantilever with a free tip (node 20) that is pushed down.
-constexpr std::string_view kDeck =
+constexpr std::string_view kPushedCantilever =
     "@CONT\n1,1,0,0\n\n@UNIT\n0,0,9.80665,0\n\n@NODE\n10,0,0,1,1,1\n20,4,0,0,0,0\n"
     "\n@ELEM\n1,10,20,0,0,1\n\n@SECT\n1,0,100,20000,0,0,1,2100,0\n\n@SPEC\n20,1,0,-1,0\n";
 
@@ -26,7 +26,7 @@ class ExternalRoad : public ExternalModelTest {
   /// The one message of an analysis that fails with this companion; nothing may be left of its results.
   std::string FailureWith(Companion companion) {
     ReplaceCompanion(RunCompanion);
-    EXPECT_TRUE(Analyse(kDeck));
+    EXPECT_TRUE(Analyse(kPushedCantilever));
     EXPECT_TRUE(FileExists(ResultFolder() + "FT031"));
     ReplaceCompanion(std::move(companion));
     EXPECT_FALSE(AnalyseFile());
@@ -58,7 +58,7 @@ TEST_F(ExternalRoad, StartsTheCompanionBesideTheProgramInTheAnalysisFolder) {
     folder = in;
     return RunCompanion(started, in);
   });
-  ASSERT_TRUE(Analyse(kDeck)) << testing::PrintToString(Told());
+  ASSERT_TRUE(Analyse(kPushedCantilever)) << testing::PrintToString(Told());
   EXPECT_EQ(program, ProgramFolder + "anaZorlan");
   EXPECT_EQ(folder, AnalysisPath);
   EXPECT_EQ(Read(AnalysisPath + "ANAZOR.CTL"), "FT999.INP\nFT999.OUT\nFT999.ERR\n" + AnalysisPath + "\n");
@@ -67,7 +67,7 @@ TEST_F(ExternalRoad, StartsTheCompanionBesideTheProgramInTheAnalysisFolder) {
 TEST_F(ExternalRoad, WorksInAFolderThatTheCodePageCantName) {
   AnalysisPath = Root() + "é/";
   MakeFolder(AnalysisPath);
-  ASSERT_TRUE(Analyse(kDeck)) << testing::PrintToString(Told());
+  ASSERT_TRUE(Analyse(kPushedCantilever)) << testing::PrintToString(Told());
   EXPECT_EQ(Read(AnalysisPath + "ANAZOR.CTL"), "FT999.INP\nFT999.OUT\nFT999.ERR\n./\n");
 }
 
@@ -151,7 +151,7 @@ TEST_F(ExternalRoad, FailsWhereTheDeckCantBeWritten) {
 
 TEST_F(ExternalRoad, GivesAMovedNodeItsCode) {
   ReplaceCompanion(RunCompanion);
-  ASSERT_TRUE(Analyse(kDeck));
+  ASSERT_TRUE(Analyse(kPushedCantilever));
   EXPECT_EQ(CalcModel.Node[2].code, (std::array<std::int16_t, 3>{0, 0, 0}));  // put back behind the run
   MergedResults merged(1, 2, 1);
   ASSERT_TRUE(SolveExternalCase(1, merged));

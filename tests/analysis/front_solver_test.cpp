@@ -117,7 +117,7 @@ TEST(FrontRows, AreMissingForHeldEquationsAndKeptUndividedForToleratedOnes) {
 
 TEST(FrontCodes, OtherThanFixedAreFreeEquations) {
   for (const Codes& code : {Codes{2, 2, 2}, Codes{4, 4, 0}, Codes{3, 23, 2}}) {
-    for (const SolverRoad road : {SolverRoad::File, SolverRoad::InMemory}) {
+    for (const SolverRoad road : kRoads) {
       ModelBuilder b = Row(3, {{1, 2}, {2, 3}});
       b.NodalLoad(3, 1, -1, 2);
       const SolvedModel loose = Solve(b.model, road);
@@ -133,7 +133,7 @@ TEST(FrontCodes, OfFixedEquationsLeaveTheirUnknownAtZero) {
   ModelBuilder b = Row(3, {{1, 2}, {2, 3}});
   b.model.Node[3].code = {1, 0, 1};
   b.NodalLoad(3, 5, -1, 2);
-  for (const SolverRoad road : {SolverRoad::File, SolverRoad::InMemory}) {
+  for (const SolverRoad road : kRoads) {
     const SolvedModel s = Solve(b.model, road);
     EXPECT_EQ(s.U(3, 0), 0);
     EXPECT_EQ(s.U(3, 2), 0);

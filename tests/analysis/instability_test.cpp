@@ -8,7 +8,7 @@
 namespace zorlan::test {
 namespace {
 
-ModelBuilder Plain(ModelKind kind = kPlaneFrame) {
+ModelBuilder WithSection(ModelKind kind = kPlaneFrame) {
   ModelBuilder b(kind);
   b.Section(2e6, 0.01, 1e-4);
   return b;
@@ -16,7 +16,7 @@ ModelBuilder Plain(ModelKind kind = kPlaneFrame) {
 
 /// A bar from node 2, held, to node 1 with the number 17, which nothing holds across the bar.
 ModelBuilder LooseBar(ModelKind kind, double x, double y) {
-  ModelBuilder b = Plain(kind);
+  ModelBuilder b = WithSection(kind);
   b.Node(x, y);
   b.Node(0, 0, kClamped);
   b.Element(2, 1, 1, 1, 1);
@@ -35,7 +35,7 @@ ModelBuilder LooseFloor(bool onItsOwn) {
 }
 
 ModelBuilder WithALonelyNode(ModelKind kind) {
-  ModelBuilder b = Plain(kind);
+  ModelBuilder b = WithSection(kind);
   b.Node(0, 0, kClamped);
   b.Node(3, 0);
   b.Node(9, 9);
@@ -106,12 +106,11 @@ TEST(Instability, OfTheVerticalInAFrameWithGroupsHasTheWordForY) {
 }
 
 TEST(Instability, NamesTheFirstNodeWhosePivotVanished) {
-  ModelBuilder b = Plain();
+  ModelBuilder b = WithSection();
   b.Node(0, 0, kHinged);
   for (int n = 1; n <= 4; ++n) b.Node(0, n);
   for (int n = 1; n <= 4; ++n) b.Element(n, n + 1, 1, 1, 1);
-  for (const SolverRoad road : {SolverRoad::File, SolverRoad::InMemory})
-    EXPECT_EQ(Solve(b.model, road).instability->number, 2);
+  for (const SolverRoad road : kRoads) EXPECT_EQ(Solve(b.model, road).instability->number, 2);
 }
 
 // A node that is held in all directions needs nothing to hold it in memory; the front never meets it.
@@ -124,7 +123,7 @@ TEST(Instability, OfAHeldNodeThatNothingMeetsIsTheFileRoadsAlone) {
 
 /// The two-bar truss: nothing holds the rotation of its top. A moment of 0.7 acts on it.
 ModelBuilder TurningTop(int topRow) {
-  ModelBuilder b = Plain();
+  ModelBuilder b = WithSection();
   const double x[] = {-3, 3, 0}, y[] = {0, 0, 4};
   for (int row = 1; row <= 3; ++row) {
     const int place = row == topRow ? 2 : (row + 2 - topRow) % 3 == 0 ? 0 : 1;
@@ -151,14 +150,13 @@ TEST(Instability, OfARotationIsTolerated) {
 
 TEST(Instability, OfEitherRotationIsToleratedInAGrid) {
   for (const auto& [x, y] : {std::pair(3, 0), {0, 3}}) {
-    ModelBuilder b = Plain(kPlaneGrid);
+    ModelBuilder b = WithSection(kPlaneGrid);
     b.Node(0, 0, kClamped);
     b.Node(x, y);
     b.Node(3 * x, 3 * y, kClamped);
     b.Element(1, 2);
     b.Element(2, 3);
-    for (const SolverRoad road : {SolverRoad::File, SolverRoad::InMemory})
-      EXPECT_FALSE(Solve(b.model, road).instability);
+    for (const SolverRoad road : kRoads) EXPECT_FALSE(Solve(b.model, road).instability);
   }
 }
 
@@ -180,7 +178,7 @@ TEST(Instability, OfARotationIsToleratedBesideGroups) {
 // is 0 is left out of every reduction, so the rotation is tolerated as it stands: the bare load term on the
 // file road, 0 in memory. 12EI/L^3 = 37.5 and 6EI/L^2 = 75 then move the tip.
 TEST(Instability, OfARotationThatIsCoupledAllTheSameIsTolerated) {
-  ModelBuilder b = Plain();
+  ModelBuilder b = WithSection();
   b.Node(0, 0, kClamped);
   b.Node(4, 0, {0, 0, 2});
   b.Element(1, 2);
@@ -197,7 +195,7 @@ TEST(Instability, OfARotationThatIsCoupledAllTheSameIsTolerated) {
 
 /// An upright bar on which a spring of k t/m in U, and of m t*m/rad, is all that holds its top.
 ModelBuilder Barely(double k, double m) {
-  ModelBuilder b = Plain();
+  ModelBuilder b = WithSection();
   b.Node(0, 3, {2, 0, 2});
   b.Node(0, 0, kClamped);
   b.Element(1, 2, 1, 1, 1);
@@ -222,7 +220,7 @@ TEST(Instability, BeginsAtAPivotOfItsOwnOnEachRoad) {
 
 /// A node whose layer a spring of k t/m holds, and nothing else.
 ModelBuilder SprungFloor(double k) {
-  ModelBuilder b = Plain(kSameDisplacementFrame);
+  ModelBuilder b = WithSection(kSameDisplacementFrame);
   b.Node(0, 0, kClamped);
   b.Node(0, 3, {2, 0, 1});
   b.Element(1, 2, 1, 1, 1);
@@ -234,7 +232,7 @@ ModelBuilder SprungFloor(double k) {
 
 // A thousandth of a t/m is no stiffness for a storey, and a little more is one.
 TEST(Instability, OfALayerBeginsAtAThousandth) {
-  for (const SolverRoad road : {SolverRoad::File, SolverRoad::InMemory}) {
+  for (const SolverRoad road : kRoads) {
     for (const double k : {0.0, 0.0009, 0.001, -0.001})
       EXPECT_TRUE(Solve(SprungFloor(k).model, road).instability) << k;
     const SolvedModel s = Solve(SprungFloor(0.00101).model, road);

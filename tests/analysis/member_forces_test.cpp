@@ -12,7 +12,6 @@
 namespace zorlan::test {
 namespace {
 
-constexpr SolverRoad kRoads[] = {SolverRoad::File, SolverRoad::InMemory};
 using Seven = std::array<double, kForcesPerElement>;
 
 /// One member between clamped nodes. EA = 20000 t, EI = 200 t*m2.

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <vector>
 
+#include "support/load_terms.h"
 #include "support/model_folder.h"
 
 namespace zorlan::test {
@@ -130,19 +131,6 @@ std::vector<TypeCase> TypeCases() {
       {"above 18", 19, 1.5, EqualPoints(p, l, 20)},
       {"far above 18", 40, 1.5, EqualPoints(p, l, 41)},
   };
-}
-
-void ExpectTerms(const char* name, const LoadTerms& actual, const LoadTerms& expected) {
-  const std::array<std::pair<double, double>, 7> values = {{{actual.Ci, expected.Ci},
-                                                            {actual.Cj, expected.Cj},
-                                                            {actual.Mo, expected.Mo},
-                                                            {actual.Qi, expected.Qi},
-                                                            {actual.Qj, expected.Qj},
-                                                            {actual.Ni, expected.Ni},
-                                                            {actual.Nj, expected.Nj}}};
-  for (std::size_t i = 0; i < values.size(); ++i)
-    EXPECT_NEAR(values[i].first, values[i].second, 1e-12 * (1 + std::abs(values[i].second)))
-        << name << ", value " << i;
 }
 
 /// The end shears of the fixed beam: those of the simple beam, and the end moments' couple.

@@ -34,8 +34,6 @@ double LargestDifference(std::span<const double> a, std::span<const double> b) {
   return largest;
 }
 
-constexpr SolverRoad kRoads[] = {SolverRoad::File, SolverRoad::InMemory};
-
 TEST(EveryModel, HasTheSameDisplacementsForcesAndReactionsOnBothRoads) {
   for (const RandomShape& shape : Shapes()) {
     const ModelRec model = RandomModel(shape).Model();

@@ -12,9 +12,6 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr SolverRoad kRoads[] = {SolverRoad::File, SolverRoad::InMemory};
-constexpr double kEI = 200;
-
 /// A beam of 4 m along X with a load of 3 t/m downwards.
 ModelBuilder LoadedBeam(ModelKind kind, Codes left, Codes right, double w = -3) {
   ModelBuilder b(kind);

@@ -7,15 +7,14 @@
 namespace zorlan::test {
 namespace {
 
-constexpr SolverRoad kRoads[] = {SolverRoad::File, SolverRoad::InMemory};
-constexpr double kEA = 20000, kEI = 200;
-constexpr double kColumn = 3 * kEI / 27;  // a cantilever of 3 m, t/m
+constexpr double kBarEA = 20000, kColumnEI = 200;
+constexpr double kColumn = 3 * kColumnEI / 27;  // a cantilever of 3 m, t/m
 
 /// Two cantilever columns, 3 m high, with a bar of 6 m between their heads, the nodes 3 and 4; 1 t pushes
 /// head 3.
 ModelBuilder TwoColumns(Codes left = kLoose, Codes right = kLoose) {
   ModelBuilder b(kSameDisplacementFrame);
-  b.Section(2e6, kEA / 2e6, kEI / 2e6);
+  b.Section(2e6, kBarEA / 2e6, kColumnEI / 2e6);
   b.Node(0, 0, kClamped);
   b.Node(6, 0, kClamped);
   b.Node(0, 3, left);
@@ -41,7 +40,7 @@ TEST(SameDisplacement, OfTwoHeadsIsOneNumber) {
 
 // The bar of EA/L = 3333 t/m is strained by what it hands on to the second column: u4 = u3 k/(k + K).
 TEST(SameDisplacement, WithoutGroupsLeavesEveryNodeItsOwn) {
-  const double bar = kEA / 6, share = bar / (bar + kColumn);
+  const double bar = kBarEA / 6, share = bar / (bar + kColumn);
   for (const SolverRoad road : kRoads) {
     const SolvedModel s = Solve(TwoColumns().model, road);
     EXPECT_NEAR(s.U(3, 0), 1 / (kColumn + kColumn * share), 1e-12);
@@ -104,7 +103,7 @@ TEST(SameDisplacement, OfAGroupWithAHeldNodeIsFreeOnTheFileRoadAndFollowsTheLast
     ASSERT_FALSE(memory.instability) << c.name;
     EXPECT_NEAR(memory.U(3, 0), c.heldInMemory ? 0 : free, 1e-12) << c.name;
     // A held head turns by M L/4EI, a free one by more.
-    EXPECT_NEAR(memory.U(4, 2), c.heldInMemory ? 3 / (4 * kEI) : file.U(4, 2), 1e-12) << c.name;
+    EXPECT_NEAR(memory.U(4, 2), c.heldInMemory ? 3 / (4 * kColumnEI) : file.U(4, 2), 1e-12) << c.name;
   }
 }
 
@@ -131,7 +130,7 @@ TEST(SameDisplacement, OfAShearBuildingAddsUpItsStoreys) {
   b.Group({5, 6});
   b.NodalLoad(4, 2, 0, 0);
   b.NodalLoad(6, 1, 0, 0);
-  const double storey = 2 * 12 * kEI / 27;
+  const double storey = 2 * 12 * kColumnEI / 27;
   for (const SolverRoad road : kRoads) {
     const SolvedModel s = Solve(b.model, road);
     EXPECT_NEAR(s.U(3, 0), 3 / storey, 1e-12);

@@ -11,8 +11,6 @@
 namespace zorlan::test {
 namespace {
 
-constexpr SolverRoad kRoads[] = {SolverRoad::File, SolverRoad::InMemory};
-
 /// A member of 3 m from `support` in the direction (c, s); 1 t across and along at its tip, in each
 /// direction.
 ModelBuilder Cantilever(Codes support, double c = 1, double s = 0, ModelKind kind = kPlaneFrame) {

@@ -49,8 +49,6 @@ class KeyboardTest : public DesktopTest {
   }
 };
 
-}  // namespace
-
 TEST_F(KeyboardTest, AWholeSessionIsDoneByKeysAlone) {
   Script().Expect(QStringLiteral("frmProject"), [](QWidget&) {
     // The tree stands at the data folder; below it are the two projects.
@@ -112,4 +110,5 @@ TEST_F(KeyboardTest, EnterOnADeletingQuestionDeletesNothing) {
   EXPECT_TRUE(FileExists(DefaultDataPath + "test.zor/frame.inp"));
 }
 
+}  // namespace
 }  // namespace zorlan::test

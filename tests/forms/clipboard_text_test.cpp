@@ -5,12 +5,12 @@
 namespace zorlan {
 namespace {
 
-using Cells = std::vector<std::vector<std::string>>;
+using CellRows = std::vector<std::vector<std::string>>;
 
 struct ClipboardCase {
   const char* name;
   std::string_view text;
-  Cells cells;
+  CellRows cells;
 };
 
 const ClipboardCase kCases[] = {

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr double kCm = kTwipsPerCm, kHalfHigh = 0.35 / 2 * kCm, kWidth = 4 * kHalfHigh;
+constexpr double kCm = kTwipsPerCm, kHalfHeight = 0.35 / 2 * kCm, kWidth = 4 * kHalfHeight;
 
 class DiagramLabels : public testing::Test {
  protected:
@@ -34,7 +34,7 @@ class DiagramLabels : public testing::Test {
     values_.Write();
     std::vector<Stand> stands;
     for (const DrawOperation& o : plot_.drawingList)
-      stands.push_back({(o.x - 2000) / kCm, (1000 - o.y - kHalfHigh) / kCm});
+      stands.push_back({(o.x - 2000) / kCm, (1000 - o.y - kHalfHeight) / kCm});
     return stands;
   }
 

@@ -360,14 +360,14 @@ TEST_F(DiagramTest, ResultsThatAreMissingOrTooShortDrawNothing) {
 }
 
 TEST_F(DiagramTest, ResultsThatAreNoNumbersHarmNothing) {
-  constexpr double kNone = std::numeric_limits<double>::infinity(),
-                   kNaN = std::numeric_limits<double>::quiet_NaN();
+  constexpr double kEndless = std::numeric_limits<double>::infinity(),
+                   kNoNumber = std::numeric_limits<double>::quiet_NaN();
   FigureOptions& o = figure_.options;
   o.axialValue.visible = o.shearValue.visible = o.momentValue.visible = true;
-  for (const double wrong : {kNone, kNaN, 1e308, -1e-320})
+  for (const double wrong : {kEndless, kNoNumber, 1e308, -1e-320})
     AddMember({1, 5}, {5, 5}, {wrong, wrong, wrong, wrong, wrong, wrong, wrong});
-  figure_.model.DisplacementTable = {{kNaN, kNone, 0}, {1e308, -1e308, 0}};
-  figure_.model.ratios = {kNaN, kNone, 1e308, -1};
+  figure_.model.DisplacementTable = {{kNoNumber, kEndless, 0}, {1e308, -1e308, 0}};
+  figure_.model.ratios = {kNoNumber, kEndless, 1e308, -1};
   for (const Routine routine :
        {DrawMomentData, DrawNormalData, DrawNormalShearData, DrawDisplacementData, DrawRatioData})
     for (const DrawOperation& operation : Draw(routine)) {

@@ -26,7 +26,7 @@ using testing::StartsWith;
 
 // The beam from (0, 0) to (10, 0) runs from (1500, 5000) to (11500, 5000) on 13000 x 10000 twips, 1 mm a
 // twip.
-ModelBuilder Beam() {
+ModelBuilder TitledBeam() {
   ModelBuilder b;
   b.Node(0, 0, {1, 1, 0});
   b.Node(10, 0, {0, 1, 0});
@@ -45,7 +45,7 @@ Figure Bare(Figure figure) {
 // node's at its upper right, 25 + 0.75 x 30 off; a member's above its centre with a gap of 30, its section's
 // below.
 TEST(FrameFigure, ABeamOnTwoSupports) {
-  const std::vector<std::string> lines = Lines(FigureOf(Beam().model), kModelFigure);
+  const std::vector<std::string> lines = Lines(FigureOf(TitledBeam().model), kModelFigure);
   EXPECT_THAT(
       lines,
       ElementsAre(
@@ -67,7 +67,7 @@ TEST(FrameFigure, ABeamOnTwoSupports) {
 }
 
 TEST(FrameFigure, TheRecordingHoldsWhatTheSurfaceReceived) {
-  ModelBuilder b = Beam();
+  ModelBuilder b = TitledBeam();
   b.ElementLoad(1, -2, 10, 1);
   Recorder page = PageRecorder();
   page.surface.marginLeft = page.surface.marginTop = page.surface.marginRight = page.surface.marginBottom =
@@ -118,14 +118,14 @@ TEST(FrameFigure, TheTitleNamesModelFigureAndCase) {
         "TEXT, TITLE_TXT, 12000, 334, (単位:t･m), 900, 180, 0"}},
   };
   for (const TitleCase& c : kCases) {
-    Figure figure = FigureOf(Beam().model);
+    Figure figure = FigureOf(TitledBeam().model);
     figure.model.name = "B1";
     EXPECT_EQ(LayerLines(figure, c.kind, layer::kTitle), c.lines) << c.kind;
   }
 }
 
 TEST(FrameFigure, TheUnitInTheTitleFollowsTheUnitsOfLoadsAndResults) {
-  ModelBuilder b = Beam();
+  ModelBuilder b = TitledBeam();
   b.model.InUnit = 1;
   EXPECT_THAT(LayerLines(FigureOf(b.model), kLoadCheck, layer::kTitle).back(), HasSubstr("(単位:kN)"));
   EXPECT_THAT(LayerLines(FigureOf(b.model), kMomentFigure, layer::kTitle).back(), HasSubstr("(単位:t･m)"));
@@ -137,7 +137,7 @@ TEST(FrameFigure, TheUnitInTheTitleFollowsTheUnitsOfLoadsAndResults) {
 }
 
 TEST(FrameFigure, ALongTitleIsMadeSmallerToFitItsCell) {
-  ModelBuilder b = Beam();
+  ModelBuilder b = TitledBeam();
   b.model.Title = std::string(72, 'A');
   const std::vector<std::string> lines =
       LayerLines(FigureOf(b.model), kModelFigure, layer::kTitle, Recorder(6725, 5000));
@@ -148,7 +148,7 @@ TEST(FrameFigure, ALongTitleIsMadeSmallerToFitItsCell) {
 
 // At 140 twips, the smallest that prints well, 4800 twips hold 68 half-width characters.
 TEST(FrameFigure, ATitleTooLongForItsCellTakesMoreLines) {
-  ModelBuilder b = Beam();
+  ModelBuilder b = TitledBeam();
   b.model.Title = std::string(72, 'A');
   EXPECT_THAT(LayerLines(FigureOf(b.model), kLoadCheck, layer::kTitle, Recorder(5000, 5000)),
               ElementsAre("TEXT, TITLE_TXT, 100, 100, タイトル：" + std::string(58, 'A') + ", 4760, 140, 0",
@@ -158,7 +158,7 @@ TEST(FrameFigure, ATitleTooLongForItsCellTakesMoreLines) {
 }
 
 TEST(FrameFigure, ATitleBeyondAllMeasureEndsInDots) {
-  ModelBuilder b = Beam();
+  ModelBuilder b = TitledBeam();
   b.model.Title = "";
   for (int k = 0; k < 300; ++k) b.model.Title += "題";
   const std::vector<std::string> lines =
@@ -168,7 +168,7 @@ TEST(FrameFigure, ATitleBeyondAllMeasureEndsInDots) {
 }
 
 TEST(FrameFigure, AModelOutsideTheRangeDrawsOnlyItsTitle) {
-  Figure figure = FigureOf(Beam().model);
+  Figure figure = FigureOf(TitledBeam().model);
   figure.range.xLower = 20;
   figure.range.xUpper = 30;
   Recorder surface;
@@ -268,7 +268,7 @@ class Failing : public Recorder {
 TEST(FrameFigure, AFaultIsReportedAndTheFigureStaysAsFarAsItWasDrawn) {
   Messages messages;
   Failing surface;
-  Figure figure = FigureOf(Beam().model);
+  Figure figure = FigureOf(TitledBeam().model);
   Plot plot(surface);
   DrawFrameFigure(plot, "", figure, kModelFigure);
   EXPECT_THAT(surface.lines, SizeIs(1));
@@ -284,7 +284,7 @@ TEST(FrameFigure, APageFigureLiesInItsCellWithinTheMargins) {
   page.surface.marginTop = 700;
   page.surface.marginBottom = 300;
   // Left over are 13000 x 10000; the lower cell of layout 2 is 13000 x 5000 at (600, 5700).
-  Figure figure = Bare(FigureOf(Beam().model));
+  Figure figure = Bare(FigureOf(TitledBeam().model));
   EXPECT_EQ(LayerLines(figure, kModelFigure, layer::kModel, page)[0],
             "LINE, MODEL, 2100, 5700, 12100, 5700, 255");
   Plot plot(page);
@@ -299,7 +299,7 @@ TEST(FrameFigure, APictureControlTakesNoPageMargins) {
   Recorder page = PageRecorder();
   page.surface.marginLeft = page.surface.marginTop = page.surface.marginRight = page.surface.marginBottom =
       1000;
-  Figure figure = FigureOf(Beam().model);
+  Figure figure = FigureOf(TitledBeam().model);
   Plot plot(page);
   DrawFrameFigure(plot, "frmPicture1", figure, kModelFigure);
   EXPECT_EQ(plot.OffsetX, 0);
@@ -310,7 +310,7 @@ TEST(FrameFigure, APictureControlTakesNoPageMargins) {
 }
 
 TEST(FrameFigure, TheWindowStaysWithoutTheFitFlag) {
-  Figure figure = FigureOf(Beam().model);
+  Figure figure = FigureOf(TitledBeam().model);
   Recorder surface;
   Plot plot(surface);
   DrawFrameFigure(plot, "", figure, kModelFigure);
@@ -330,7 +330,7 @@ TEST(FrameFigure, TheWindowStaysWithoutTheFitFlag) {
 // half of a page, 6500 wide, that is 1 mm a twip: the beam begins at 750 and is cut a
 // quarter of a millimetre before the edge.
 TEST(FrameFigure, APartOfAFigureOnAPageKeepsToItsCell) {
-  Figure figure = Bare(FigureOf(Beam().model));
+  Figure figure = Bare(FigureOf(TitledBeam().model));
   Recorder surface;
   Plot screen(surface);
   DrawFrameFigure(screen, "", figure, kModelFigure);
@@ -345,7 +345,7 @@ TEST(FrameFigure, APartOfAFigureOnAPageKeepsToItsCell) {
 
 // The arrows of a fitted figure in a low cell and a sway of 40 cm reach far beyond the model.
 TEST(FrameFigure, OfSeveralFiguresOnAPageNoneReachesIntoItsNeighbour) {
-  ModelBuilder b = Beam();
+  ModelBuilder b = TitledBeam();
   b.Element(2, b.Node(10, 5));
   b.NodalLoad(3, 1, -2, 3);
   Figure figure = FigureOf(b.model);
@@ -375,7 +375,7 @@ TEST(FrameFigure, OfSeveralFiguresOnAPageNoneReachesIntoItsNeighbour) {
 
 // The usual case: four figures on upright A4, whose margins leave cells of 90 mm, and a sway of 1 cm.
 TEST(FrameFigure, ASwayOfOneCentimetreLiesInTheMarginOfItsCell) {
-  ModelBuilder b = Beam();
+  ModelBuilder b = TitledBeam();
   Figure figure = FigureOf(b.model);
   figure.model.DisplacementTable = {{}, {.x = 1, .y = 0}, {.x = 1, .y = 0}};
   Recorder page = PageRecorder(180 * kTwipsPerMm, 269 * kTwipsPerMm);
@@ -390,7 +390,7 @@ TEST(FrameFigure, ASwayOfOneCentimetreLiesInTheMarginOfItsCell) {
 
 TEST(FrameFigure, TheTitleOfALowCellIsSmall) {
   Recorder page = PageRecorder();
-  Figure figure = FigureOf(Beam().model);
+  Figure figure = FigureOf(TitledBeam().model);
   Plot plot(page);
   plot.RecordDrawing = true;
   DrawFrameFigure(plot, "", figure, kModelFigure, 4, 0);  // 3333 high
@@ -398,7 +398,7 @@ TEST(FrameFigure, TheTitleOfALowCellIsSmall) {
 }
 
 TEST(FrameFigure, WithoutAKindTheFormsDiagramTypeIsDrawn) {
-  Figure figure = FigureOf(Beam().model);
+  Figure figure = FigureOf(TitledBeam().model);
   figure.DiagramType = kShearFigure;
   Recorder surface;
   Plot plot(surface);
@@ -433,7 +433,7 @@ TEST(FrameFigure, AGridsDiagramsAreSeenObliquely) {
 }
 
 TEST(FrameFigure, AFramesDiagramsLieInItsPlane) {
-  Figure figure = FigureOf(Beam().model);
+  Figure figure = FigureOf(TitledBeam().model);
   Recorder surface;
   Plot plot(surface);
   PrepareFigure(plot, "", figure, kMomentFigure, 0, 0);
@@ -442,7 +442,7 @@ TEST(FrameFigure, AFramesDiagramsLieInItsPlane) {
 }
 
 TEST(FrameFigure, OptionsSetPensAndHideParts) {
-  Figure figure = Bare(FigureOf(Beam().model));
+  Figure figure = Bare(FigureOf(TitledBeam().model));
   figure.options.element = {.visible = true, .width = 3, .style = LineStyle::Dotted, .colour = 65280};
   Recorder surface;
   Plot plot(surface);
@@ -456,7 +456,7 @@ TEST(FrameFigure, OptionsSetPensAndHideParts) {
 }
 
 TEST(FrameFigure, OnAPageAMembersBrokenStyleIsFourSegments) {
-  Figure figure = Bare(FigureOf(Beam().model));
+  Figure figure = Bare(FigureOf(TitledBeam().model));
   figure.options.element.style = LineStyle::Dotted;
   const std::vector<std::string> lines = Lines(figure, kModelFigure, PageRecorder());
   EXPECT_EQ(lines[0], "LINE, MODEL, 1500, 5000, 2125, 5000, 255");
@@ -464,7 +464,7 @@ TEST(FrameFigure, OnAPageAMembersBrokenStyleIsFourSegments) {
 }
 
 TEST(FrameFigure, SymbolsFollowTheNodesSize) {
-  Figure figure = Bare(FigureOf(Beam().model));
+  Figure figure = Bare(FigureOf(TitledBeam().model));
   figure.options.node.width = 2;
   EXPECT_EQ(Lines(figure, kModelFigure)[1], "LINE, MODEL, 1500, 5000, 1260, 5400, 0");
   EXPECT_EQ(SupportSize(figure.options), 400);
@@ -472,7 +472,7 @@ TEST(FrameFigure, SymbolsFollowTheNodesSize) {
 }
 
 TEST(FrameFigure, NumbersTakeTheirMarks) {
-  Figure figure = FigureOf(Beam().model);
+  Figure figure = FigureOf(TitledBeam().model);
   figure.options.nodeNumber.visible = false;
   figure.options.elementNumber.mark = figure.options.sectionNumber.mark = true;
   const std::vector<std::string> lines = Lines(figure, kModelFigure);

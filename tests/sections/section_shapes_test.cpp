@@ -9,7 +9,7 @@
 namespace zorlan {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
+using std::numbers::pi;
 
 void ExpectAllZero(const ShapeConstants& c) {
   for (const double value : {c.A, c.Ix, c.Iy, c.ix, c.iy, c.Zx, c.Zy, c.iq}) EXPECT_EQ(value, 0);
@@ -39,10 +39,10 @@ TEST(Box, IsTheOuterRectangleLessTheInner) {  // 200 by 100 by 10: inner 180 by 
 
 TEST(Pipe, IsARing) {  // 100 by 10: inner 80
   const ShapeConstants c = PipeConstants(100, 10);
-  EXPECT_DOUBLE_EQ(c.A, kPi * 900);      // (100^2 - 80^2)/4
-  EXPECT_DOUBLE_EQ(c.Ix, kPi * 922500);  // (10^8 - 4096e4)/64
+  EXPECT_DOUBLE_EQ(c.A, pi * 900);      // (100^2 - 80^2)/4
+  EXPECT_DOUBLE_EQ(c.Ix, pi * 922500);  // (10^8 - 4096e4)/64
   EXPECT_EQ(c.Iy, c.Ix);
-  EXPECT_DOUBLE_EQ(c.Zx, kPi * 18450);
+  EXPECT_DOUBLE_EQ(c.Zx, pi * 18450);
   EXPECT_EQ(c.Zy, c.Zx);
   EXPECT_DOUBLE_EQ(c.ix, std::sqrt(1025));  // sqrt(100^2 + 80^2)/4
   EXPECT_EQ(c.iy, c.ix);
@@ -73,15 +73,15 @@ TEST(SectionH, CompressionPartHasNoWebWhereTheFlangeIsThickerThanASixth) {
 /// about its own centroid, in closed form.
 struct Fillet {
   explicit Fillet(double r)
-      : A((1 - kPi / 4) * r * r),
-        centroid(r * (10 - 3 * kPi) / (12 - 3 * kPi)),
-        I((1.0 / 3 - kPi / 16 - 1 / (36 - 9 * kPi)) * r * r * r * r) {}
+      : A((1 - pi / 4) * r * r),
+        centroid(r * (10 - 3 * pi) / (12 - 3 * pi)),
+        I((1.0 / 3 - pi / 16 - 1 / (36 - 9 * pi)) * r * r * r * r) {}
   double A, centroid, I;
 };
 
 /// The integral of (y + s)^2 sqrt(r^2 - y^2) over y from 0 to r.
 double QuarterCircleMoment(double r, double s) {
-  return kPi * std::pow(r, 4) / 16 + 2 * s * r * r * r / 3 + s * s * kPi * r * r / 4;
+  return pi * std::pow(r, 4) / 16 + 2 * s * r * r * r / 3 + s * s * pi * r * r / 4;
 }
 
 struct RolledSize {

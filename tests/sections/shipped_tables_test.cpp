@@ -17,7 +17,7 @@
 namespace zorlan {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
+using std::numbers::pi;
 
 std::string SteelFolder() {
   return ZORLAN_SOURCE_DIR "/data/鋼材TABLE/";
@@ -37,14 +37,14 @@ class Drawing {
     const double dx = x1 - x0, dy = y1 - y0;
     Add(sign * dx * dy, (x0 + x1) / 2, (y0 + y1) / 2, dy * dy / 12, dx * dx / 12, 0);
   }
-  void Disc(double D, double sign) { Add(sign * kPi * D * D / 4, 0, 0, D * D / 16, D * D / 16, 0); }
+  void Disc(double D, double sign) { Add(sign * pi * D * D / 4, 0, 0, D * D / 16, D * D / 16, 0); }
   /// What a rounding of radius r fills into, or with -1 takes off, the corner (x, y) of two lines that leave
   /// it towards dx and dy.
   void Corner(double x, double y, double dx, double dy, double r, double sign) {
-    const double share = 1 - kPi / 4;                             // of the square of side r
-    const double c = r * (10 - 3 * kPi) / (12 - 3 * kPi);         // centroid
-    const double atCorner = 1 - 5 * kPi / 16;                     // moment about a side, times r^4
-    const double product = 19.0 / 24 - kPi / 4;                   // about the corner, times r^4
+    const double share = 1 - pi / 4;                              // of the square of side r
+    const double c = r * (10 - 3 * pi) / (12 - 3 * pi);           // centroid
+    const double atCorner = 1 - 5 * pi / 16;                      // moment about a side, times r^4
+    const double product = 19.0 / 24 - pi / 4;                    // about the corner, times r^4
     const double I = (atCorner * r * r - share * c * c) / share;  // per area
     const double P = (product * r * r - share * c * c) / share;
     Add(sign * share * r * r, x + dx * c, y + dy * c, I, I, dx * dy * P);
@@ -123,7 +123,7 @@ SteelSection DrawPipe(const Values& v) {
 /// strips along the flanges, from the web's back at x = 0.
 SteelSection DrawChannel(const Values& v) {
   const auto [H, B, t1, t2, r1, r2] = std::tie(v[0], v[1], v[2], v[3], v[4], v[5]);
-  const double slope = 5 * kPi / 180;
+  const double slope = 5 * pi / 180;
   const auto face = [&, B = B, t1 = t1, t2 = t2](double x) {
     return t2 + ((t1 + B) / 2 - x) * std::tan(slope);
   };

@@ -16,6 +16,7 @@
 namespace zorlan::test {
 
 inline constexpr double kPivotTolerance = 1e-20;
+inline constexpr SolverRoad kRoads[] = {SolverRoad::File, SolverRoad::InMemory};
 
 struct SolvedModel {
   std::vector<Member> members;
