@@ -33,7 +33,9 @@ class NumberReader {
         !std::isfinite(value))
       Refuse("数値でないデータがあります");
     at_ = result.ptr;
-    if (at_ == end_ && Refill() && !IsSeparator(*at_)) Refuse("数値でないデータがあります");
+    // Every writer sets something behind a number: one that the file's end cuts off may have had more digits.
+    if (at_ == end_ && !Refill()) Refuse("ファイルが途中で終わっています");
+    if (!IsSeparator(*at_)) Refuse("数値でないデータがあります");
     return value;
   }
 
@@ -119,6 +121,7 @@ Reactions ReadReactions(const std::string& folder) {
   reactions.cases = index.NextCount(kMaxLoadCases);
   reactions.nodes.resize(static_cast<std::size_t>(index.NextCount(kMaxNodes)));
   for (int& node : reactions.nodes) node = index.NextCount(kHighestNodeNumber);
+  index.ExpectEnd();
   NumberReader reader(folder + "FT022");
   const std::size_t records = static_cast<std::size_t>(reactions.cases) * reactions.nodes.size();
   reader.Expect(records * 4);
@@ -128,6 +131,7 @@ Reactions ReadReactions(const std::string& folder) {
       reader.Next();  // the node's number again
       for (int d = 0; d < 3; ++d) reactions.values.push_back(reader.Next());
     }
+  reader.ExpectEnd();
   return reactions;
 }
 

@@ -5,11 +5,13 @@
 // FT022A  cases, number of supported nodes, their numbers
 // FT031   member forces: case, element row, the seven values N(I) Q(I) M(I) N(J) Q(J) M(J) M(C)
 //
-// A reader splits at blanks, commas and line ends. Folders are texts with a closing separator.
+// A reader splits at blanks, commas and line ends; a number that ends with its file is a number cut off.
+// Folders are texts with a closing separator.
 #pragma once
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zorlan {
@@ -59,7 +61,11 @@ enum class Behind { Anything, Nothing };
 /// no number, more numbers where nothing may follow.
 std::vector<double> ReadReals(const std::string& path, std::size_t count, Behind behind = Behind::Anything);
 
-/// FT022A and FT022 of a folder.
+/// What the user is told of results that are missing or don't fit the model.
+inline constexpr std::string_view kNoFittingResults =
+    "入力データに合う解析結果がありません。静解析を行ってください";
+
+/// FT022A and FT022 of a folder. Throws as above, also for numbers behind the last that FT022A asks for.
 Reactions ReadReactions(const std::string& folder);
 /// The same; those of another number of load cases are a Fault.
 Reactions ReadReactions(const std::string& folder, int cases);

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <optional>
 
-#include "analysis/result_files.h"
 #include "base/fault.h"
 #include "base/host.h"
 #include "base/number.h"

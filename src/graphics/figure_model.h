@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "analysis/result_files.h"
 #include "model/model_rec.h"
 #include "model/table_file.h"
 
@@ -83,10 +84,7 @@ FigureModel ReadFigureDeck(std::string_view deck);
 /// with nothing added, when one is missing, has something else than numbers, or not just as many of them as
 /// the model needs: it was changed since.
 void ReadFigureResults(FigureModel& model, const std::string& folder);
-/// The same; false for a Fault, where the user learns what to do and not what is wrong.
+/// The same; false for a Fault, where the user learns what to do (kNoFittingResults) and not what is wrong.
 bool LoadFigureResults(FigureModel& model, const std::string& folder);
-/// What the user is told then.
-inline constexpr std::string_view kNoFittingResults =
-    "入力データに合う解析結果がありません。静解析を行ってください";
 
 }  // namespace zorlan

@@ -19,7 +19,7 @@ class ResultFiles : public test::ModelFolderTest {
 };
 
 TEST_F(ResultFiles, NumbersStandBetweenBlanksCommasAndLineEnds) {
-  EXPECT_THAT(ReadReals(File("  1 ,-2.5\r\n\r\n3e-05\n,, 4\t5"), 5), ElementsAre(1, -2.5, 3e-5, 4, 5));
+  EXPECT_THAT(ReadReals(File("  1 ,-2.5\r\n\r\n3e-05\n,, 4\t5 "), 5), ElementsAre(1, -2.5, 3e-5, 4, 5));
 }
 
 TEST_F(ResultFiles, WhatFollowsTheNumbersAskedForIsLeft) {
@@ -48,6 +48,7 @@ TEST_F(ResultFiles, WhatIsBrokenIsToldWithTheFile) {
       {"", 1, "ファイルが途中で終わっています"},
       {"1 2\r\n", 3, "ファイルが途中で終わっています"},
       {"1", 1000000000000000, "ファイルが途中で終わっています"},
+      {"1 2.71", 2, "ファイルが途中で終わっています"},
       {"1 two", 2, "数値でないデータがあります"},
       {"1.2.3", 1, "数値でないデータがあります"},
       {"nan", 1, "数値でないデータがあります"},
@@ -76,9 +77,30 @@ TEST_F(ResultFiles, ReactionsComeBackHoweverTheirRecordsAreGrouped) {
   }
 }
 
+// Wherever a file is cut, a number of its last line is missing or has lost its end.
+TEST_F(ResultFiles, AFileCutInsideItsLastNumberIsRefusedAndNotTakenForAnotherNumber) {
+  WriteForces(Root(), std::vector<double>{1.5, -271.828});
+  const std::string whole = ReadBytes(Root() + "FT031");
+  EXPECT_THAT(ReadReals(Root() + "FT031", 2), ElementsAre(1.5, -271.828));
+  for (std::size_t length = whole.find('-') + 2; length <= whole.find("828") + 3; ++length)
+    EXPECT_THAT(FaultOf([&] { ReadReals(File(whole.substr(0, length)), 2); }),
+                HasSubstr("ファイルが途中で終わっています"))
+        << length;
+}
+
+TEST_F(ResultFiles, ReactionsWithMoreThanTheirIndexSaysAreRefused) {
+  const Reactions written = {1, {30, 10}, {1, 2, 3, 4, 5, 6}};
+  for (const char* const name : {"FT022", "FT022A"}) {
+    WriteReactions(Root(), written, ReactionLines::One);
+    ReplaceBytes(Root() + name, ReadBytes(Root() + name) + " 7 \r\n");
+    EXPECT_THAT(FaultOf([&] { ReadReactions(Root()); }),
+                HasSubstr(std::string(name) + " ： データの個数が正しくありません"));
+  }
+}
+
 TEST_F(ResultFiles, AnIndexThatPromisesMoreThanTheReactionsHoldIsRefused) {
-  ReplaceBytes(Root() + "FT022A", "20 3 1 2 3");
-  ReplaceBytes(Root() + "FT022", "1 0 0 0");
+  ReplaceBytes(Root() + "FT022A", "20 3 1 2 3 ");
+  ReplaceBytes(Root() + "FT022", "1 0 0 0 ");
   EXPECT_THAT(FaultOf([&] { ReadReactions(Root()); }), HasSubstr("FT022 ： ファイルが途中で終わっています"));
 }
 
