@@ -306,14 +306,16 @@ FileWriter::FileWriter(const std::string& path, Start start) : file_(std::make_u
 FileWriter::~FileWriter() = default;
 
 void FileWriter::Drain() {
-  if (buffer_.size() < kDrainAt) return;
+  if (buffer_.size() >= kDrainAt) DrainAll();
+}
+
+void FileWriter::DrainAll() {
   file_->Write(buffer_);
   buffer_.clear();
 }
 
 void FileWriter::Commit(Flush flush) {
-  file_->Write(buffer_);
-  buffer_.clear();
+  DrainAll();
   file_->TakePlace(flush == Flush::Yes);
 }
 

@@ -106,9 +106,11 @@ class FileWriter {
   FileWriter(const FileWriter&) = delete;
   FileWriter& operator=(const FileWriter&) = delete;
 
-  /// Bytes to come; call Drain from time to time, it writes them once they are many.
+  /// Bytes to come; call Drain from time to time, it writes them once they are many. Behind DrainAll only the
+  /// name is left for Commit: of files that belong together all are drained before the first takes its name.
   std::string& Buffer() { return buffer_; }
   void Drain();
+  void DrainAll();
   void Commit(Flush flush = Flush::No);
 
  private:

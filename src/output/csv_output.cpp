@@ -1,5 +1,6 @@
 #include "output/csv_output.h"
 
+#include <algorithm>
 #include <exception>
 #include <new>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "base/text_file.h"
 #include "model/deck.h"
 #include "model/model_state.h"
+#include "model/number_rows.h"
 
 namespace zorlan {
 namespace {
@@ -49,15 +51,38 @@ struct CsvContents {
   Reactions reactions;
 };
 
-/// Reads the results of the deck just read.
-CsvContents ReadContents(const OutputForce& unit) {
-  CsvContents contents;
+/// Reads the results in the analysis folder as they belong to the deck just read. Throws a FileFault where
+/// they don't: their values would stand beside the numbers of other nodes and elements.
+void ReadResults(CsvContents& contents) {
   contents.cases = RawModel.MaxLoadCase;
   contents.displacements =
-      ReadReals(AnalysisPath + "FT021", ValueCount(contents.cases, RawModel.NodeCount, 3));
+      ReadReals(AnalysisPath + "FT021", ValueCount(contents.cases, RawModel.NodeCount, 3), Behind::Nothing);
   contents.forces =
-      ReadReals(AnalysisPath + "FT031", ValueCount(contents.cases, RawModel.ElemCount, kForcesPerElement));
-  if (FileExists(AnalysisPath + "FT022A")) contents.reactions = ReadReactions(AnalysisPath, contents.cases);
+      ReadReals(AnalysisPath + "FT031", ValueCount(contents.cases, RawModel.ElemCount, kForcesPerElement),
+                Behind::Nothing);
+  if (!FileExists(AnalysisPath + "FT022A")) return;
+  contents.reactions = ReadReactions(AnalysisPath, contents.cases);
+  const NumberRows rows(RawModel.Node, RawModel.NodeCount);
+  for (const int node : contents.reactions.nodes)
+    if (rows.Row(node) == 0)
+      throw FileFault(AnalysisPath + "FT022A", "節点 " + std::to_string(node) + " はモデルにありません");
+}
+
+/// A complaint about a file of the analysis folder with the name that it has beside the deck: the folder of a
+/// program without windows is gone when the user reads it.
+std::string NamingStoredFile(std::string complaint) {
+  if (complaint.starts_with(AnalysisPath)) complaint.replace(0, AnalysisPath.size(), ResultFolder());
+  return complaint;
+}
+
+/// The results of the deck just read, in the units of the files.
+CsvContents ReadContents(const OutputForce& unit) {
+  CsvContents contents;
+  try {
+    ReadResults(contents);
+  } catch (const FileFault& fault) {
+    throw Fault(std::string(kNoFittingResults) + "（" + NamingStoredFile(fault.what()) + "）");
+  }
   // The same factors in a grid, though its second value is a rotation: the columns are the frame's.
   for (std::size_t i = 0; i < contents.displacements.size(); ++i)
     if (i % 3 != 2) contents.displacements[i] *= kCmPerM;
@@ -88,7 +113,9 @@ void WriteContents(const std::array<std::string, 3>& paths, const CsvContents& c
              [](int index) { return RawModel.Elem[index + 1].number; });
   WriteTable(reactions, CsvReactionHeading(forceIndex), contents.reactions.Table(),
              [&](int index) { return contents.reactions.nodes[static_cast<std::size_t>(index)]; });
-  for (FileWriter* const file : {&displacements, &forces, &reactions}) file->Commit();
+  const std::array files = {&displacements, &forces, &reactions};
+  for (FileWriter* const file : files) file->DrainAll();
+  for (FileWriter* const file : files) file->Commit();
 }
 
 void WriteResults(const std::array<std::string, 3>& paths) {
@@ -148,7 +175,7 @@ CsvResult WriteCsvFiles(std::string_view folder, std::string_view name) {
   }
   for (std::size_t i = 0; i < kEndings.size(); ++i)
     result.paths[i] = FolderText(folder) + std::string(name) + std::string(kEndings[i]);
-  if (!CanWriteFile(result.paths[0])) {
+  if (!std::ranges::all_of(result.paths, CanWriteFile)) {
     Tell("ファイルを書き込めませんでした\nフォルダ名またはファイル名を確認してください");
     return result;
   }

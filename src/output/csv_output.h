@@ -23,8 +23,9 @@ struct CsvResult {
 std::string CsvBaseName();
 
 /// Writes `name`_D.CSV, `name`_S.CSV and `name`_R.CSV into a folder, for the model in hand and its results in
-/// AnalysisPath; without FT022A the reactions are their headings alone. Tells the user of the end, good or
-/// bad. After a failure every file that was there is still whole.
+/// AnalysisPath; without FT022A the reactions are their headings alone. Results that don't fit the model are
+/// a failure. Tells the user of the end, good or bad. After a failure every file that was there is still
+/// whole.
 CsvResult WriteCsvFiles(std::string_view folder, std::string_view name);
 
 /// The two heading lines of each file; forces by ForceIndex. UTF-8 with CR LF.

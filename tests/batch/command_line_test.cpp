@@ -168,7 +168,22 @@ TEST(BatchCsv, WithoutResultsItFails) {
   program.Deck("model.inp", CantileverDeck());
   const BatchResult result = program.Run({"csv", "model.inp", "--folder", "."});
   EXPECT_EQ(result.exitCode, 1);
-  EXPECT_THAT(result.err, HasSubstr("FT021"));
+  EXPECT_THAT(result.err, AllOf(HasSubstr("model.ANA/FT021 ： "), HasSubstr("静解析を行ってください"),
+                                Not(HasSubstr(program.Temporary()))));
+}
+
+// The names come from the deck, the values from the results.
+TEST(BatchCsv, ResultsOfADeckThatHasLostARowAreAFailure) {
+  const BatchProgram program;
+  program.Deck("model.inp", LongCantileverDeck(4, 1));
+  ASSERT_EQ(program.Run({"analyze", "model.inp"}).exitCode, 0);
+  program.Deck("model.inp", LongCantileverDeck(3, 1));
+  const BatchResult result = program.Run({"csv", "model.inp", "--folder", "."});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.err, AllOf(HasSubstr("入力データに合う解析結果がありません。静解析を行ってください"),
+                                HasSubstr("model.ANA/FT021 ： データの個数が正しくありません")));
+  EXPECT_THAT(BatchProgram::Names(program.Folder()),
+              testing::ElementsAre("model.ANA", "model.inp", "model.out"));
 }
 
 // Each deck's results are its own: what a former deck of the command left doesn't serve the next.

@@ -9,6 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 /// A beam whose results lie in the analysis folder, and what the user is told.
@@ -141,7 +142,9 @@ TEST_F(CsvOutput, AMissingResultFileIsReportedAndTheOldFilesStay) {
     ReplaceBytes(File("_D.CSV"), "old");
     EXPECT_FALSE(WriteCsvFiles(Folder(), "beam").written);
     EXPECT_THAT(Told().back(), StartsWith("エラーが発生しました: "));
-    EXPECT_THAT(Told().back(), HasSubstr(AnalysisPath + missing));
+    EXPECT_THAT(Told().back(), HasSubstr(DataPath + ProjectName + "model.ANA/" + missing + " ： "));
+    EXPECT_THAT(Told().back(), HasSubstr("静解析を行ってください"));
+    EXPECT_THAT(Told().back(), Not(HasSubstr(AnalysisPath)));
     EXPECT_EQ(ReadBytes(File("_D.CSV")), "old");
     EXPECT_FALSE(FileExists(File("_S.CSV")));
   }
@@ -171,6 +174,39 @@ TEST_F(CsvOutput, ResultsThatDoNotFitTheModelAreReported) {
   WriteReactions(AnalysisPath, {1, {10}, {1, 2, 3}}, ReactionLines::One);
   EXPECT_FALSE(WriteCsvFiles(Folder(), "beam").written);
   EXPECT_THAT(Told().back(), HasSubstr("FT022A ： 荷重ケース数がモデルと一致しません"));
+}
+
+// The numbers come from the model, the values from the results: with a row more or less since the analysis
+// the values would stand on other members.
+TEST_F(CsvOutput, ResultsOfTheModelBeforeARowWasRemovedAreRefused) {
+  const struct {
+    const char *name, *nodes, *elements, *file;
+  } cases[] = {
+      {"a node", "10,0,0,1,1,1\n", "5,10,20,0,0,1\n", "FT021"},
+      {"an element", "10,0,0,1,1,1\n20,4,0,0,0,0\n", "", "FT031"},
+      {"the number of a supported node", "11,0,0,1,1,1\n20,4,0,0,0,0\n", "5,11,20,0,0,1\n", "FT022A"},
+  };
+  for (const auto& c : cases) {
+    Beam("0,0,9.80665,0");
+    WriteDeck("@CONT\n1,2,0,0\n@UNIT\n0,0,9.80665,0\n@NODE\n" + std::string(c.nodes) + "@ELEM\n" +
+              c.elements);
+    EXPECT_FALSE(WriteCsvFiles(Folder(), "beam").written) << c.name;
+    EXPECT_THAT(Told().back(), HasSubstr("入力データに合う解析結果がありません。静解析を行ってください"))
+        << c.name;
+    EXPECT_THAT(Told().back(), HasSubstr("model.ANA/" + std::string(c.file) + " ： ")) << c.name;
+    EXPECT_TRUE(std::filesystem::is_empty(NativePath(Folder()))) << c.name;
+  }
+}
+
+TEST_F(CsvOutput, AnyOfTheThreeNamesThatTakesNoFileIsToldBeforeAnyIsWritten) {
+  for (const char* const blocked : {"_D.CSV", "_S.CSV", "_R.CSV"}) {
+    Beam("0,0,9.80665,0");
+    MakeFolder(File(blocked));
+    EXPECT_FALSE(WriteCsvFiles(Folder(), "beam").written) << blocked;
+    EXPECT_THAT(Told().back(), HasSubstr("ファイルを書き込めませんでした")) << blocked;
+    std::filesystem::remove(NativePath(File(blocked)));
+    EXPECT_TRUE(std::filesystem::is_empty(NativePath(Folder()))) << blocked;
+  }
 }
 
 TEST_F(CsvOutput, WithoutADeckItIsReported) {
