@@ -13,6 +13,7 @@
 #include "base/text_file.h"
 #include "model/model_rec.h"
 #include "model/table_file.h"
+#include "shell/project_dialog.h"
 
 namespace zorlan {
 namespace {
@@ -278,6 +279,7 @@ bool ConvertOldModel(const std::string& folder, const std::string& deckPath, std
   const std::string deck = ConvertedDeck(ReadOldModel(folder), subtitle);
   MakeFolder(target);
   ReplaceTextFile(deckPath, deck);
+  RemoveStoredResults({target, "", PathText(NativePath(deckPath).filename())});
   return true;
 } catch (const Fault& fault) {
   Tell(fault.what());

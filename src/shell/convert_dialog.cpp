@@ -51,7 +51,6 @@ bool RunConversion(const ConvertDialog& dialog) {
     // The new model takes the work folder: the one in hand is saved first, if it is to be.
     if (CloseModel() != kModelClosed) return;
     if (!ConvertOldModel(FolderText(dialog.oldFolder), dialog.target.Deck(), dialog.subtitle)) return;
-    RemoveStoredResults(dialog.target);  // those of a deck that stood there
     TheWindows().unloadForms();
     TakeModel(dialog.target);
     ShowTakenModel();

@@ -206,6 +206,18 @@ TEST(BatchConvert, MakesADeckOfAnOldModel) {
   EXPECT_EQ(program.Run({"check", "new.inp"}).exitCode, 0);
 }
 
+TEST(BatchConvert, KeepsNoResultsOfTheDeckThatWasThere) {
+  const BatchProgram program;
+  MakeFolder(program.Folder() + "old");
+  program.File("old/ft001", "2\r\n1,0,0,1,1,1\r\n2,3,0,0,0,0\r\n");
+  program.Deck("new.inp", CantileverDeck());
+  EXPECT_EQ(program.Run({"analyze", "new.inp"}).exitCode, 0);
+  EXPECT_TRUE(program.Exists("new.ANA"));
+  EXPECT_EQ(program.Run({"convert", "old", "new.inp"}).exitCode, 0);
+  EXPECT_FALSE(program.Exists("new.ANA"));
+  EXPECT_FALSE(program.Exists("new.out"));
+}
+
 TEST(BatchConvert, MakesNoFolderUnasked) {
   const BatchProgram program;
   MakeFolder(program.Folder() + "old");

@@ -297,6 +297,25 @@ TEST_F(ConvertOldModelTest, AGoodOldModelReplacesTheDeck) {
   EXPECT_THAT(Read(DeckPath()), testing::StartsWith("@TITL   %タイトル\n題\n"));
 }
 
+TEST_F(ConvertOldModelTest, TheResultsOfTheDeckThatWasThereGoWithIt) {
+  const auto store = [] {
+    MakeFolder(ResultFolder());
+    ReplaceBytes(ResultFolder() + "FT031", "1 \r\n");
+    ReplaceBytes(ResultFolder() + "DSN.S1", "00002\r\n");
+    ReplaceBytes(ListingPath(), "listing");
+  };
+  WriteDeck("@TITL\n前のモデル\n");
+  store();
+  WriteOld("ft001", "2\n1,0,0,1,1,1\n");  // ends early
+  EXPECT_FALSE(ConvertOldModel(OldFolder(), DeckPath()));
+  EXPECT_TRUE(FileExists(ResultFolder() + "FT031"));
+  EXPECT_TRUE(FileExists(ListingPath()));
+  WriteOld("ft001", "1\n1,0,0,1,1,1\n");
+  EXPECT_TRUE(ConvertOldModel(OldFolder(), DeckPath()));
+  EXPECT_FALSE(FolderExists(ResultFolder()));
+  EXPECT_FALSE(FileExists(ListingPath()));
+}
+
 TEST_F(ConvertOldModelTest, AFolderWithoutAnOldModelIsToldAndReplacesNothing) {
   WriteDeck("@TITL\n良いモデル\n");
   WriteOld("model.inp", "");
