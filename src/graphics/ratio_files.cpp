@@ -30,6 +30,10 @@ std::vector<double> ParseValues(std::string_view text, std::size_t count, double
   return values;
 }
 
+bool HasMoreValues(std::string_view text, std::size_t count) {
+  return !std::isnan(ParseValues(text, count + 1, std::nan(""))[count]);
+}
+
 }  // namespace
 
 std::vector<double> ParseSteelRatios(std::string_view text, std::size_t members) {
@@ -46,9 +50,13 @@ std::vector<double> ParseRcRatios(std::string_view text, std::size_t members) {
   return ParseValues(text, members, 0);
 }
 
+std::string_view RatioFileOf(int kind) {
+  return kind == kSteelRatioFigure ? "SIG_S" : kind == kRcRatioFigure ? "SIG_RC" : "";
+}
+
 void ReadFigureRatios(FigureModel& model, int kind, const std::string& folder) {
   const bool steel = kind == kSteelRatioFigure;
-  const std::string path = folder + (steel ? "SIG_S" : "SIG_RC");
+  const std::string path = folder + std::string(RatioFileOf(kind));
   model.ratios.clear();
   const std::string text = ReadTextFile(path);
   const std::size_t members = model.elements.size();
@@ -56,14 +64,16 @@ void ReadFigureRatios(FigureModel& model, int kind, const std::string& folder) {
   // A figure of members without ratios looks like one in which all is well. In SIG_RC a member that wasn't
   // designed has 0: there it is a text without a value.
   const bool none = steel ? std::ranges::all_of(ratios, [](double r) { return std::isnan(r); })
-                          : ratios.empty() || std::isnan(ParseValues(text, 1, std::nan(""))[0]);
+                          : ratios.empty() || !HasMoreValues(text, 0);
   if (none) throw FileFault(path, "判定値のある要素がありません");
+  if (HasMoreValues(text, steel ? kPositions * members : members))
+    throw FileFault(path, "データの個数が正しくありません");
   model.ratios = std::move(ratios);
 }
 
 bool LoadFigureRatios(FigureModel& model, int kind, const std::string& folder) try {
   model.ratios.clear();
-  if (kind != kSteelRatioFigure && kind != kRcRatioFigure) return false;
+  if (RatioFileOf(kind).empty()) return false;
   ReadFigureRatios(model, kind, folder);
   return true;
 } catch (const Fault&) {

@@ -71,6 +71,34 @@ TEST(FigureRatios, AFileInWhichNoMemberHasARatioIsNone) {
   EXPECT_TRUE(LoadFigureRatios(model, kRcRatioFigure, folder.Path()));
 }
 
+// With a member more or less since the design, the ratios would stand on other members.
+TEST(FigureRatios, MoreValuesThanTheModelHasMembersAreOfAnotherModel) {
+  const TemporaryFolder folder;
+  FigureModel model;
+  model.elements.resize(1);
+  const struct {
+    int kind;
+    const char *file, *text;
+    bool fits;
+  } cases[] = {
+      {kSteelRatioFigure, "SIG_S", "0.1\r\n0.2\r\n0.3\r\n0.4\r\n", false},
+      {kSteelRatioFigure, "SIG_S", "0.1\r\n0.2\r\n0.3\r\n \r\n\r\n", true},
+      {kRcRatioFigure, "SIG_RC", "0.7\r\n0.8\r\n", false},
+      {kRcRatioFigure, "SIG_RC", "0.7\r\n\r\n", true},
+  };
+  for (const auto& c : cases) {
+    ReplaceTextFile(folder.Path() + c.file, c.text);
+    std::string told;
+    try {
+      ReadFigureRatios(model, c.kind, folder.Path());
+    } catch (const Fault& fault) {
+      told = fault.what();
+    }
+    EXPECT_EQ(told, c.fits ? "" : folder.Path() + c.file + " ： データの個数が正しくありません") << c.text;
+    EXPECT_EQ(model.ratios.empty(), !c.fits) << c.text;
+  }
+}
+
 TEST(FigureRatios, AFaultNamesTheFileAndTheReason) {
   const TemporaryFolder folder;
   FigureModel model;
