@@ -24,6 +24,7 @@
 #include "program_folders.h"
 #include "shell/convert.h"
 #include "shell/figure_deck.h"
+#include "shell/model_status.h"
 #include "summary.h"
 
 namespace zorlan::batch {
@@ -93,6 +94,7 @@ ExitCode Csv(const Request& request) {
       WriteCsvFiles(request.csvFolder, request.csvName.empty() ? CsvBaseName() : request.csvName);
   if (!result.written) return kFailed;
   for (const std::string& path : result.paths) PrintError("  " + path);
+  TellOfStaleResults();
   return kDone;
 }
 

@@ -13,6 +13,7 @@
 #include "graphics/ratio_files.h"
 #include "model/deck.h"
 #include "model/model_state.h"
+#include "shell/model_status.h"
 
 namespace zorlan {
 namespace {
@@ -54,6 +55,7 @@ void LoadResults(FigureModel& model, const SelectedFigure& choice) {
   if (source == Source::Forces) load([&] { ReadFigureResults(model, ResultFolder()); }, kNoFittingResults);
   if (source == Source::Ratios)
     load([&] { ReadFigureRatios(model, choice.kind, ResultFolder()); }, "断面算定の結果がありません");
+  if (source != Source::Deck) TellOfStaleResults(RatioFileOf(choice.kind));
 }
 
 /// Does a part of the work that tells the user when there can be no figure.

@@ -7,6 +7,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/host.h"
 #include "base/number.h"
 #include "base/text_file.h"
 #include "model/model_state.h"
@@ -43,23 +44,32 @@ ModelPlace Stored() {
   return ModelFile.empty() ? Origin() : PlaceInHand();
 }
 
-/// Whether the deck was written after its results. Results that aren't stored tell it by the time of the
-/// analysis folder's.
-bool DeckIsNewer() {
+/// Where a result file of the model in hand lies: stored, else in the analysis folder.
+std::filesystem::path ResultFile(std::string_view name) {
   const ModelPlace stored = Stored();
-  const std::string base = stored.dataPath + stored.project + ModelBaseName(stored.model);
-  const std::string forces = FolderText(base + kResultsEnding) + "FT031";
-  std::error_code deckError, resultError;
-  const auto deck = std::filesystem::last_write_time(NativePath(stored.Deck()), deckError);
-  const auto result = std::filesystem::last_write_time(
-      NativePath(FileExists(forces) ? forces : AnalysisPath + "FT031"), resultError);
-  return !deckError && !resultError && deck > result;
+  const std::string folder =
+      FolderText(stored.dataPath + stored.project + ModelBaseName(stored.model) + kResultsEnding);
+  const std::string path = folder + std::string(name);
+  return NativePath(FileExists(path) ? path : AnalysisPath + std::string(name));
 }
 
 /// Whether the tables hold more than the deck, or an open form more than its table.
 bool IsChanged() {
   return ModelChanged || TheWindows().formsChanged();
 }
+
+/// Whether a result file is there and the model was changed since: the deck was written after it, or will be.
+bool IsStale(std::string_view name) {
+  std::error_code deckError, resultError;
+  const auto result = std::filesystem::last_write_time(ResultFile(name), resultError);
+  const auto deck = std::filesystem::last_write_time(NativePath(Stored().Deck()), deckError);
+  return !resultError && (IsChanged() || (!deckError && deck > result));
+}
+
+constexpr std::string_view kStaleResults = "解析結果は変更前のものです";
+constexpr std::string_view kStaleDesign = "断面算定の結果は変更前のものです";
+constexpr std::string_view kForces = "FT031";
+constexpr std::array<std::string_view, 3> kAgedFiles = {kForces, "SIG_S", "SIG_RC"};
 
 std::string ResultText() {
   switch (StateOfResults()) {
@@ -76,7 +86,24 @@ std::string ResultText() {
 
 ResultState StateOfResults() {
   if (!HasForces()) return ResultState::None;
-  return IsChanged() || DeckIsNewer() ? ResultState::Stale : ResultState::Current;
+  return IsStale(kForces) ? ResultState::Stale : ResultState::Current;
+}
+
+std::vector<std::string_view> StaleResultFiles() {
+  std::vector<std::string_view> stale;
+  for (const std::string_view name : kAgedFiles)
+    if (IsStale(name)) stale.push_back(name);
+  return stale;
+}
+
+std::string_view StaleWords(std::string_view designFile) {
+  if (IsStale(kForces)) return kStaleResults;
+  return !designFile.empty() && IsStale(designFile) ? kStaleDesign : std::string_view();
+}
+
+void TellOfStaleResults(std::string_view designFile) {
+  const std::string_view words = StaleWords(designFile);
+  if (!words.empty()) Tell(DeckPath() + " ： " + std::string(words));
 }
 
 ModelStatus CurrentModelStatus() {

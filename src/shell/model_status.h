@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorlan {
 
@@ -10,7 +11,17 @@ namespace zorlan {
 /// cells included, or of the model as it stands.
 enum class ResultState { None, Stale, Current };
 ResultState StateOfResults();
-inline constexpr std::string_view kStaleResults = "解析結果は変更前のものです";
+
+/// Which of the result files whose age is looked at are of the model before it was changed: the forces and
+/// the ratios of the designs.
+std::vector<std::string_view> StaleResultFiles();
+
+/// What the user is told where results of the model before it was changed are shown: of the analysis, of a
+/// design whose file in the result folder is named. Empty where they are of the model as it stands, and where
+/// there are none.
+std::string_view StaleWords(std::string_view designFile = {});
+/// Tells them with the deck's name, where nobody sees the status.
+void TellOfStaleResults(std::string_view designFile = {});
 
 /// Short texts for the user; an empty one has nothing to say.
 struct ModelStatus {

@@ -12,6 +12,7 @@
 #include <system_error>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "base/cp932.h"
 #include "base/fault.h"
@@ -148,11 +149,11 @@ void CopyStoredResults(const ModelPlace& from, const ModelPlace& to) {
 
 /// Copied results are as new as their copy. Those of a former state of the model are made older than its deck
 /// again, by which the status tells them.
-void MakeOlderThanDeck(const ModelPlace& place) {
-  const std::filesystem::path forces = NativePath(FolderText(BasePath(place) + kResultsEnding) + "FT031");
-  std::error_code ignored;  // without forces there is nothing to be taken for new
+void MakeOlderThanDeck(const ModelPlace& place, std::string_view name) {
+  const std::string file = FolderText(BasePath(place) + kResultsEnding) + std::string(name);
+  std::error_code ignored;  // without the file there is nothing to be taken for new
   const auto deck = std::filesystem::last_write_time(NativePath(place.Deck()), ignored);
-  if (!ignored) std::filesystem::last_write_time(forces, deck - std::chrono::seconds(1), ignored);
+  if (!ignored) std::filesystem::last_write_time(NativePath(file), deck - std::chrono::seconds(1), ignored);
 }
 
 bool MayOverwrite(const ModelPlace& place) {
@@ -163,12 +164,12 @@ bool MayOverwrite(const ModelPlace& place) {
 
 bool SaveUnder(const ModelPlace& place) {
   if (!MayOverwrite(place)) return false;
-  const bool stale = StateOfResults() == ResultState::Stale;
+  const std::vector<std::string_view> stale = StaleResultFiles();
   SaveDeck(/*deleteTables=*/false, place.Deck());
   ModelChanged = false;
   try {
     CopyStoredResults(Origin(), place);
-    if (stale) MakeOlderThanDeck(place);
+    for (const std::string_view name : stale) MakeOlderThanDeck(place, name);
   } catch (const Fault& fault) {
     ReportError("CopyResults", fault.what());  // the model itself is saved
   }

@@ -186,6 +186,17 @@ TEST(BatchCsv, ResultsOfADeckThatHasLostARowAreAFailure) {
               testing::ElementsAre("model.ANA", "model.inp", "model.out"));
 }
 
+TEST(BatchCsv, ResultsOlderThanTheDeckAreToldAndWritten) {
+  const BatchProgram program;
+  program.Deck("model.inp", CantileverDeck());
+  ASSERT_EQ(program.Run({"analyze", "model.inp"}).exitCode, 0);
+  EXPECT_THAT(program.Run({"csv", "model.inp", "--folder", "."}).err, Not(HasSubstr("変更前")));
+  program.Shell("touch -d '1 hour' model.inp");
+  const BatchResult result = program.Run({"csv", "model.inp", "--folder", "."});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_THAT(result.err, HasSubstr("model.inp ： 解析結果は変更前のものです"));
+}
+
 // Each deck's results are its own: what a former deck of the command left doesn't serve the next.
 TEST(BatchCsv, NeverTakesTheResultsOfTheDeckBefore) {
   const BatchProgram program;

@@ -139,6 +139,22 @@ TEST_F(BatchFigure, ResultsThatDontFitAreToldWithTheirFileAndTheReason) {
   }
 }
 
+TEST_F(BatchFigure, ResultsOlderThanTheDeckAreToldAndDrawn) {
+  program_.File("梁.ANA/SIG_RC", "0.2\r\n");
+  program_.Shell("touch -d '1 hour' 梁.inp");
+  for (const char* const file : {"a.dxf", "a.svg"}) {
+    const BatchResult result = Draw("moment", file);
+    EXPECT_EQ(result.exitCode, 0) << file;
+    EXPECT_THAT(result.err, HasSubstr("梁.inp ： 解析結果は変更前のものです")) << file;
+    EXPECT_TRUE(program_.Exists(file));
+  }
+  EXPECT_THAT(Draw("model", "b.dxf").err, IsEmpty());
+  EXPECT_THAT(Draw("rc", "c.dxf").err, HasSubstr("梁.inp ： 解析結果は変更前のものです"));
+  program_.Shell("touch -d '2 hours' 梁.ANA/FT031");
+  EXPECT_THAT(Draw("moment", "d.dxf").err, IsEmpty());
+  EXPECT_THAT(Draw("rc", "e.dxf").err, HasSubstr("梁.inp ： 断面算定の結果は変更前のものです"));
+}
+
 TEST_F(BatchFigure, ADesignWithoutARatioIsAFailureAndLeavesNoFile) {
   for (const std::string& bytes :
        {std::string(), std::string("\x00\xFF\x81\x12", 4), std::string("abc\r\n1\r\n")})

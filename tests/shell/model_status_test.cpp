@@ -81,6 +81,29 @@ TEST_F(ModelStatusTest, ResultsThatAreNotStoredTellTheirAgeThemselves) {
   EXPECT_EQ(CurrentModelStatus().results, "解析結果は変更前のものです");
 }
 
+// A design of its own age: an analysis keeps SIG_RC.
+TEST_F(ModelStatusTest, ADesignOlderThanTheDeckIsToldBesideResultsThatAreNot) {
+  EXPECT_EQ(StaleWords("SIG_RC"), "");
+  StoreForces(1);
+  EXPECT_EQ(StaleWords(), "");
+  EXPECT_EQ(StaleWords("SIG_RC"), "");  // there is none
+  ReplaceBytes(ResultFolder() + "SIG_RC", "1\r\n");
+  const auto age = [](int secondsAfterDeck) {
+    const auto deck = std::filesystem::last_write_time(DeckPath());
+    std::filesystem::last_write_time(ResultFolder() + "SIG_RC",
+                                     deck + std::chrono::seconds(secondsAfterDeck));
+  };
+  age(1);
+  EXPECT_EQ(StaleWords("SIG_RC"), "");
+  age(-1);
+  EXPECT_EQ(StaleWords("SIG_RC"), "断面算定の結果は変更前のものです");
+  EXPECT_EQ(StaleWords("SIG_S"), "");
+  EXPECT_EQ(StaleWords(), "");
+  StoreForces(-1);
+  EXPECT_EQ(StaleWords("SIG_RC"), "解析結果は変更前のものです");
+  EXPECT_EQ(StaleWords(), "解析結果は変更前のものです");
+}
+
 TEST_F(ModelStatusTest, TheNumberOfLoadCasesIsSaidAsANumber) {
   InpModel.ModelCode = 1;
   InpModel.MaxLoadCase = 2;

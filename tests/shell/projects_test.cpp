@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/menu.h"
+#include "shell/model_status.h"
 #include "shell/recent_models.h"
 #include "support/shell_folder.h"
 
@@ -336,6 +337,20 @@ TEST_F(ProjectsTest, SaveAsOntoItselfKeepsItsResults) {
   EXPECT_THAT(Read(Deck()), HasSubstr("3,6,5,0,0,0"));
   EXPECT_EQ(Read(Results() + "FT031"), "1\r\n");
   EXPECT_EQ(Read(Sample() + "門形.out"), "listing");
+}
+
+// A copy is as new as its making; what was stale stays so.
+TEST_F(ProjectsTest, SaveAsKeepsItKnownThatADesignIsOlderThanItsDeck) {
+  Write(Results() + "FT031", "1\n");
+  Write(Results() + "SIG_RC", "1\n");
+  const auto deck = std::filesystem::last_write_time(NativePath(Deck()));
+  std::filesystem::last_write_time(NativePath(Results() + "FT031"), deck + std::chrono::seconds(1));
+  std::filesystem::last_write_time(NativePath(Results() + "SIG_RC"), deck - std::chrono::seconds(1));
+  EXPECT_THAT(StaleResultFiles(), ElementsAre("SIG_RC"));
+  OnDialog("例題－１", "写し");
+  SaveModelAs();
+  EXPECT_THAT(Listing(Sample() + "写し.ANA"), ElementsAre("FT031", "SIG_RC"));
+  EXPECT_THAT(StaleResultFiles(), ElementsAre("SIG_RC"));
 }
 
 TEST_F(ProjectsTest, SaveAsOverAResultFolderThatIsALinkRemovesTheLinkAlone) {
