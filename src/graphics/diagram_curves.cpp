@@ -35,14 +35,26 @@ MomentValues MomentsFromStart(const StressRecord& record, bool exchanged) {
   return {record.momentI, record.momentC, record.momentJ};
 }
 
+MomentValues MomentLabels(const StressRecord& record, bool exchanged, bool grid) {
+  MomentValues labels = MomentsFromStart(record, exchanged);
+  if (grid) labels.centre = record.momentC;
+  return labels;
+}
+
+MomentValues MomentOrdinates(const StressRecord& record, bool exchanged, bool grid) {
+  const MomentValues m = MomentsFromStart(record, exchanged);
+  return grid && exchanged ? MomentValues{-m.start, -m.centre, -m.end} : m;
+}
+
 EndValues AxialFromStart(const StressRecord& record, bool exchanged) {
   const double i = -record.axialI, j = record.axialJ;
   return exchanged ? EndValues{j, i} : EndValues{i, j};
 }
 
-EndValues ShearFromStart(const StressRecord& record, bool exchanged) {
+EndValues ShearFromStart(const StressRecord& record, bool exchanged, bool grid) {
   const double i = record.shearI, j = -record.shearJ;
-  return exchanged ? EndValues{j, i} : EndValues{i, j};
+  if (!exchanged) return {i, j};
+  return grid ? EndValues{-j, -i} : EndValues{j, i};
 }
 
 bool HasOrdinates(double G) {

@@ -32,35 +32,32 @@ std::optional<DiagramMember> MemberFromStart(Point i, Point j);
 /// The angle of a label along a member in degrees: 90 for a vertical one, else arctan(slope)/3.1415926*180.
 double LabelAngle(const DiagramMember& member);
 
-/// Moments at start, centre and end of a member: the record's, with the ends exchanged and the sign of the
-/// centre changed where the start is the end J.
+/// Moments at start, centre and end of a member.
 struct MomentValues {
   double start = 0, centre = 0, end = 0;
-  MomentValues operator-() const { return {-start, -centre, -end}; }
 };
+/// Those that a frame's diagram shows: the record's, with the ends exchanged and the sign of the centre
+/// changed where the start is the end J. They are of the member's y axis, which turns with the ends.
 MomentValues MomentsFromStart(const StressRecord& record, bool exchanged);
+
+/// What stands at start, centre and end of a diagram, in a grid too. A grid's local vertical is Z from either
+/// end: an end's moment has there the sign that the record has, and the centre's is positive where the member
+/// sags.
+MomentValues MomentLabels(const StressRecord& record, bool exchanged, bool grid);
+/// What the ordinates are made of: a grid's stand upright, so they are those of the member entered from its
+/// start, whose end moments have the reverse signs where the start is the end J.
+MomentValues MomentOrdinates(const StressRecord& record, bool exchanged, bool grid);
 
 /// Forces at both ends of a member.
 struct EndValues {
   double start = 0, end = 0;
-  EndValues operator-() const { return {-start, -end}; }
 };
 /// Axial force, tension positive: at end I the reverse of the force on the member, at end J that force.
 EndValues AxialFromStart(const StressRecord& record, bool exchanged);
 /// Shear at a cut, positive where the part towards the start pushes to the +90 degree side (it would turn a
 /// piece of the member clockwise): the force on the member at end I, the reverse of that at end J. Between
-/// loads it is constant. It is the same from either end.
-EndValues ShearFromStart(const StressRecord& record, bool exchanged);
-
-/// What a diagram shows of a record, by one of the readers above. A frame's values are those of its member's
-/// y axis, which turns with the ends. A grid's local vertical is Z from either end, and its ordinates stand
-/// upright: what the exchange turned over is turned back.
-template <class Values>
-Values DiagramValues(Values (*fromStart)(const StressRecord&, bool), const StressRecord& record,
-                     bool exchanged, bool grid) {
-  const Values values = fromStart(record, exchanged);
-  return grid && exchanged ? -values : values;
-}
+/// loads it is constant. It is the same from either end, in a grid too, where the vertical stays.
+EndValues ShearFromStart(const StressRecord& record, bool exchanged, bool grid);
 
 /// Whether a diagram with this greatest absolute value (t, t*m, m) has ordinates: rounding alone has none.
 bool HasOrdinates(double G);

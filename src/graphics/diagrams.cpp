@@ -11,11 +11,6 @@
 namespace zorlan {
 namespace {
 
-/// From t to the unit of the labels.
-double DisplayFactor(const FigureModel& model) {
-  return model.outUnit == 1 ? model.gravityFactor : 1;
-}
-
 /// The first and the last of some cases.
 struct CaseRange {
   int first = 1, last = 0;
@@ -24,18 +19,6 @@ struct CaseRange {
 CaseRange ScaledCases(const Figure& figure) {
   if (figure.options.ScaleOverAllCases) return {1, figure.model.maxLoadCase};
   return {figure.loadCase, figure.loadCase};
-}
-
-/// The record of a row in a result table; nothing where the table doesn't reach.
-template <class Record>
-const Record* RecordOf(const std::vector<Record>& table, std::size_t rows, int loadCase, std::size_t row) {
-  if (loadCase < 1 || row >= rows) return nullptr;
-  const std::size_t at = static_cast<std::size_t>(loadCase - 1) * rows + row;
-  return at < table.size() ? &table[at] : nullptr;
-}
-
-const StressRecord* StressOf(const Figure& figure, int loadCase, std::size_t element) {
-  return RecordOf(figure.model.StressTable, figure.model.elements.size(), loadCase, element);
 }
 
 std::optional<DiagramMember> MemberOf(const Figure& figure, const FigureElement& element) {
@@ -55,7 +38,8 @@ double GreatestStress(const Figure& figure, CaseRange cases, Greatest greatest) 
   for (std::size_t e = 0; e < elements.size(); ++e) {
     if (!MemberOf(figure, elements[e])) continue;
     for (int c = cases.first; c <= cases.last; ++c)
-      if (const StressRecord* const record = StressOf(figure, c, e)) G = std::max(G, greatest(*record));
+      if (const StressRecord* const record = figure.model.StressOf(c, static_cast<int>(e)))
+        G = std::max(G, greatest(*record));
   }
   return G;
 }
@@ -134,32 +118,6 @@ void KeepFree(LabelField& field, const ValueLabels& values, const Curve& curve) 
   field.TakeLine(curve.points.back(), curve.footEnd);
 }
 
-// The shown members of a diagram, each with its values of the case in hand; none where that case is without
-// stress.
-
-template <class Values>
-struct MemberValues {
-  DiagramMember member;
-  Values values;
-};
-
-template <class Values>
-std::vector<MemberValues<Values>> ShownValues(const Figure& figure, Greatest greatest,
-                                              Values (*read)(const StressRecord&, bool)) {
-  std::vector<MemberValues<Values>> shown;
-  if (!HasOrdinates(GreatestStress(figure, {figure.loadCase, figure.loadCase}, greatest))) return shown;
-  const std::vector<FigureElement>& elements = figure.model.elements;
-  for (std::size_t e = 0; e < elements.size() && e < figure.shown.size(); ++e) {
-    if (figure.shown[e] == 0) continue;
-    const StressRecord* const record = StressOf(figure, figure.loadCase, e);
-    if (record == nullptr) continue;
-    const std::optional<DiagramMember> member = MemberOf(figure, elements[e]);
-    if (!member) continue;
-    shown.push_back({*member, DiagramValues(read, *record, member->exchanged, figure.model.IsGrid())});
-  }
-  return shown;
-}
-
 double GreatestMoment(const StressRecord& r) {
   return std::max({std::abs(r.momentI), std::abs(r.momentC), std::abs(r.momentJ)});
 }
@@ -168,6 +126,27 @@ double GreatestAxial(const StressRecord& r) {
 }
 double GreatestShear(const StressRecord& r) {
   return std::max(std::abs(r.shearI), std::abs(r.shearJ));
+}
+
+/// A shown member of a diagram, with its record of the case in hand.
+struct ShownMember {
+  DiagramMember member;
+  const StressRecord& record;
+};
+
+/// None where that case is without such stress.
+std::vector<ShownMember> ShownMembers(const Figure& figure, Greatest greatest) {
+  std::vector<ShownMember> shown;
+  if (!HasOrdinates(GreatestStress(figure, {figure.loadCase, figure.loadCase}, greatest))) return shown;
+  const std::vector<FigureElement>& elements = figure.model.elements;
+  for (std::size_t e = 0; e < elements.size() && e < figure.shown.size(); ++e) {
+    if (figure.shown[e] == 0) continue;
+    const StressRecord* const record = figure.model.StressOf(figure.loadCase, static_cast<int>(e));
+    if (record == nullptr) continue;
+    if (const std::optional<DiagramMember> member = MemberOf(figure, elements[e]))
+      shown.push_back({*member, *record});
+  }
+  return shown;
 }
 
 Curve MomentCurve(const DiagramMember& member, const Parabola& m, const Ordinates& ordinates) {
@@ -198,7 +177,7 @@ std::vector<Band> BandsOf(double L, double m0, double m1, Rgb positive, Rgb nega
 }
 
 struct ForceDiagram {
-  EndValues (*read)(const StressRecord&, bool);
+  EndValues (*read)(const StressRecord&, bool exchanged, bool grid);
   Greatest greatest;
   float heightCm;
   const LineOption& line;
@@ -210,22 +189,29 @@ struct ForceDiagram {
 void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, const ForceDiagram& diagram) {
   const double G = GreatestStress(figure, ScaledCases(figure), diagram.greatest);
   const Ordinates ordinates(figure, diagram.heightCm, G);
-  const auto shown = ShownValues(figure, diagram.greatest, diagram.read);
+  const std::vector<ShownMember> shown = ShownMembers(figure, diagram.greatest);
   const double s = ordinates.Scale();
+  const auto valuesOf = [&](const ShownMember& m) {
+    return diagram.read(m.record, m.member.exchanged, figure.model.IsGrid());
+  };
   const auto forEachBand = [&](auto use) {
     if (!diagram.line.visible) return;
-    for (const auto& [member, v] : shown)
-      for (const Band& band : BandsOf(member.L, v.start * s, v.end * s, diagram.positive, diagram.negative))
-        use(band, Curve{ordinates.At(member, band.x0, 0),
-                        ordinates.At(member, band.x1, 0),
-                        {ordinates.At(member, band.x0, band.m0), ordinates.At(member, band.x1, band.m1)}});
+    for (const ShownMember& m : shown) {
+      const EndValues v = valuesOf(m);
+      for (const Band& band : BandsOf(m.member.L, v.start * s, v.end * s, diagram.positive, diagram.negative))
+        use(band,
+            Curve{ordinates.At(m.member, band.x0, 0),
+                  ordinates.At(m.member, band.x1, 0),
+                  {ordinates.At(m.member, band.x0, band.m0), ordinates.At(m.member, band.x1, band.m1)}});
+    }
   };
   forEachBand([&](const Band& band, Curve curve) { ShadeCurve(plot, curve, band.colour); });
 
-  ValueLabels values(plot, labels, diagram.value, diagram.decimals, DisplayFactor(figure.model));
-  for (const auto& [member, v] : shown) {
-    values.Add(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
-    values.Add(ordinates.Place(member, member.L, v.end * s, kRightCentre, /*back=*/true), v.end);
+  ValueLabels values(plot, labels, diagram.value, diagram.decimals, figure.model.DisplayFactor());
+  for (const ShownMember& m : shown) {
+    const EndValues v = valuesOf(m);
+    values.Add(ordinates.Place(m.member, 0, v.start * s, kLeftCentre), v.start);
+    values.Add(ordinates.Place(m.member, m.member.L, v.end * s, kRightCentre, /*back=*/true), v.end);
   }
   PlotSetPen(plot, diagram.line.style, diagram.line.width);
   forEachBand([&](const Band& band, const Curve& curve) {
@@ -233,13 +219,6 @@ void DrawForceDiagram(Plot& plot, const Figure& figure, LabelField& labels, cons
     KeepFree(labels, values, curve);
   });
   values.Write();
-}
-
-/// Displacements of a member's end nodes in a case.
-const DisplacementRecord* DisplacementOf(const Figure& figure, int loadCase, int row) {
-  if (row < 0) return nullptr;
-  return RecordOf(figure.model.DisplacementTable, figure.model.nodes.size(), loadCase,
-                  static_cast<std::size_t>(row));
 }
 
 /// The greatest displacement of the members' end nodes: in x and y, of a grid's oblique view the vertical
@@ -251,7 +230,7 @@ double GreatestDisplacement(const Figure& figure) {
     if (!MemberOf(figure, element)) continue;
     for (const int row : {element.rowI, element.rowJ})
       for (int c = cases.first; c <= cases.last; ++c)
-        if (const DisplacementRecord* const d = DisplacementOf(figure, c, row))
+        if (const DisplacementRecord* const d = figure.model.DisplacementOf(c, row))
           G = std::max({G, std::abs(d->x), figure.oblique ? 0 : std::abs(d->y)});
   }
   return G;
@@ -263,20 +242,25 @@ void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
   const FigureOptions& options = figure.options;
   const double G = GreatestStress(figure, ScaledCases(figure), GreatestMoment);
   const Ordinates ordinates(figure, options.HeightMoment, G);
-  const auto shown = ShownValues(figure, GreatestMoment, MomentsFromStart);
+  const std::vector<ShownMember> shown = ShownMembers(figure, GreatestMoment);
   const double s = ordinates.Scale();
-  ValueLabels values(plot, labels, options.momentValue, options.DecimalsMoment, DisplayFactor(figure.model));
-  for (const auto& [member, v] : shown) {
-    values.Add(ordinates.Place(member, 0, v.start * s, kLeftCentre), v.start);
-    values.Add(ordinates.Place(member, member.L, -v.end * s, kRightCentre, /*back=*/true), v.end);
-    values.Add(ordinates.Place(member, member.L / 2, -v.centre * s, kCentre), v.centre);
+  const bool grid = figure.model.IsGrid();
+  ValueLabels values(plot, labels, options.momentValue, options.DecimalsMoment, figure.model.DisplayFactor());
+  for (const auto& [member, record] : shown) {
+    const MomentValues m = MomentOrdinates(record, member.exchanged, grid),
+                       label = MomentLabels(record, member.exchanged, grid);
+    values.Add(ordinates.Place(member, 0, m.start * s, kLeftCentre), label.start);
+    values.Add(ordinates.Place(member, member.L, -m.end * s, kRightCentre, /*back=*/true), label.end);
+    values.Add(ordinates.Place(member, member.L / 2, -m.centre * s, kCentre), label.centre);
   }
   if (options.moment.visible) {
     std::vector<Curve> curves;
     curves.reserve(shown.size());
-    for (const auto& [member, v] : shown)
-      curves.push_back(
-          MomentCurve(member, MomentParabola(v.start * s, v.centre * s, v.end * s, member.L), ordinates));
+    for (const auto& [member, record] : shown) {
+      const MomentValues m = MomentOrdinates(record, member.exchanged, grid);
+      const Parabola parabola = MomentParabola(m.start * s, m.centre * s, m.end * s, member.L);
+      curves.push_back(MomentCurve(member, parabola, ordinates));
+    }
     for (Curve& curve : curves) ShadeCurve(plot, curve, options.moment.colour);
     PlotSetPen(plot, options.moment.style, options.moment.width);
     for (const Curve& curve : curves) {
@@ -290,8 +274,11 @@ void DrawMomentData(Plot& plot, const Figure& figure, LabelField& labels) {
 void DrawNormalData(Plot& plot, const Figure& figure, LabelField& labels) {
   const FigureOptions& o = figure.options;
   DrawForceDiagram(plot, figure, labels,
-                   {AxialFromStart, GreatestAxial, o.HeightNormal, o.axial, o.axialTension,
-                    o.axialCompression, o.axialValue, o.DecimalsNormal});
+                   {[](const StressRecord& record, bool exchanged, bool /*grid*/) {
+                      return AxialFromStart(record, exchanged);  // along the member, in a grid 0
+                    },
+                    GreatestAxial, o.HeightNormal, o.axial, o.axialTension, o.axialCompression, o.axialValue,
+                    o.DecimalsNormal});
 }
 
 void DrawNormalShearData(Plot& plot, const Figure& figure, LabelField& labels) {
@@ -306,7 +293,7 @@ void DrawDisplacementData(Plot& plot, const Figure& figure, LabelField& /*labels
   if (!line.visible) return;
   const double s = Ordinates(figure, figure.options.HeightDisplacement, GreatestDisplacement(figure)).Scale();
   const auto moved = [&](int row) -> std::optional<Point> {
-    const DisplacementRecord* const d = DisplacementOf(figure, figure.loadCase, row);
+    const DisplacementRecord* const d = figure.model.DisplacementOf(figure.loadCase, row);
     if (d == nullptr) return std::nullopt;
     const FigureNode& node = figure.model.nodes[static_cast<std::size_t>(row)];
     return figure.oblique ? figure.FigureOf(node.x, node.y, s * d->x)

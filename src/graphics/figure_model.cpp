@@ -171,6 +171,14 @@ void ReadLoads(FigureModel& model, const TableSource& source) {
   });
 }
 
+/// The record of a case and row in a table of `rows` records a case.
+template <class Record>
+const Record* RecordOf(const std::vector<Record>& table, std::size_t rows, int loadCase, int row) {
+  if (loadCase < 1 || row < 0 || static_cast<std::size_t>(row) >= rows) return nullptr;
+  const std::size_t at = static_cast<std::size_t>(loadCase - 1) * rows + static_cast<std::size_t>(row);
+  return at < table.size() ? &table[at] : nullptr;
+}
+
 constexpr std::string_view kReadingTitle = "入力ﾌｧｲﾙの読込み";
 
 FigureModel ReadTables(const TableSource& source) {
@@ -192,6 +200,14 @@ FigureModel ReadTables(const TableSource& source) {
 }
 
 }  // namespace
+
+const StressRecord* FigureModel::StressOf(int loadCase, int element) const {
+  return RecordOf(StressTable, elements.size(), loadCase, element);
+}
+
+const DisplacementRecord* FigureModel::DisplacementOf(int loadCase, int node) const {
+  return RecordOf(DisplacementTable, nodes.size(), loadCase, node);
+}
 
 FigureModel FigureModelOf(const ModelRec& model) {
   FigureModel figure;

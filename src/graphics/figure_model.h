@@ -30,8 +30,8 @@ struct FigureElement {
   int rowI = -1, rowJ = -1;  // indices of the nodes, -1 when there is none of that number
 };
 
-/// Axial force, moment and shear of a member, as the diagrams read them; t, t*m. Who shows them in SI units
-/// multiplies by the model's gravityFactor.
+/// Axial force, moment and shear of a member, as the diagrams read them; t, t*m. Who shows them multiplies by
+/// the model's DisplayFactor.
 struct StressRecord {
   double axialI = 0, momentI = 0, momentC = 0, momentJ = 0, axialJ = 0, shearI = 0, shearJ = 0;
 };
@@ -64,6 +64,13 @@ struct FigureModel {
   bool lengthFaultTold = false;  // the message about a member without length was shown
 
   bool IsGrid() const { return modelCode == kPlaneGrid; }
+
+  /// The record of a load case (from 1) and an element or node (its index); nullptr where there is none.
+  const StressRecord* StressOf(int loadCase, int element) const;
+  const DisplacementRecord* DisplacementOf(int loadCase, int node) const;
+
+  /// From t and t*m to the unit in which results are shown.
+  double DisplayFactor() const { return outUnit == 1 ? gravityFactor : 1; }
 };
 
 /// The figure's copy of a model as entered. Total: rows beyond the arrays are left, numbers that lead nowhere

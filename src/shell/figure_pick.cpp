@@ -14,7 +14,7 @@
 namespace zorlan {
 namespace {
 
-constexpr NumberPattern kLength = "######0.000###", kForce = "######0.000", kAngle = "##0.0####",
+constexpr NumberPattern kLength = "######0.000###", kResult = "######0.000", kAngle = "##0.0####",
                         kRotation = "0.000000";
 
 using Directions = std::array<std::string_view, 3>;
@@ -54,43 +54,36 @@ std::vector<PickFact> ElementFacts(const Element& element) {
           {"Ｊ端節点条件", EndText(element.JJ)},        {"断面番号", std::to_string(element.section)}};
 }
 
-std::size_t ResultPlace(const Figure& figure, std::size_t count, int index) {
-  return static_cast<std::size_t>(figure.loadCase - 1) * count + static_cast<std::size_t>(index);
-}
-
 void AddDisplacements(std::vector<PickFact>& facts, const Figure& figure, int index) {
-  const std::size_t at = ResultPlace(figure, figure.model.nodes.size(), index);
-  if (at >= figure.model.DisplacementTable.size()) return;
-  const DisplacementRecord& moved = figure.model.DisplacementTable[at];
+  const DisplacementRecord* const moved = figure.model.DisplacementOf(figure.loadCase, index);
+  if (moved == nullptr) return;
   if (figure.model.IsGrid()) {
-    facts.push_back({"変位Ｚ(cm)", FormatNumber(moved.x * kCmPerM, kForce)});
+    facts.push_back({"変位Ｚ(cm)", FormatNumber(moved->x * kCmPerM, kResult)});
     return;
   }
-  facts.push_back({"変位Ｘ(cm)", FormatNumber(moved.x * kCmPerM, kForce)});
-  facts.push_back({"変位Ｙ(cm)", FormatNumber(moved.y * kCmPerM, kForce)});
-  facts.push_back({"回転(rad)", FormatNumber(moved.rotation, kRotation)});
+  facts.push_back({"変位Ｘ(cm)", FormatNumber(moved->x * kCmPerM, kResult)});
+  facts.push_back({"変位Ｙ(cm)", FormatNumber(moved->y * kCmPerM, kResult)});
+  facts.push_back({"回転(rad)", FormatNumber(moved->rotation, kRotation)});
 }
 
 /// The numbers that the diagrams have at the ends of a member, by its ends I and J.
 void AddForces(std::vector<PickFact>& facts, const Figure& figure, int index) {
   const FigureModel& model = figure.model;
-  const std::size_t at = ResultPlace(figure, model.elements.size(), index);
-  if (at >= model.StressTable.size()) return;
+  const StressRecord* const record = model.StressOf(figure.loadCase, index);
+  if (record == nullptr) return;
   const bool si = model.outUnit == 1;
   const auto add = [&](std::string caption, double value, bool moment) {
     const std::string_view unit = moment ? (si ? "(kN･m)" : "(t･m)") : (si ? "(kN)" : "(t)");
-    facts.push_back({caption.append(unit), FormatNumber(value * (si ? model.gravityFactor : 1), kForce)});
+    facts.push_back({caption.append(unit), FormatNumber(value * model.DisplayFactor(), kResult)});
   };
   const FigureElement& element = model.elements[static_cast<std::size_t>(index)];
   if (element.rowI < 0 || element.rowJ < 0) return;  // no diagram has it
   const FigureNode& i = model.nodes[static_cast<std::size_t>(element.rowI)];
   const FigureNode& j = model.nodes[static_cast<std::size_t>(element.rowJ)];
   const bool exchanged = StartsAtJ({i.x, i.y}, {j.x, j.y});
-  const auto of = [&](auto fromStart) {
-    return DiagramValues(fromStart, model.StressTable[at], exchanged, model.IsGrid());
-  };
-  const EndValues axial = of(AxialFromStart), shear = of(ShearFromStart);
-  const MomentValues moment = of(MomentsFromStart);
+  const EndValues axial = AxialFromStart(*record, exchanged),
+                  shear = ShearFromStart(*record, exchanged, model.IsGrid());
+  const MomentValues moment = MomentLabels(*record, exchanged, model.IsGrid());
   add("軸力Ｉ", exchanged ? axial.end : axial.start, false);
   add("軸力Ｊ", exchanged ? axial.start : axial.end, false);
   add("せん断力Ｉ", exchanged ? shear.end : shear.start, false);
@@ -132,7 +125,7 @@ std::vector<PickFact> PickFacts(const Figure& figure, const Pick& pick) {
   }
   if (ShowsResults(figure.DiagramType)) AddForces(facts, figure, pick.index);
   if (index < model.ratios.size() && !std::isnan(model.ratios[index]))
-    facts.push_back({"判定値", FormatNumber(model.ratios[index], kForce)});
+    facts.push_back({"判定値", FormatNumber(model.ratios[index], kResult)});
   return facts;
 }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <utility>
 
 namespace zorlan {
 namespace {
@@ -84,12 +85,34 @@ TEST(DiagramValues, TensionIsPositiveAtBothEnds) {
 // A beam without a load on it is held up with 3 t at its left end and pushed down with 3 t at its right one.
 // Entered from the right, its y axis points down: the left end, J, then has Q = -3, the right one 3.
 TEST(DiagramValues, ShearIsTheSameFromEitherEnd) {
-  const EndValues straight = ShearFromStart({.shearI = 3, .shearJ = -3}, false);
+  const EndValues straight = ShearFromStart({.shearI = 3, .shearJ = -3}, false, false);
   EXPECT_EQ(straight.start, 3);
   EXPECT_EQ(straight.end, 3);
-  const EndValues exchanged = ShearFromStart({.shearI = 3, .shearJ = -3}, true);
+  const EndValues exchanged = ShearFromStart({.shearI = 3, .shearJ = -3}, true, false);
   EXPECT_EQ(exchanged.start, 3);
   EXPECT_EQ(exchanged.end, 3);
+}
+
+// The same beam in a grid, entered from the right: the vertical stays, so the left end, J, is held up with 3.
+TEST(DiagramValues, ShearOfAGridIsTheSameFromEitherEnd) {
+  for (const auto& [record, exchanged] : {std::pair(StressRecord{.shearI = 3, .shearJ = -3}, false),
+                                          std::pair(StressRecord{.shearI = -3, .shearJ = 3}, true)}) {
+    const EndValues shear = ShearFromStart(record, exchanged, true);
+    EXPECT_EQ(shear.start, 3);
+    EXPECT_EQ(shear.end, 3);
+  }
+}
+
+TEST(DiagramValues, MomentsOfAGridHaveTheRecordsSignsInTheLabelsAndUprightOrdinates) {
+  const auto values = [](const MomentValues& m) { return std::array{m.start, m.centre, m.end}; };
+  for (const bool grid : {false, true}) {
+    EXPECT_EQ(values(MomentLabels(kRecord, false, grid)), (std::array{2.0, 3.0, 4.0}));
+    EXPECT_EQ(values(MomentOrdinates(kRecord, false, grid)), (std::array{2.0, 3.0, 4.0}));
+  }
+  EXPECT_EQ(values(MomentLabels(kRecord, true, false)), (std::array{4.0, -3.0, 2.0}));
+  EXPECT_EQ(values(MomentOrdinates(kRecord, true, false)), (std::array{4.0, -3.0, 2.0}));
+  EXPECT_EQ(values(MomentLabels(kRecord, true, true)), (std::array{4.0, 3.0, 2.0}));
+  EXPECT_EQ(values(MomentOrdinates(kRecord, true, true)), (std::array{-4.0, 3.0, -2.0}));
 }
 
 TEST(DiagramScale, MakesTheGreatestValueAsHighAsTheOptionSays) {

@@ -487,7 +487,8 @@ TEST_F(DiagramTest, OrdinatesOfAGridAreAsHighAsTheOptionSaysInTheView) {
 }
 
 // A grid beam of 6 m on a support at its left end, sagging under its load: M(J) = 14.744 at the crossing. Its
-// local vertical is Z from either end, so entered from the right M(I) is -M(J) of before, and M(C) stays.
+// local vertical is Z from either end, so entered from the right M(I) is -M(J) of before, and M(C) stays. The
+// diagram is the same beam's; the label at an end is that end's moment with the sign that the results have.
 TEST_F(DiagramTest, AGridMemberSagsDownwardFromWhicheverEndItIsEntered) {
   figure_.model.modelCode = kPlaneGrid;
   figure_.oblique = true;
@@ -497,15 +498,16 @@ TEST_F(DiagramTest, AGridMemberSagsDownwardFromWhicheverEndItIsEntered) {
     const char* name;
     Point i, j;
     StressRecord record;
+    const char* atCrossing;
   };
   constexpr StressRecord kForward = {
       .momentI = 0, .momentC = 16.372, .momentJ = 14.744, .shearI = 8.457, .shearJ = 3.543};
   constexpr StressRecord kBackward = {
       .momentI = -14.744, .momentC = 16.372, .momentJ = 0, .shearI = 3.543, .shearJ = 8.457};
-  for (const Entry& c : {Entry{"left to right", {0, 5}, {6, 5}, kForward},
-                         {"right to left", {6, 5}, {0, 5}, kBackward},
-                         {"bottom to top in the plan", {3, 0}, {3, 6}, kForward},
-                         {"top to bottom in the plan", {3, 6}, {3, 0}, kBackward}}) {
+  for (const Entry& c : {Entry{"left to right", {0, 5}, {6, 5}, kForward, "14.74"},
+                         {"right to left", {6, 5}, {0, 5}, kBackward, "-14.74"},
+                         {"bottom to top in the plan", {3, 0}, {3, 6}, kForward, "14.74"},
+                         {"top to bottom in the plan", {3, 6}, {3, 0}, kBackward, "-14.74"}}) {
     RemoveMembers();
     AddMember(c.i, c.j, c.record);
     const std::vector<DrawOperation> moment = Draw(DrawMomentData);
@@ -514,7 +516,7 @@ TEST_F(DiagramTest, AGridMemberSagsDownwardFromWhicheverEndItIsEntered) {
     EXPECT_NEAR(moment[10].y2, 11440, 1e-3) << c.name;  // the greatest hangs 1440 down
     EXPECT_NEAR(moment[20].y2, 10000 + 1440 * 14.744 / 16.372, 1e-3) << c.name;  // end
     EXPECT_EQ(moment[22].text, "0.00") << c.name;
-    EXPECT_EQ(moment[23].text, "14.74") << c.name;
+    EXPECT_EQ(moment[23].text, c.atCrossing) << c.name;
     EXPECT_EQ(moment[24].text, "16.37") << c.name;
     const std::vector<DrawOperation> shear = Draw(DrawNormalShearData);
     ASSERT_EQ(shear.size(), 5U) << c.name;
@@ -553,6 +555,7 @@ TEST_F(DiagramTest, DiagramsAreTheSameFromEitherEndOfAMember) {
   for (const bool grid : {false, true}) {
     figure_.model.modelCode = grid ? kPlaneGrid : kPlaneFrame;
     figure_.oblique = grid;
+    o.momentValue.visible = !grid;  // the moments at a grid member's ends have the sign of its own direction
     for (const auto& [start, end] : kEnds)
       for (const Routine routine : {DrawMomentData, DrawNormalData, DrawNormalShearData}) {
         const auto drawn = [&](Point i, Point j, const StressRecord& record) {
@@ -564,6 +567,37 @@ TEST_F(DiagramTest, DiagramsAreTheSameFromEitherEndOfAMember) {
         if (grid) record.axialI = record.axialJ = 0;
         ExpectList(drawn(end, start, FromTheOtherEnd(record, grid)), drawn(start, end, record));
       }
+  }
+}
+
+// A grid beam of 6 m under 1 t/m, fixed at its left end and simply held at its right one: wL^2/8 = 4.5 at the
+// fixed end. Entered from the right the fixed end is J: M(J) = -4.5, as a fixed end J has from the left.
+TEST_F(DiagramTest, MomentLabelsOfAGridHaveTheSignOfTheirEnd) {
+  figure_.model.modelCode = kPlaneGrid;
+  figure_.oblique = true;
+  figure_.projection = Projection(0, 0, 0, 0, 0);
+  figure_.options.momentValue.visible = true;
+  const struct {
+    const char* name;
+    Point i, j;
+    StressRecord record;
+    const char *start, *end;
+  } cases[] = {
+      {"fixed at its I, left", {0, 5}, {6, 5}, {.momentI = 4.5, .momentC = 2.25}, "4.50", "0.00"},
+      {"fixed at its J, left", {6, 5}, {0, 5}, {.momentC = 2.25, .momentJ = -4.5}, "-4.50", "0.00"},
+      {"fixed at its I, right", {6, 5}, {0, 5}, {.momentI = 4.5, .momentC = 2.25}, "0.00", "4.50"},
+      {"fixed at its J, right", {0, 5}, {6, 5}, {.momentC = 2.25, .momentJ = -4.5}, "0.00", "-4.50"},
+  };
+  for (const auto& c : cases) {
+    RemoveMembers();
+    AddMember(c.i, c.j, c.record);
+    const std::vector<DrawOperation> list = Draw(DrawMomentData);
+    ASSERT_EQ(list.size(), 25U) << c.name;
+    EXPECT_EQ(list[22].text, c.start) << c.name;
+    EXPECT_EQ(list[23].text, c.end) << c.name;
+    EXPECT_EQ(list[24].text, "2.25") << c.name;
+    // Tension is at the upper side of a fixed end: the ordinate stands up there.
+    EXPECT_NEAR(list[std::string_view(c.start) == "0.00" ? 20 : 0].y2, 10000 - 1440, 1e-3) << c.name;
   }
 }
 

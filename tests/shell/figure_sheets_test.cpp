@@ -181,12 +181,13 @@ TEST(FigurePick, ForcesHaveTheSenseOfTheDiagramsBesideThem) {
                                                             {"ﾓｰﾒﾝﾄＪ(t･m)", "-1.000"}}));
 }
 
-// A grid beam on a support at its left end, which is J: the figure has 0 there and 14.744 at its right end.
+// A grid beam on a support at its left end, which is J: moments are those of its ends as the results hold
+// them, shear has the inner sense.
 TEST(FigurePick, AGridMemberEnteredFromTheRightHasTheNumbersOfItsFigure) {
   const StressRecord sagging = {
       .momentI = -14.744, .momentC = 16.372, .momentJ = 0, .shearI = 3.543, .shearJ = 8.457};
   const std::vector<PickFact> facts = ForceFacts(sagging, true, kPlaneGrid);
-  EXPECT_THAT(facts, Contains(PickFact{"ﾓｰﾒﾝﾄＩ(t･m)", "14.744"}));
+  EXPECT_THAT(facts, Contains(PickFact{"ﾓｰﾒﾝﾄＩ(t･m)", "-14.744"}));
   EXPECT_THAT(facts, Contains(PickFact{"ﾓｰﾒﾝﾄ中央(t･m)", "16.372"}));
   EXPECT_THAT(facts, Contains(PickFact{"ﾓｰﾒﾝﾄＪ(t･m)", "0.000"}));
   EXPECT_THAT(facts, Contains(PickFact{"せん断力Ｉ(t)", "-3.543"}));
