@@ -57,14 +57,14 @@ EndValues ShearFromStart(const StressRecord& record, bool exchanged, bool grid) 
   return grid ? EndValues{-j, -i} : EndValues{j, i};
 }
 
-bool HasOrdinates(double G) {
-  constexpr double kRounding = 1e-9;  // t, t*m, m: what the solution leaves where nothing is
-  return G > kRounding;
+bool HasOrdinates(double G, double greatestOfAll) {
+  constexpr double kRounding = 1e-10;
+  return G > kRounding * greatestOfAll;
 }
 
 double DiagramScale(double height, double Vvkei, double G) {
   const double scale = height * Vvkei / G;
-  return HasOrdinates(G) && std::isfinite(scale) ? scale : 1;
+  return G > 0 && std::isfinite(scale) ? scale : 1;
 }
 
 Parabola MomentParabola(double Mi, double Mc, double Mj, double L) {

@@ -59,11 +59,12 @@ EndValues AxialFromStart(const StressRecord& record, bool exchanged);
 /// loads it is constant. It is the same from either end, in a grid too, where the vertical stays.
 EndValues ShearFromStart(const StressRecord& record, bool exchanged, bool grid);
 
-/// Whether a diagram with this greatest absolute value (t, t*m, m) has ordinates: rounding alone has none.
-bool HasOrdinates(double G);
+/// Whether a diagram with this greatest absolute value has ordinates, beside the greatest of all forces and
+/// moments (t, t*m): what the solution's rounding leaves where nothing is has none.
+bool HasOrdinates(double G, double greatestOfAll);
 
 /// Model units per unit of a result: the greatest absolute value G becomes `height` twips at `Vvkei` model
-/// units per twip. 1 without ordinates.
+/// units per twip. 1 for a G of 0.
 double DiagramScale(double height, double Vvkei, double G);
 
 /// The parabola m(x) = a x^2 + b x + c through Mi at 0, -Mc at L/2 and -Mj at L: centre and end moments have

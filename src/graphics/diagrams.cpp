@@ -127,6 +127,9 @@ double GreatestAxial(const StressRecord& r) {
 double GreatestShear(const StressRecord& r) {
   return std::max(std::abs(r.shearI), std::abs(r.shearJ));
 }
+double GreatestOfAll(const StressRecord& r) {
+  return std::max({GreatestMoment(r), GreatestAxial(r), GreatestShear(r)});
+}
 
 /// A shown member of a diagram, with its record of the case in hand.
 struct ShownMember {
@@ -137,7 +140,8 @@ struct ShownMember {
 /// None where that case is without such stress.
 std::vector<ShownMember> ShownMembers(const Figure& figure, Greatest greatest) {
   std::vector<ShownMember> shown;
-  if (!HasOrdinates(GreatestStress(figure, {figure.loadCase, figure.loadCase}, greatest))) return shown;
+  const double G = GreatestStress(figure, {figure.loadCase, figure.loadCase}, greatest);
+  if (!HasOrdinates(G, GreatestStress(figure, ScaledCases(figure), GreatestOfAll))) return shown;
   const std::vector<FigureElement>& elements = figure.model.elements;
   for (std::size_t e = 0; e < elements.size() && e < figure.shown.size(); ++e) {
     if (figure.shown[e] == 0) continue;

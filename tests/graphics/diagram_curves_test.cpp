@@ -115,6 +115,13 @@ TEST(DiagramValues, MomentsOfAGridHaveTheRecordsSignsInTheLabelsAndUprightOrdina
   EXPECT_EQ(values(MomentOrdinates(kRecord, true, true)), (std::array{-4.0, 3.0, -2.0}));
 }
 
+TEST(HasOrdinates, IsJudgedBesideTheGreatestOfAllForces) {
+  EXPECT_FALSE(HasOrdinates(0, 0));
+  EXPECT_FALSE(HasOrdinates(4.6e-9, 1280));
+  EXPECT_TRUE(HasOrdinates(4.6e-9, 1));
+  EXPECT_TRUE(HasOrdinates(1e-300, 1e-300));
+}
+
 TEST(DiagramScale, MakesTheGreatestValueAsHighAsTheOptionSays) {
   // 2.54 cm are 1440 twips; at 0.001 m a twip that is 1.44 m in the model, for G = 4: 0.36 m a unit.
   EXPECT_DOUBLE_EQ(DiagramScale(2.54 * kTwipsPerCm, 0.001, 4), 0.36);

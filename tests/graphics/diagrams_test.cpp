@@ -322,9 +322,39 @@ TEST_F(DiagramTest, ACaseOfZerosBesideALoadedOneDrawsNothing) {
   EXPECT_TRUE(target_.tints.empty());
 }
 
-TEST_F(DiagramTest, WhatRoundingLeavesHasNoOrdinates) {
-  AddMember({1, 5}, {5, 5}, {.momentI = 4e-13, .momentC = 2e-13, .momentJ = -4e-13});
+// The solution of a cantilever of 57 m under 1 t/m leaves 4.6e-9 t of axial force where there is none.
+TEST_F(DiagramTest, WhatRoundingLeavesBesideTheGreatForcesHasNoOrdinates) {
+  AddMember({1, 5}, {5, 5},
+            {.axialI = -4.6e-9, .momentI = 1280, .axialJ = 4.6e-9, .shearI = 45, .shearJ = 3});
+  EXPECT_TRUE(Draw(DrawNormalData).empty());
+  EXPECT_FALSE(Draw(DrawNormalShearData).empty());
+  EXPECT_FALSE(Draw(DrawMomentData).empty());
+}
+
+// A member of a thousandth of a tonne in a model as small is no rounding.
+TEST_F(DiagramTest, TheForcesOfASmallModelAreDrawnHoweverSmall) {
+  AddMember({1, 5}, {5, 5}, {.axialI = -5e-11, .momentI = 4e-10, .axialJ = 5e-11, .shearI = 1e-10});
+  EXPECT_NEAR(Draw(DrawMomentData).at(0).y2, 3560, 1e-3);
+  EXPECT_NEAR(Draw(DrawNormalData).at(0).y2, 3560, 1e-3);
+  EXPECT_NEAR(Draw(DrawNormalShearData).at(0).y2, 3560, 1e-3);
+}
+
+// Which cases say what is small: those that have a part in the scale.
+TEST_F(DiagramTest, ACaseOfRoundingBesideALoadedOneDrawsNothingUnlessItCountsAlone) {
+  AddMember({1, 5}, {5, 5}, {.momentI = 1e-12});
+  figure_.model.maxLoadCase = 2;
+  figure_.model.StressTable.push_back({.momentI = 5});
   EXPECT_TRUE(Draw(DrawMomentData).empty());
+  figure_.options.ScaleOverAllCases = false;
+  EXPECT_FALSE(Draw(DrawMomentData).empty());
+}
+
+// 4.76e-10 m at the tip: the figure is of the shape, whatever its size.
+TEST_F(DiagramTest, TheSmallestDisplacementHasTheHeightOfTheOption) {
+  AddMember({1, 5}, {5, 5}, {});
+  figure_.model.DisplacementTable = {{}, {.y = 4.76e-10}};
+  ExpectList(Draw(DrawDisplacementData, layer::kDisplacement),
+             {LineOf({6000, 5000}, {10000, 3560}, 16711680, layer::kDisplacement)});
 }
 
 TEST_F(DiagramTest, MembersOutOfTheRangeKeepTheScale) {
