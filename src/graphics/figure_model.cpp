@@ -27,11 +27,11 @@ std::vector<Record> Used(const Rows<Record>& rows, int count) {
   return used;
 }
 
-/// The first index of each number.
+/// The last index of each number: the row that the analysis takes.
 template <class Item>
 NumberRows NumbersOf(const std::vector<Item>& items) {
   NumberRows rows;
-  for (std::size_t n = 0; n < items.size(); ++n) rows.Note(items[n].number, static_cast<int>(n) + 1);
+  for (std::size_t n = items.size(); n-- > 0;) rows.Note(items[n].number, static_cast<int>(n) + 1);
   return rows;
 }
 
@@ -57,65 +57,76 @@ std::string_view WithoutParentheses(std::string_view text) {
                                                                        : text;
 }
 
-/// Cells of a table row counted from 1; false where one doesn't fit its record.
+/// The fields of a table row counted from 1; not good where one doesn't fit its record.
 class Cells {
  public:
-  explicit Cells(const TableRow& row) : row_(row) {}
+  explicit Cells(std::string_view row) {
+    try {
+      count_ = SplitFields(row, fields_);
+    } catch (const Fault&) {
+      good_ = false;  // more fields than a row can have
+    }
+  }
 
   bool Good() const { return good_; }
-  std::size_t Count() const { return row_.cells.size(); }
-  double Real(std::size_t cell) {
-    const double value = ReadReal(Text(cell));
+  void Refuse() { good_ = false; }
+  int Count() const { return count_; }
+  double Real(std::size_t field) {
+    const double value = ReadReal(fields_[field]);
     if (!std::isfinite(value)) good_ = false;
     return value;
   }
-  std::int16_t Int(std::size_t cell) {
-    const std::optional<std::int16_t> value = ReadInt16(WithoutParentheses(Text(cell)));
+  std::int16_t Int(std::size_t field) {
+    const std::optional<std::int16_t> value = ReadInt16(WithoutParentheses(fields_[field]));
     if (!value) good_ = false;
     return value.value_or(0);
   }
 
  private:
-  std::string_view Text(std::size_t cell) const {
-    return cell <= row_.cells.size() ? std::string_view(row_.cells[cell - 1]) : std::string_view();
-  }
-  const TableRow& row_;
+  Fields fields_;
+  int count_ = 0;
   bool good_ = true;
 };
 
-/// Where the tables of a model come from: the text of the one with a key, and rows that stand in for others.
-struct TableSource {
-  std::function<std::string(std::string_view key)> text;
-  const TypedRows& typed;
+/// Where the tables of a model come from: the rows of the one with a key.
+using TableSource = std::function<std::string(std::string_view key)>;
 
-  std::vector<TableRow> FileRows(std::string_view key) const { return ParseTable(key, text(key)); }
-  std::vector<TableRow> Rows(std::string_view key) const {
-    const auto found = typed.find(key);
-    return found == typed.end() ? FileRows(key) : found->second;
+/// Hands over the rows of a table as the analysis takes them from the deck: without comments, in fields.
+template <class Take>
+void ForEachRow(std::string_view rows, Take take) {
+  while (const std::optional<std::string_view> line = TakeLine(rows)) {
+    const std::string_view row = DeckLine(*line);
+    if (row.empty()) continue;
+    Cells cells(row);
+    take(cells);
   }
+}
+
+/// How many fields a row of a table has, and how many rows the table.
+struct TableLimits {
+  int minFields, maxFields;
+  std::size_t rows;
 };
 
-/// Reads a table's rows of at least so many cells into records; false when a row can't be read.
+/// Reads the rows of a table that keep to its limits into records; false when there are others.
 template <class Record, class Read>
-bool ReadRows(const std::vector<TableRow>& rows, std::size_t minCells, std::size_t limit,
-              std::vector<Record>& records, Read read) {
+bool ReadRows(const std::string& rows, const TableLimits& limits, std::vector<Record>& records, Read read) {
   bool good = true;
-  for (const TableRow& row : rows) {
-    Cells cells(row);
-    if (cells.Count() < minCells || records.size() == limit) {
-      good = false;
-      continue;
-    }
-    Record record = read(cells);
-    if (cells.Good())
-      records.push_back(record);
-    else
-      good = false;
-  }
+  ForEachRow(rows, [&](Cells& cells) {
+    const bool fits = cells.Count() >= limits.minFields && cells.Count() <= limits.maxFields &&
+                      records.size() < limits.rows;
+    if (fits)
+      if (const Record record = read(cells); cells.Good()) {
+        records.push_back(record);
+        return;
+      }
+    good = false;
+  });
   return good;
 }
 
 FigureNode ReadNode(Cells& cells) {
+  if (cells.Int(1) < 0) cells.Refuse();  // the analysis refuses it too, and NodeShown goes by number
   return {
       cells.Int(1), cells.Real(2), cells.Real(3), {cells.Int(4), cells.Int(5), cells.Int(6)}, cells.Real(7)};
 }
@@ -137,35 +148,36 @@ ElodRec ReadElementLoad(Cells& cells) {
 }
 
 void ReadHeader(FigureModel& model, const TableSource& source) {
-  const std::string title = source.text("TITL");
+  const std::string title = source("TITL");
   std::string_view rest = title;
   while (const std::optional<std::string_view> line = TakeLine(rest))
     if (!DeckLine(*line).empty()) model.title = DeckLine(*line);
-  for (const TableRow& row : source.FileRows("CONT")) {
-    Cells cells(row);
+  model.maxLoadCase = 0;
+  ForEachRow(source("CONT"), [&](Cells& cells) {
     model.modelCode = cells.Int(1);
     model.maxLoadCase = cells.Int(2);
-  }
-  for (const TableRow& row : source.FileRows("UNIT")) {
-    Cells cells(row);
+  });
+  ForEachRow(source("UNIT"), [&](Cells& cells) {
     model.inUnit = cells.Int(1);
     model.outUnit = cells.Int(2);
     const double factor = cells.Real(3);
     model.gravityFactor = factor == 0 ? kStandardGravity : factor;
-  }
+  });
 }
+
+constexpr int kAnyCount = kMaxFields;
 
 void ReadLoads(FigureModel& model, const TableSource& source) {
   // A load row at fault is the input check's business; the figure shows the others.
-  ReadRows(source.Rows("PLOD"), 3, kMaxTableRows, model.nodalLoads, [](Cells& cells) {
+  ReadRows(source("PLOD"), {3, kAnyCount, kMaxTableRows}, model.nodalLoads, [](Cells& cells) {
     return PlodRec{cells.Int(1), cells.Int(2), cells.Real(3), cells.Real(4), cells.Real(5)};
   });
-  ReadRows(source.Rows("ELOD"), 6, kMaxTableRows, model.elementLoads, ReadElementLoad);
-  ReadRows(source.Rows("CLOD"), 3, kMaxTableRows, model.cmqLoads, [](Cells& cells) {
+  ReadRows(source("ELOD"), {6, kAnyCount, kMaxTableRows}, model.elementLoads, ReadElementLoad);
+  ReadRows(source("CLOD"), {3, kAnyCount, kMaxTableRows}, model.cmqLoads, [](Cells& cells) {
     return ClodRec{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Real(4),
                    cells.Real(5), cells.Real(6), cells.Real(7), cells.Int(8)};
   });
-  ReadRows(source.Rows("TLOD"), 7, kMaxTableRows, model.temperatureLoads, [](Cells& cells) {
+  ReadRows(source("TLOD"), {7, kAnyCount, kMaxTableRows}, model.temperatureLoads, [](Cells& cells) {
     return TlodRec{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Real(4),
                    cells.Real(5), cells.Real(6), cells.Real(7), cells.Int(8)};
   });
@@ -182,16 +194,12 @@ const Record* RecordOf(const std::vector<Record>& table, std::size_t rows, int l
 constexpr std::string_view kReadingTitle = "入力ﾌｧｲﾙの読込み";
 
 FigureModel ReadTables(const TableSource& source) {
-  constexpr std::size_t kMostNodeCells = 7;  // the analysis drops a row of more
   FigureModel model;
   model.name = ModelBaseName();
   ReadHeader(model, source);
-  std::vector<TableRow> nodes = source.Rows("NODE");
-  const std::size_t longRows =
-      std::erase_if(nodes, [](const TableRow& row) { return row.cells.size() > kMostNodeCells; });
-  if (!ReadRows(nodes, 6, kMaxNodes, model.nodes, ReadNode) || longRows > 0)
+  if (!ReadRows(source("NODE"), {6, 7, kMaxNodes}, model.nodes, ReadNode))
     TheHost().message("節点データに異常が有ります", kReadingTitle);
-  bool good = ReadRows(source.Rows("ELEM"), 6, kMaxElements, model.elements, ReadElement);
+  bool good = ReadRows(source("ELEM"), {6, kAnyCount, kMaxElements}, model.elements, ReadElement);
   ReadLoads(model, source);
   ResolveNumbers(model);
   for (const FigureElement& element : model.elements) good = good && element.rowI >= 0 && element.rowJ >= 0;
@@ -230,21 +238,21 @@ FigureModel FigureModelOf(const ModelRec& model) {
 }
 
 FigureModel ReadFigureTables(const TypedRows& typed) {
-  const auto file = [](std::string_view key) {
+  return ReadTables([&](std::string_view key) {
+    if (const auto found = typed.find(key); found != typed.end())
+      return TableText(found->second, static_cast<int>(found->second.size()));
     const std::string path = WorkPath + std::string(key);
     return FileExists(path) ? ReadTextFile(path) : std::string();
-  };
-  return ReadTables({file, typed});
+  });
 }
 
 FigureModel ReadFigureDeck(std::string_view deck) {
   const std::vector<DeckTable> tables = SplitDeck(deck);
-  const auto text = [&](std::string_view key) {
-    const auto table = std::ranges::find(tables, key, &DeckTable::name);
-    return table == tables.end() ? std::string() : table->text;
-  };
-  const TypedRows nothingTyped;
-  return ReadTables({text, nothingTyped});
+  return ReadTables([&](std::string_view key) {
+    const auto table =
+        std::find_if(tables.begin(), tables.end(), [&](const DeckTable& known) { return known.name == key; });
+    return table == tables.end() ? std::string() : table->earlier + table->text;
+  });
 }
 
 void ReadFigureResults(FigureModel& model, const std::string& folder) {

@@ -82,9 +82,10 @@ FigureModel FigureModelOf(const ModelRec& model);
 using TypedRows = std::map<std::string, std::vector<TableRow>, std::less<>>;
 
 /// The model in hand as its table files in the work folder stand, with the messages for a table at fault.
-/// What a table can't give is left out.
+/// What a table can't give is left out. A row is split as ReadDeck splits it, so that the figure shows what
+/// the analysis takes, but for one thing: a whole number in parentheses is shown without them.
 FigureModel ReadFigureTables(const TypedRows& typed = {});
-/// The same of the tables in a deck's text.
+/// The same of the tables in a deck's text, with the rows of every section.
 FigureModel ReadFigureDeck(std::string_view deck);
 
 /// Adds displacements and member forces from FT021 and FT031 of `folder`. Throws Fault with file and reason,

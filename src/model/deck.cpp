@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -142,20 +143,23 @@ bool IsTableFileName(std::string_view name) {
 
 std::vector<DeckTable> SplitDeck(std::string_view deck) {
   std::vector<DeckTable> tables;
-  std::string* text = nullptr;  // of the table in hand
+  std::unordered_map<std::string, std::size_t> placeOf;  // by name
+  DeckTable* table = nullptr;                            // in hand
   while (const std::optional<std::string_view> whole = TakeLine(deck)) {
     const std::string_view line = DeckLine(*whole);
     if (line.empty()) continue;
     if (line[0] == '@') {
       const std::string name = UpperCase(line.substr(1));
-      text = nullptr;
+      table = nullptr;
       if (!IsTableFileName(name)) continue;
-      for (DeckTable& known : tables)
-        if (known.name == name) text = &known.text;
-      if (text == nullptr) text = &tables.emplace_back(DeckTable{name, {}}).text;
-      text->clear();
-    } else if (text != nullptr) {
-      text->append(line).append(kLineEnd);
+      const auto [known, fresh] = placeOf.emplace(name, tables.size());
+      if (fresh) tables.emplace_back().name = name;
+      table = &tables[known->second];
+      if (fresh) continue;
+      table->earlier += std::exchange(table->text, {});
+      ++table->sections;
+    } else if (table != nullptr) {
+      table->text.append(line).append(kLineEnd);
     }
   }
   return tables;

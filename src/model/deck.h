@@ -23,13 +23,17 @@ int SplitFields(std::string_view line, Fields& fields);
 /// What is left of a deck line: without its comment and the blanks around it.
 std::string_view DeckLine(std::string_view line);
 
-/// A table of a deck: its name in upper case, and its rows as the text of a table file.
+/// A table of a deck: its name in upper case, and its rows as the text of a table file. A section that comes
+/// again starts its table anew, as a deck is split into table files; ReadDeck takes the rows of them all, the
+/// earlier ones first.
 struct DeckTable {
   std::string name, text;
+  std::string earlier;  // rows of the sections ahead of the last
+  int sections = 1;
 };
 
-/// The tables of a deck's text, in the order in which their sections come first; a section that comes again
-/// starts its table anew. Comments are left out, and sections whose name can't be that of a file.
+/// The tables of a deck's text, in the order in which their sections come first. Comments are left out, and
+/// sections whose name can't be that of a file.
 std::vector<DeckTable> SplitDeck(std::string_view deck);
 
 /// Why the bytes of a file aren't a deck, in the user's words: no table in them, or an encoding that would

@@ -80,6 +80,7 @@ TEST_F(BatchFigure, ATableAtFaultIsToldAndNothingIsWritten) {
   const FaultCase kCases[] = {
       {"a node of three cells", "1,0,0,1,1,1\n2,5,0,0,0,0\n3,5,5", "1,1,2,0,0,1", nodes},
       {"a node of eight cells", "1,0,0,1,1,1\n2,5,0,0,0,0\n3,5,5,0,0,0,0,0", "1,1,2,0,0,1", nodes},
+      {"a node number below 0", "1,0,0,1,1,1\n2,5,0,0,0,0\n-3,5,5,0,0,0", "1,1,2,0,0,1", nodes},
       {"a member of three cells", "1,0,0,1,1,1\n2,5,0,0,0,0", "1,1,2,0,0,1\n2,1,2", members},
       {"a member on no node", "1,0,0,1,1,1\n2,5,0,0,0,0", "1,1,2,0,0,1\n2,2,9,0,0,1", members},
   };
@@ -191,6 +192,23 @@ TEST_F(BatchFigure, AModelWithoutLoadCasesHasAModelFigureAlone) {
     EXPECT_THAT(result.err, HasSubstr("無荷重.inp ： 荷重ケース 1 はありません（荷重ケース数 0）"));
     EXPECT_FALSE(program_.Exists("b.png"));
   }
+}
+
+TEST_F(BatchFigure, ADeckWithoutControlDataHasAModelFigureAlone) {
+  program_.Deck("無制御.inp", "@NODE\n1,0,0,1,1,1\n2,5,0,0,0,0\n@ELEM\n1,1,2,0,0,1\n@PLOD\n1,2,1\n");
+  EXPECT_EQ(program_.Run({"figure", "無制御.inp", "--kind", "model", "--output", "a.tmp"}).exitCode, 0);
+  const BatchResult result = program_.Run({"figure", "無制御.inp", "--kind", "load", "--output", "b.tmp"});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.err, HasSubstr("荷重ケース 1 はありません（荷重ケース数 0）"));
+}
+
+TEST_F(BatchFigure, LoadsOfEverySectionAndOfPaddedRowsAreDrawn) {
+  program_.Deck("荷重.inp",
+                "@CONT\n1,1,0,0\n@NODE\n1,           0,0,1,1,0\n2,6,0,0,1,0\n@ELEM\n1,1,2,0,0,1\n"
+                "@PLOD\n1,2,1.25,0,0\n@PLOD\n1,2,0,          2.5,0\n");
+  const BatchResult result = program_.Run({"figure", "荷重.inp", "--kind", "load", "--output", "l.tmp"});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(Lines("l.tmp"), AllOf(HasSubstr("1.25"), HasSubstr("2.5")));
 }
 
 TEST_F(BatchFigure, ADeckWithoutNodesIsAFailure) {

@@ -1,6 +1,10 @@
 #include "graphics/figure_model.h"
 
+#include <filesystem>
+
+#include "base/number.h"
 #include "figures.h"
+#include "model/deck.h"
 #include "support/model_folder.h"
 
 namespace zorlan {
@@ -115,12 +119,17 @@ TEST_F(FigureModelTest, TablesAtFaultAreToldAndTheirOtherRowsShown) {
     const char* elem;
     bool nodeFault, elemFault;
   };
-  constexpr FaultCase kCases[] = {
+  std::string manyCells;
+  const FaultCase kCases[] = {
       {"sound", "1,0,0,1,1,1\n2,3,0,0,0,0\n", "1,1,2,0,0,1\n", false, false},
       {"a node of few cells", "1,0,0,1,1,1\n2,3,0,0,0,0\n3,5\n", "1,1,2,0,0,1\n", true, false},
       {"a node number out of range", "1,0,0,1,1,1\n2,3,0,0,0,0\n99999,5,0,0,0,0\n", "1,1,2,0,0,1\n", true,
        false},
       {"a node of more cells than there are columns", "1,0,0,1,1,1\n2,3,0,0,0,0\n3,5,0,0,0,0,0,0\n",
+       "1,1,2,0,0,1\n", true, false},
+      {"a node number below 0", "1,0,0,1,1,1\n2,3,0,0,0,0\n-3,5,0,0,0,0\n", "1,1,2,0,0,1\n", true, false},
+      {"a node of more cells than can be told apart",
+       (manyCells = "1,0,0,1,1,1\n2,3,0,0,0,0\n3,5,0,0,0,0" + std::string(120, ',') + "\n").c_str(),
        "1,1,2,0,0,1\n", true, false},
       {"a coordinate out of range", "1,0,0,1,1,1\n2,3,0,0,0,0\n3,1e999,0,0,0,0\n", "1,1,2,0,0,1\n", true,
        false},
@@ -161,6 +170,107 @@ TEST_F(FigureModelTest, ADeckIsReadLikeTheTablesOfTheWorkFolder) {
   ASSERT_THAT(model.elements, SizeIs(1));
   EXPECT_EQ(model.elements[0].rowJ, 1);
   EXPECT_THAT(model.nodalLoadNode, ElementsAre(1));
+}
+
+/// The figure's tables as a text that two readings can be compared by.
+std::string Told(const FigureModel& m) {
+  std::string text = m.title + "|" + std::to_string(m.IsGrid()) + "|" + std::to_string(m.maxLoadCase) + "|" +
+                     std::to_string(m.inUnit) + std::to_string(m.outUnit) + "|" + RealText(m.gravityFactor);
+  const auto add = [&text](auto... values) {
+    ((text += " " + RealText(values)), ...);
+    text += "\n";
+  };
+  for (const FigureNode& n : m.nodes) add(n.number, n.x, n.y, n.code[0], n.code[1], n.code[2], n.rollerAngle);
+  for (const FigureElement& e : m.elements) add(e.number, e.I, e.J, e.II, e.JJ, e.section, e.rowI, e.rowJ);
+  for (const PlodRec& l : m.nodalLoads) add(l.loadCase, l.node, l.F1, l.F2, l.F3);
+  for (const ElodRec& l : m.elementLoads) add(l.loadCase, l.element, l.P, l.TYPE, l.Ly, l.K, l.MG);
+  for (const ClodRec& l : m.cmqLoads) add(l.loadCase, l.element, l.Ci, l.Mo, l.Cj, l.Qi, l.Qj, l.MG);
+  for (const TlodRec& l : m.temperatureLoads)
+    add(l.loadCase, l.element, l.Y1, l.T1, l.T2, l.alpha, l.To, l.J);
+  for (const auto& indices :
+       {m.nodalLoadNode, m.elementLoadElement, m.cmqLoadElement, m.temperatureLoadElement}) {
+    for (const int index : indices) add(index);
+    text += "|";
+  }
+  return text;
+}
+
+TEST_F(FigureModelTest, ADeckWhoseRowsTheAnalysisTakesIsTheSameModelForTheFigure) {
+  constexpr const char* kHead = "@CONT\n1,2,0,0\n";
+  constexpr const char* kTables = "@NODE\n1,0,0,1,1,1\n2,6,0,0,0,0\n@ELEM\n1,1,2,0,0,1\n";
+  const struct {
+    const char *name, *deck;
+  } cases[] = {
+      {"cells padded with ten blanks",
+       "@CONT\n1,1,0,0\n@NODE\n1,           0,           0,1,1,0\n2,          6,          4,0,1,0,         "
+       "30\n@ELEM\n1,1,          2,0,0,1\n@PLOD\n1,2,0,          -5,0\n@ELOD\n1,1,-1,0,0,1,          1\n"
+       "1,1,          -2,0,0,1,0\n1,1,-3          % end\n"},
+      {"sections that stand twice",
+       "@CONT\n1,1,0,0\n@NODE\n1,0,0,1,1,0\n@NODE\n2,6,0,0,1,0\n@ELEM\n1,1,2,0,0,1\n@PLOD\n1,2,1,0,0\n"
+       "@ELOD\n1,1,-1,0,0,1,0\n@PLOD\n1,2,0,0,2\n@ELOD\n1,1,-5,1,0,1,0\n@CONT\n1,3,0,0\n@TITL\nA\n@TITL\n"},
+      {"two rows of control data and units", "@CONT\n1,2,0,0\n3,4,0,0\n@UNIT\n0,0,9.8\n1,1,0\n"},
+      {"comments and commas behind the last field",
+       "@CONT\n1,2,0,0 % kind\n@NODE\n1,0,0,1,1,1, % corner\n%2,6,0,0,0,0\n2,6,0,0,0,0 % end\n"
+       "@ELEM\n1,1,2,0,0,1,,,\n"},
+      {"no control data", kTables},
+      {"nothing", ""},
+  };
+  for (const auto& c : cases) {
+    Messages messages;
+    WriteDeck(c.deck);
+    ReadDeck(DeckPath(), /*checkMode=*/false);
+    EXPECT_EQ(Told(ReadFigureDeck(c.deck)), Told(FigureModelOf(InpModel))) << c.name;
+    EXPECT_THAT(messages.texts, IsEmpty()) << c.name;
+  }
+  // Loads on numbers that stand twice are the last row's.
+  const std::string twice = std::string(kHead) +
+                            "@NODE\n1,0,0,1,1,0\n2,6,0,0,1,0\n2,12,0,0,1,0\n@ELEM\n1,1,2,0,0,1\n"
+                            "1,2,1,0,0,1\n@PLOD\n1,2,1\n@ELOD\n1,1,-1,1,0,1,0\n";
+  for (const FigureModel& model :
+       {ReadFigureDeck(twice), (WriteDeck(twice), ReadDeck(DeckPath(), false), FigureModelOf(InpModel))}) {
+    EXPECT_THAT(model.nodalLoadNode, ElementsAre(2));
+    EXPECT_THAT(model.elementLoadElement, ElementsAre(1));
+    EXPECT_EQ(model.elements[0].rowJ, 2);
+  }
+}
+
+TEST_F(FigureModelTest, EverySampleDeckIsTheSameModelForTheFigureAndTheAnalysis) {
+  int decks = 0;
+  for (const char* const folder : {"/data/DATA", "/tests/golden"})
+    for (const auto& entry :
+         std::filesystem::recursive_directory_iterator(ZORLAN_SOURCE_DIR + std::string(folder))) {
+      const std::string path = PathText(entry.path());
+      if (!path.ends_with(".inp")) continue;
+      Messages messages;
+      try {
+        ReadDeck(path, /*checkMode=*/false);
+      } catch (const Fault&) {
+        continue;  // there is no figure of it
+      }
+      EXPECT_EQ(Told(ReadFigureDeck(ReadTextFile(path))), Told(FigureModelOf(InpModel))) << path;
+      ++decks;
+    }
+  EXPECT_GT(decks, 20);
+}
+
+TEST_F(FigureModelTest, TypedRowsStandInForTheirTable) {
+  WriteTable("NODE", "1,0,0,1,1,1\n2,6,0,0,0,0\n");
+  WriteTable("ELEM", "1,1,2,0,0,1\n");
+  Messages messages;
+  const FigureModel model = ReadFigureTables({{"NODE",
+                                               {{"NODE", {"1", "0", "0", "1", "1", "1"}},
+                                                {"NODE", {}},
+                                                {"NODE", {"(2)", ".5", "7", "0", "0", "0", ""}}}}});
+  EXPECT_THAT(messages.texts, IsEmpty());
+  ASSERT_THAT(model.nodes, SizeIs(2));
+  EXPECT_EQ(model.nodes[1].number, 2);
+  EXPECT_EQ(model.nodes[1].y, 7);
+  EXPECT_EQ(model.elements[0].rowJ, 1);
+}
+
+TEST_F(FigureModelTest, AModelWithoutControlDataHasNoLoadCase) {
+  EXPECT_EQ(ReadFigureTables().maxLoadCase, 0);
+  EXPECT_EQ(ReadFigureDeck("@NODE\n1,0,0,1,1,1\n").maxLoadCase, 0);
 }
 
 TEST_F(FigureModelTest, TheFigureReadsItsTablesUnlessItsDataAreUnchanged) {
