@@ -14,6 +14,14 @@ namespace zorlan {
 /// U+F8F3, a pair that the code page doesn't define becomes U+30FB (・), as Windows reads them.
 std::string Utf8FromCp932(std::string_view bytes);
 
+/// Whether bytes are meant as UTF-8 and not as code page 932: all of them are UTF-8, with characters of three
+/// bytes or more, and as code page 932 they are broken, or there are three such characters and they are all
+/// everyday ones (signs, kana, the kanji of level 1). A text of code page 932 isn't broken, and is no UTF-8
+/// once it has a kana of two bytes or a kanji of level 1 behind a plain character: their first bytes, 81 to
+/// 9F, only continue UTF-8. Half-width kana alone pair to characters of two bytes. What is left are rare
+/// kanji each with just the right half-width kana behind it, in the whole file and nothing else.
+bool IsMeantAsUtf8(std::string_view bytes);
+
 /// A text in code page 932, and what could not be put into it.
 struct Cp932Text {
   std::string bytes;

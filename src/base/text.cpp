@@ -16,6 +16,10 @@ std::string_view NoSpc(std::string_view text) {
   return text.substr(first, end - first);
 }
 
+std::string_view BeforeEndMark(std::string_view text) {
+  return text.substr(0, text.find('\x1A'));
+}
+
 std::optional<std::string_view> TakeLine(std::string_view& rest) {
   if (rest.empty()) return std::nullopt;
   std::size_t end = 0;

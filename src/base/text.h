@@ -14,6 +14,9 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 /// blanks.
 std::string_view NoSpc(std::string_view text);
 
+/// What stands ahead of the first byte 1A, with which older systems closed a text: all of a text without one.
+std::string_view BeforeEndMark(std::string_view text);
+
 /// Takes the next line off `rest`, without its end (CR LF, LF or CR); nothing when `rest` is empty.
 std::optional<std::string_view> TakeLine(std::string_view& rest);
 

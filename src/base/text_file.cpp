@@ -222,7 +222,8 @@ std::string ReadBytes(const std::string& path) {
 }
 
 std::string ReadTextFile(const std::string& path) {
-  return Utf8FromCp932(ReadBytes(path));
+  const std::string bytes = ReadBytes(path);
+  return Utf8FromCp932(BeforeEndMark(bytes));
 }
 
 std::optional<std::string> ReadTextFileIfAny(const std::string& path) {

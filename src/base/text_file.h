@@ -35,7 +35,7 @@ void RemoveAbandonedFiles(const std::string& folder);
 /// The system's error number in the user's words.
 std::string FileReason(int error);
 
-/// The bytes of a file; the text of one in code page 932.
+/// The bytes of a file; the text of one in code page 932, up to its end mark (BeforeEndMark).
 std::string ReadBytes(const std::string& path);
 std::string ReadTextFile(const std::string& path);
 /// The same for a file that may be missing or spoilt: nothing where there is none that can be read.

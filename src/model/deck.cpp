@@ -32,11 +32,6 @@ int SplitFields(std::string_view line, Fields& fields) {
 
 namespace {
 
-/// Whether there is nothing in a file that could be lost.
-bool IsBlank(std::string_view bytes) {
-  return bytes.find_first_not_of(std::string_view(" \t\r\n\x1A\0", 6)) == std::string_view::npos;
-}
-
 /// Whether a deck has a table of this name.
 bool HoldsTable(std::string_view bytes, std::string_view name) {
   const std::vector<DeckTable> tables = SplitDeck(bytes);
@@ -67,7 +62,7 @@ std::string JoinTables(std::vector<std::string>& files) {
     if (!FileExists(file)) continue;
     deck.append(Cp932FromUtf8(SectionLine(table)).bytes).append(kLineEnd);
     const std::string bytes = ReadBytes(file);
-    std::string_view rest = bytes;
+    std::string_view rest = BeforeEndMark(bytes);
     while (const std::optional<std::string_view> line = TakeLine(rest)) deck.append(*line).append(kLineEnd);
     deck += kLineEnd;
     files.push_back(file);
@@ -87,7 +82,7 @@ void RefuseVanishedTables() {
 /// Refuses a deck that would take more away than the user has changed. `own`: it is that of the model in
 /// hand, which is replaced without a question.
 void RefuseLoss(const std::string& path, std::string_view old, std::string_view deck, bool own) {
-  if (IsBlank(old)) return;
+  if (IsBlankDeck(old)) return;
   const std::string kept = "\nファイルは変更していません";
   if (deck.empty()) throw Fault(path + " ： 保存する表がありません" + kept);
   if (!own) return;
@@ -99,14 +94,19 @@ void RefuseLoss(const std::string& path, std::string_view old, std::string_view 
 
 }  // namespace
 
+bool IsBlankDeck(std::string_view bytes) {
+  return bytes.find_first_not_of(std::string_view(" \t\r\n\x1A\0", 6)) == std::string_view::npos;
+}
+
 std::string WhyNoDeck(std::string_view bytes) {
-  if (IsBlank(bytes)) return "空のファイルです";
+  if (IsBlankDeck(bytes)) return "空のファイルです";
   const char* const encoding = IsUtf16(bytes)                      ? "ＵＴＦ－１６"
                                : bytes.starts_with("\xEF\xBB\xBF") ? "ＢＯＭ付きのＵＴＦ－８"
+                               : IsMeantAsUtf8(bytes)              ? "ＵＴＦ－８"
                                                                    : nullptr;
   if (encoding != nullptr)
     return std::string("文字コードが") + encoding + "です（シフトＪＩＳで保存し直してください）";
-  const std::vector<DeckTable> tables = SplitDeck(bytes);
+  const std::vector<DeckTable> tables = SplitDeck(BeforeEndMark(bytes));
   const bool any = std::any_of(tables.begin(), tables.end(), [](const DeckTable& table) {
     return std::any_of(kTables.begin(), kTables.end(),
                        [&](const TableName& known) { return known.key == table.name; });

@@ -36,6 +36,9 @@ struct DeckTable {
 /// sections whose name can't be that of a file.
 std::vector<DeckTable> SplitDeck(std::string_view deck);
 
+/// Whether there is nothing in a file that could be lost.
+bool IsBlankDeck(std::string_view bytes);
+
 /// Why the bytes of a file aren't a deck, in the user's words: no table in them, or an encoding that would
 /// lose some. Empty for a deck.
 std::string WhyNoDeck(std::string_view bytes);

@@ -20,8 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char kEndOfOldFile = '\x1A';  // older systems closed a text with it
-
 /// What a numbered file holds.
 enum class OldForm {
   Title,     // the first line
@@ -64,8 +62,7 @@ bool IsNumberOrEmpty(std::string_view value) {
 /// The values of an old file one by one, across its lines.
 class OldValues {
  public:
-  explicit OldValues(const OldFile& file)
-      : path_(file.path), rest_(std::string_view(file.text).substr(0, file.text.find(kEndOfOldFile))) {}
+  explicit OldValues(const OldFile& file) : path_(file.path), rest_(file.text) {}
 
   /// The next number as it was typed; empty between two commas.
   std::string_view Next() {

@@ -63,6 +63,9 @@ TEST_F(FilePieces, ATextThatMayBeMissingIsReadWhereItCanBe) {
   ReplaceBytes(Path("a"), "one");
   MakeFolder(Path("folder"));
   EXPECT_EQ(ReadTextFileIfAny(Path("a")), "one");
+  ReplaceBytes(Path("closed"), "one\r\n\x1A\x1A");
+  EXPECT_EQ(ReadTextFile(Path("closed")), "one\r\n");
+  EXPECT_EQ(ReadTextFileIfAny(Path("closed")), "one\r\n");
   EXPECT_EQ(ReadTextFileIfAny(Path("none")), std::nullopt);
   EXPECT_EQ(ReadTextFileIfAny(Path("folder")), std::nullopt);
 }

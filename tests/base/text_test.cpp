@@ -26,5 +26,12 @@ TEST(TakeField, IsEmptyBehindTheLastOne) {
   EXPECT_FALSE(rest);
 }
 
+TEST(BeforeEndMark, CutsATextAtTheByteThatClosesIt) {
+  EXPECT_EQ(BeforeEndMark("a\r\n\x1A"), "a\r\n");
+  EXPECT_EQ(BeforeEndMark("a\x1A\x1A b"), "a");
+  EXPECT_EQ(BeforeEndMark("\x1A"), "");
+  EXPECT_EQ(BeforeEndMark("a\n"), "a\n");
+}
+
 }  // namespace
 }  // namespace zorlan

@@ -244,6 +244,9 @@ TEST(WhyNoDeck, TellsWhatAFileIsNot) {
       {"UTF-16", std::string("\xFF\xFE@\0T\0", 6), "ＵＴＦ－１６"},
       {"UTF-16 without its mark", std::string("@\0T\0I\0", 6), "ＵＴＦ－１６"},
       {"UTF-16, high byte first", std::string("\xFE\xFF\0@\0T", 6), "ＵＴＦ－１６"},
+      {"UTF-8", "@TITL   %タイトル\n題\n@CONT\n1\n", "ＵＴＦ－８です"},
+      {"a deck with a closing byte", "@CONT\n1,1,0\n\x1A", ""},
+      {"tables behind the closing byte alone", "A\n\x1A\n@CONT\n1\n", "表"},
       {"UTF-8 with its mark", "\xEF\xBB\xBF@TITL\n題\n@CONT\n1\n", "ＵＴＦ－８"},
   };
   for (const NoDeckCase& c : cases) {
@@ -304,6 +307,29 @@ TEST_F(DeckFileTest, LinesAheadOfTheFirstSectionAreDropped) {
   LoadDeck();
   EXPECT_EQ(ReadTable("TITL"), "題\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(WorkPath), {}), 1);
+}
+
+TEST_F(DeckFileTest, WhatClosesADeckOfAnOlderSystemIsNoRow) {
+  ReplaceBytes(DeckPath(), "@NODE\r\n1,0,0,1,1,1\r\n\x1A");
+  LoadDeck();
+  EXPECT_EQ(ReadTable("NODE"), "1,0,0,1,1,1\n");
+  ReadDeck(DeckPath(), /*checkMode=*/true);
+  EXPECT_EQ(Read(WorkPath + "InputErr.txt"), "");
+  ReplaceBytes(WorkPath + "NODE", "1,0,0,1,1,1\r\n\x1A\r\n");
+  WriteTable("ELEM", "1,1,2,0,0,1\n");
+  SaveDeck();
+  EXPECT_EQ(Read(DeckPath()), "@NODE   %節点データ\n1,0,0,1,1,1\n\n@ELEM   %要素データ\n1,1,2,0,0,1\n\n");
+}
+
+TEST_F(DeckFileTest, EveryOneOfManySectionsIsATable) {
+  std::string deck;
+  for (int n = 0; n < 20000; ++n) deck += "@X" + std::to_string(n % 10000) + "\n" + std::to_string(n) + "\n";
+  const std::vector<DeckTable> tables = SplitDeck(deck);
+  ASSERT_EQ(tables.size(), 10000u);
+  EXPECT_EQ(tables[77].name, "X77");
+  EXPECT_EQ(tables[77].text, "10077\r\n");
+  EXPECT_EQ(tables[77].earlier, "77\r\n");
+  EXPECT_EQ(tables[77].sections, 2);
 }
 
 TEST_F(DeckFileTest, ASectionNameNeverLeadsOutOfTheWorkFolder) {
