@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "base/text_file.h"
 #include "model/deck.h"
+#include "model/deck_fields.h"
 #include "model/model_state.h"
 #include "model/number_rows.h"
 #include "model/table_file.h"
@@ -102,20 +103,15 @@ void ForEachRow(std::string_view rows, Take take) {
   }
 }
 
-/// How many fields a row of a table has, and how many rows the table.
-struct TableLimits {
-  int minFields, maxFields;
-  std::size_t rows;
-};
-
-/// Reads the rows of a table that keep to its limits into records; false when there are others.
+/// Reads the rows of a table into records, no more than a model can have; false when there are others or rows
+/// that the analysis drops.
 template <class Record, class Read>
-bool ReadRows(const std::string& rows, const TableLimits& limits, std::vector<Record>& records, Read read) {
+bool ReadRows(const TableSource& source, std::string_view key, std::size_t mostRows,
+              std::vector<Record>& records, Read read) {
   bool good = true;
-  ForEachRow(rows, [&](Cells& cells) {
-    const bool fits = cells.Count() >= limits.minFields && cells.Count() <= limits.maxFields &&
-                      records.size() < limits.rows;
-    if (fits)
+  const DeckSection& section = *FindDeckSection(key);
+  ForEachRow(source(key), [&](Cells& cells) {
+    if (section.Takes(cells.Count()) && records.size() < mostRows)
       if (const Record record = read(cells); cells.Good()) {
         records.push_back(record);
         return;
@@ -165,19 +161,17 @@ void ReadHeader(FigureModel& model, const TableSource& source) {
   });
 }
 
-constexpr int kAnyCount = kMaxFields;
-
 void ReadLoads(FigureModel& model, const TableSource& source) {
   // A load row at fault is the input check's business; the figure shows the others.
-  ReadRows(source("PLOD"), {3, kAnyCount, kMaxTableRows}, model.nodalLoads, [](Cells& cells) {
+  ReadRows(source, "PLOD", kMaxTableRows, model.nodalLoads, [](Cells& cells) {
     return PlodRec{cells.Int(1), cells.Int(2), cells.Real(3), cells.Real(4), cells.Real(5)};
   });
-  ReadRows(source("ELOD"), {6, kAnyCount, kMaxTableRows}, model.elementLoads, ReadElementLoad);
-  ReadRows(source("CLOD"), {3, kAnyCount, kMaxTableRows}, model.cmqLoads, [](Cells& cells) {
+  ReadRows(source, "ELOD", kMaxTableRows, model.elementLoads, ReadElementLoad);
+  ReadRows(source, "CLOD", kMaxTableRows, model.cmqLoads, [](Cells& cells) {
     return ClodRec{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Real(4),
                    cells.Real(5), cells.Real(6), cells.Real(7), cells.Int(8)};
   });
-  ReadRows(source("TLOD"), {7, kAnyCount, kMaxTableRows}, model.temperatureLoads, [](Cells& cells) {
+  ReadRows(source, "TLOD", kMaxTableRows, model.temperatureLoads, [](Cells& cells) {
     return TlodRec{cells.Int(1),  cells.Int(2),  cells.Real(3), cells.Real(4),
                    cells.Real(5), cells.Real(6), cells.Real(7), cells.Int(8)};
   });
@@ -197,9 +191,9 @@ FigureModel ReadTables(const TableSource& source) {
   FigureModel model;
   model.name = ModelBaseName();
   ReadHeader(model, source);
-  if (!ReadRows(source("NODE"), {6, 7, kMaxNodes}, model.nodes, ReadNode))
+  if (!ReadRows(source, "NODE", kMaxNodes, model.nodes, ReadNode))
     TheHost().message("節点データに異常が有ります", kReadingTitle);
-  bool good = ReadRows(source("ELEM"), {6, kAnyCount, kMaxElements}, model.elements, ReadElement);
+  bool good = ReadRows(source, "ELEM", kMaxElements, model.elements, ReadElement);
   ReadLoads(model, source);
   ResolveNumbers(model);
   for (const FigureElement& element : model.elements) good = good && element.rowI >= 0 && element.rowJ >= 0;

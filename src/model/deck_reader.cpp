@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "base/text_file.h"
 #include "model/deck.h"
+#include "model/deck_fields.h"
 #include "model/input_check.h"
 #include "model/model_state.h"
 #include "model/number_rows.h"
@@ -60,11 +61,9 @@ class DeckReader {
   ModelRec TakeModel() { return std::move(model_); }
 
  private:
-  /// A deck section: how many fields a row needs, what the check says of one that has others, and who takes
-  /// it.
+  /// A deck section: what the check says of a row with too few or too many fields, and who takes a row.
   struct Section {
     std::string_view name;
-    int minFields, maxFields;
     std::string_view message;
     void (DeckReader::*read)(const Row&);
   };
@@ -97,30 +96,30 @@ class DeckReader {
   NumberRows nodeRows_, groupRows_;
   std::string sectionName_;
   const Section* section_ = nullptr;
+  const DeckSection* fields_ = nullptr;
 };
 
-constexpr int kAnyCount = kMaxFields;
-
 const DeckReader::Section DeckReader::kSections[] = {
-    {"CONT", 0, kAnyCount, {}, &DeckReader::ReadControl},
-    {"UNIT", 0, kAnyCount, {}, &DeckReader::ReadUnits},
-    {"NODE", 6, 7, kNodeFields, &DeckReader::ReadNode},
-    {"ELEM", 6, kAnyCount, kElementFields, &DeckReader::ReadElement},
-    {"SECT", 9, kAnyCount, kSectionFields, &DeckReader::ReadSection},
-    {"PLOD", 3, kAnyCount, kNodalLoadFields, &DeckReader::ReadNodalLoad},
-    {"ELOD", 6, kAnyCount, kElementLoadFields, &DeckReader::ReadElementLoad},
-    {"CLOD", 3, kAnyCount, kCmqLoadFields, &DeckReader::ReadCmqLoad},
-    {"TLOD", 7, kAnyCount, kTemperatureLoadFields, &DeckReader::ReadTemperatureLoad},
-    {"RIGD", 2, kAnyCount, kRigidZoneFields, &DeckReader::ReadRigidZone},
-    {"DISP", 0, kAnyCount, kGroupFields, &DeckReader::ReadGroup},
-    {"SPRG", 2, kAnyCount, kSpringFields, &DeckReader::ReadSpring},
-    {"SPEC", 2, kAnyCount, kForcedFields, &DeckReader::ReadForcedDisplacement},
-    {"ALFA", 3, 3, kMagnificationFields, &DeckReader::ReadMagnification},
+    {"CONT", {}, &DeckReader::ReadControl},
+    {"UNIT", {}, &DeckReader::ReadUnits},
+    {"NODE", kNodeFields, &DeckReader::ReadNode},
+    {"ELEM", kElementFields, &DeckReader::ReadElement},
+    {"SECT", kSectionFields, &DeckReader::ReadSection},
+    {"PLOD", kNodalLoadFields, &DeckReader::ReadNodalLoad},
+    {"ELOD", kElementLoadFields, &DeckReader::ReadElementLoad},
+    {"CLOD", kCmqLoadFields, &DeckReader::ReadCmqLoad},
+    {"TLOD", kTemperatureLoadFields, &DeckReader::ReadTemperatureLoad},
+    {"RIGD", kRigidZoneFields, &DeckReader::ReadRigidZone},
+    {"DISP", kGroupFields, &DeckReader::ReadGroup},
+    {"SPRG", kSpringFields, &DeckReader::ReadSpring},
+    {"SPEC", kForcedFields, &DeckReader::ReadForcedDisplacement},
+    {"ALFA", kMagnificationFields, &DeckReader::ReadMagnification},
 };
 
 void DeckReader::ReadLine(std::string_view line) {
   if (line[0] == '@') {
     sectionName_ = UpperCase(line.substr(1));
+    fields_ = FindDeckSection(sectionName_);
     section_ = nullptr;
     for (const Section& section : kSections)
       if (section.name == sectionName_) section_ = &section;
@@ -130,7 +129,7 @@ void DeckReader::ReadLine(std::string_view line) {
     model_.SubTitle = line;
   } else if (section_ != nullptr) {
     const Row row(line);
-    if (row.Count() < section_->minFields || row.Count() > section_->maxFields)
+    if (!fields_->Takes(row.Count()))
       messages_.AboutLine(section_->message, line);
     else
       (this->*section_->read)(row);
