@@ -269,7 +269,7 @@ void DrawFigure(Plot& plot, std::string_view control, Figure& figure, int kind, 
 }  // namespace
 
 double NodeRadius(const FigureOptions& options) {
-  return kRadiusPerDot * std::clamp(options.node.width, 1.0, 20.0);
+  return kRadiusPerDot * options.node.width;
 }
 
 double SupportSize(const FigureOptions& options) {

@@ -1,6 +1,10 @@
 #include "graphics/option_figures.h"
 
+#include <array>
+#include <cstddef>
 #include <limits>
+#include <string>
+#include <variant>
 
 #include "base/number.h"
 #include "graphics/frame_figure.h"
@@ -39,19 +43,20 @@ RatioClass ClassOf(const OptionRow& form, std::string_view row) {
           upper.empty() ? std::numeric_limits<double>::infinity() : ReadReal(upper), LineOf(form, row)};
 }
 
-/// A set's row `n`, from 1, taken apart.
-class SetReader {
- public:
-  SetReader(std::span<const OptionRow> forms, std::span<const std::string> rows)
-      : forms_(forms), rows_(rows) {}
-  TextOption Text(std::size_t n) const { return TextOf(forms_[n - 1], rows_[n - 1]); }
-  LineOption Line(std::size_t n) const { return LineOf(forms_[n - 1], rows_[n - 1]); }
-  RatioClass Class(std::size_t n) const { return ClassOf(forms_[n - 1], rows_[n - 1]); }
-
- private:
-  std::span<const OptionRow> forms_;
-  std::span<const std::string> rows_;
-};
+template <std::size_t N>
+FigureOptions FigureOf(const std::array<OptionRow, N>& forms, const OptionRows<N>& rows) {
+  FigureOptions figure;
+  for (std::size_t n = 0; n < N; ++n) {
+    const OptionTarget& target = forms[n].target;
+    if (const auto* const text = std::get_if<TextOption FigureOptions::*>(&target))
+      figure.** text = TextOf(forms[n], rows[n]);
+    else if (const auto* const line = std::get_if<LineOption FigureOptions::*>(&target))
+      figure.** line = LineOf(forms[n], rows[n]);
+    else if (const auto* const number = std::get_if<std::size_t>(&target))
+      figure.ratioClass[*number] = ClassOf(forms[n], rows[n]);
+  }
+  return figure;
+}
 
 int DecimalsOf(const std::string& text) {
   return static_cast<int>(ReadReal(text));
@@ -60,46 +65,15 @@ int DecimalsOf(const std::string& text) {
 }  // namespace
 
 FigureOptions FigureOptionsOf(const ModelOptions& options) {
-  const SetReader set(kModelRows, options.rows);
-  FigureOptions figure;
-  figure.nodeNumber = set.Text(1);
-  figure.elementNumber = set.Text(2);
-  figure.node = set.Line(3);
-  figure.element = set.Line(4);
-  figure.nodalLoad = set.Line(5);
-  figure.elementLoad = set.Line(6);
-  figure.loadValue = set.Text(7);
-  figure.sectionNumber = set.Text(8);
-  return figure;
+  return FigureOf(kModelRows, options.rows);
 }
 
 FigureOptions FigureOptionsOf(const DesignOptions& options) {
-  const SetReader set(kDesignRows, options.rows);
-  FigureOptions figure;
-  figure.nodeNumber = set.Text(1);
-  figure.elementNumber = set.Text(2);
-  figure.node = set.Line(3);
-  figure.element = set.Line(4);
-  for (std::size_t number = 0; number < figure.ratioClass.size(); ++number)
-    figure.ratioClass[number] = set.Class(5 + number);
-  figure.sectionNumber = set.Text(11);
-  return figure;
+  return FigureOf(kDesignRows, options.rows);
 }
 
 FigureOptions FigureOptionsOf(const AnalysisOptions& options) {
-  const SetReader set(kAnalysisRows, options.rows);
-  FigureOptions figure;
-  figure.nodeNumber = set.Text(1);
-  figure.elementNumber = set.Text(2);
-  figure.node = set.Line(3);
-  figure.element = set.Line(4);
-  figure.displacement = set.Line(5);
-  figure.axialValue = set.Text(6);
-  figure.shear = set.Line(7);
-  figure.shearValue = set.Text(8);
-  figure.moment = set.Line(9);
-  figure.momentValue = set.Text(10);
-  figure.sectionNumber = set.Text(11);
+  FigureOptions figure = FigureOf(kAnalysisRows, options.rows);
   figure.axial = {};  // solid and one dot wide
   figure.axialTension = options.tension;
   figure.axialCompression = options.compression;

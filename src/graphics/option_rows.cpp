@@ -104,6 +104,18 @@ bool IsOptionRow(const OptionRow& row, std::string_view text) {
   return true;
 }
 
+std::string WrittenOptionRow(const OptionRow& row, std::string_view text) {
+  std::vector<std::string> fields = OptionFields(text);
+  for (std::size_t n = 0; n < std::min(fields.size(), row.parts.size()); ++n) {
+    if (row.parts[n] == OptionPart::Colour) {
+      if (const std::optional<Rgb> colour = OptionColour(fields[n])) fields[n] = OptionColourText(*colour);
+    } else if (row.parts[n] == OptionPart::Width) {
+      if (const std::optional<int> dots = OptionWidth(fields[n])) fields[n] = OptionWidthText(*dots);
+    }
+  }
+  return JoinOptionFields(fields);
+}
+
 std::string OptionField(std::string_view row, int n) {
   const std::vector<std::string> fields = OptionFields(row);
   return n < 1 || n > static_cast<int>(fields.size()) ? std::string()

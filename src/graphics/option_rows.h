@@ -3,12 +3,16 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
+#include "graphics/figure_options.h"
 #include "graphics/plot_target.h"
 
 namespace zorlan {
@@ -26,11 +30,15 @@ enum class OptionPart : std::uint8_t {
   Mark,     // "1": a mark around the number, "0": none
 };
 
-/// A row: its default and its fields in order. A field that is empty in the default isn't offered, apart
-/// from an upper bound.
+/// Which option of a figure a row sets: a text, a line, or a class of ratios by its index.
+using OptionTarget = std::variant<TextOption FigureOptions::*, LineOption FigureOptions::*, std::size_t>;
+
+/// A row: its default, its fields in order, and what it sets. A field that is empty in the default isn't
+/// offered, apart from an upper bound.
 struct OptionRow {
   std::string_view text;
   std::span<const OptionPart> parts;
+  OptionTarget target;
   std::string_view markCaption{};  // beside the check box of the mark
 };
 
@@ -46,42 +54,48 @@ inline constexpr std::array kClassParts = {OptionPart::Lower, OptionPart::Upper,
 inline constexpr std::string_view kElementMark = "要素番号に○をつける", kSectionMark = "断面番号に□をつける";
 
 inline constexpr std::array kModelRows = {
-    OptionRow{"節点番号,ＭＳ ゴシック(8pt),&H000000,ON", kTextParts},
-    OptionRow{"要素番号,ＭＳ ゴシック(8pt),,ON,0", kMarkedTextParts, kElementMark},
-    OptionRow{"節点,1dot,,&H000000,ON", kLineParts},
-    OptionRow{"要素,1dot,実線,&H0000FF,ON", kLineParts},
-    OptionRow{"節点荷重,1dot,実線,&H0000FF,ON", kLineParts},
-    OptionRow{"要素荷重,1dot,実線,&H0000FF,ON", kLineParts},
-    OptionRow{"節点荷重,ＭＳ ゴシック(8pt),,ON", kTextParts},
-    OptionRow{"断面番号,ＭＳ ゴシック(8pt),,ON,1", kMarkedTextParts, kSectionMark},
+    OptionRow{"節点番号,ＭＳ ゴシック(8pt),&H000000,ON", kTextParts, &FigureOptions::nodeNumber},
+    OptionRow{"要素番号,ＭＳ ゴシック(8pt),,ON,0", kMarkedTextParts, &FigureOptions::elementNumber,
+              kElementMark},
+    OptionRow{"節点,1dot,,&H000000,ON", kLineParts, &FigureOptions::node},
+    OptionRow{"要素,1dot,実線,&H0000FF,ON", kLineParts, &FigureOptions::element},
+    OptionRow{"節点荷重,1dot,実線,&H0000FF,ON", kLineParts, &FigureOptions::nodalLoad},
+    OptionRow{"要素荷重,1dot,実線,&H0000FF,ON", kLineParts, &FigureOptions::elementLoad},
+    OptionRow{"節点荷重,ＭＳ ゴシック(8pt),,ON", kTextParts, &FigureOptions::loadValue},
+    OptionRow{"断面番号,ＭＳ ゴシック(8pt),,ON,1", kMarkedTextParts, &FigureOptions::sectionNumber,
+              kSectionMark},
 };
 
 inline constexpr std::array kDesignRows = {
-    OptionRow{"節点番号,ＭＳ ゴシック(8pt),&H000000,ON", kTextParts},
-    OptionRow{"要素番号,ＭＳ ゴシック(8pt),,ON,0", kMarkedTextParts, kElementMark},
-    OptionRow{"節点,1dot,,&H000000,ON", kLineParts},
-    OptionRow{"要素,1dot,実線,&H000000,ON", kLineParts},
-    OptionRow{"1.0,,1dot,実線,&H0000FF,ON", kClassParts},
-    OptionRow{"0.9,1.0,1dot,実線,&H00FFFF,ON", kClassParts},
-    OptionRow{"0.5,0.9,1dot,実線,&H00FF00,ON", kClassParts},
-    OptionRow{"0.3,0.5,1dot,実線,&HFF0000,ON", kClassParts},
-    OptionRow{"0.0,0.3,1dot,実線,&H000000,ON", kClassParts},
-    OptionRow{"0.0,,1dot,実線,&H000000,ON", kClassParts},
-    OptionRow{"断面番号,ＭＳ ゴシック(8pt),,OFF,0", kMarkedTextParts, kSectionMark},
+    OptionRow{"節点番号,ＭＳ ゴシック(8pt),&H000000,ON", kTextParts, &FigureOptions::nodeNumber},
+    OptionRow{"要素番号,ＭＳ ゴシック(8pt),,ON,0", kMarkedTextParts, &FigureOptions::elementNumber,
+              kElementMark},
+    OptionRow{"節点,1dot,,&H000000,ON", kLineParts, &FigureOptions::node},
+    OptionRow{"要素,1dot,実線,&H000000,ON", kLineParts, &FigureOptions::element},
+    OptionRow{"1.0,,1dot,実線,&H0000FF,ON", kClassParts, std::size_t{0}},
+    OptionRow{"0.9,1.0,1dot,実線,&H00FFFF,ON", kClassParts, std::size_t{1}},
+    OptionRow{"0.5,0.9,1dot,実線,&H00FF00,ON", kClassParts, std::size_t{2}},
+    OptionRow{"0.3,0.5,1dot,実線,&HFF0000,ON", kClassParts, std::size_t{3}},
+    OptionRow{"0.0,0.3,1dot,実線,&H000000,ON", kClassParts, std::size_t{4}},
+    OptionRow{"0.0,,1dot,実線,&H000000,ON", kClassParts, std::size_t{5}},
+    OptionRow{"断面番号,ＭＳ ゴシック(8pt),,OFF,0", kMarkedTextParts, &FigureOptions::sectionNumber,
+              kSectionMark},
 };
 
 inline constexpr std::array kAnalysisRows = {
-    OptionRow{"節点番号,ＭＳ ゴシック(8pt),&H000000,OFF", kTextParts},
-    OptionRow{"要素番号,ＭＳ ゴシック(8pt),,OFF,0", kMarkedTextParts, kElementMark},
-    OptionRow{"節点,1dot,,&H000000,ON", kLineParts},
-    OptionRow{"要素,1dot,実線,&H000000,ON", kLineParts},
-    OptionRow{"変位,1dot,実線,&HFF0000,ON", kLineParts},
-    OptionRow{"軸力,ＭＳ ゴシック(8pt),&H000000,ON", kTextParts},
-    OptionRow{"せん断力,1dot,実線,&HFF0000,ON", kLineParts},
-    OptionRow{"せん断力量,ＭＳ ゴシック(8pt),&H000000,ON", kTextParts},
-    OptionRow{"ﾓｰﾒﾝﾄ,1dot,実線,&H0000FF,ON", kLineParts},
-    OptionRow{"ﾓｰﾒﾝﾄ量,ＭＳ ゴシック(8pt),&H000000,ON", kTextParts},
-    OptionRow{"断面番号,ＭＳ ゴシック(8pt),,OFF,0", kMarkedTextParts, kSectionMark},
+    OptionRow{"節点番号,ＭＳ ゴシック(8pt),&H000000,OFF", kTextParts, &FigureOptions::nodeNumber},
+    OptionRow{"要素番号,ＭＳ ゴシック(8pt),,OFF,0", kMarkedTextParts, &FigureOptions::elementNumber,
+              kElementMark},
+    OptionRow{"節点,1dot,,&H000000,ON", kLineParts, &FigureOptions::node},
+    OptionRow{"要素,1dot,実線,&H000000,ON", kLineParts, &FigureOptions::element},
+    OptionRow{"変位,1dot,実線,&HFF0000,ON", kLineParts, &FigureOptions::displacement},
+    OptionRow{"軸力,ＭＳ ゴシック(8pt),&H000000,ON", kTextParts, &FigureOptions::axialValue},
+    OptionRow{"せん断力,1dot,実線,&HFF0000,ON", kLineParts, &FigureOptions::shear},
+    OptionRow{"せん断力量,ＭＳ ゴシック(8pt),&H000000,ON", kTextParts, &FigureOptions::shearValue},
+    OptionRow{"ﾓｰﾒﾝﾄ,1dot,実線,&H0000FF,ON", kLineParts, &FigureOptions::moment},
+    OptionRow{"ﾓｰﾒﾝﾄ量,ＭＳ ゴシック(8pt),&H000000,ON", kTextParts, &FigureOptions::momentValue},
+    OptionRow{"断面番号,ＭＳ ゴシック(8pt),,OFF,0", kMarkedTextParts, &FigureOptions::sectionNumber,
+              kSectionMark},
 };
 
 // What the dialogs say and their combos offer.
@@ -105,6 +119,8 @@ bool IsOptionRow(const OptionRow& row, std::string_view text);
 
 /// The n-th field of a row, from 1; empty beyond the last.
 std::string OptionField(std::string_view row, int n);
+/// The row as it is written: colours and widths that are read in more than one form in their own.
+std::string WrittenOptionRow(const OptionRow& row, std::string_view text);
 /// The fields of a row, and the row of fields.
 std::vector<std::string> OptionFields(std::string_view row);
 std::string JoinOptionFields(std::span<const std::string> fields);

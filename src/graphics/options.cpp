@@ -36,6 +36,12 @@ class Values {
   }
   /// The next value; nothing behind the last.
   const std::string* Take() { return next_ < values_.size() ? &values_[next_++] : nullptr; }
+  /// How many are left, empty lines at the end not counted.
+  std::size_t Left() const {
+    std::size_t end = values_.size();
+    while (end > next_ && values_[end - 1].empty()) --end;
+    return end - next_;
+  }
 
  private:
   std::vector<std::string> values_;
@@ -70,9 +76,9 @@ std::optional<double> TakeNumber(Values& values) {
 
 /// Takes a height in cm; false, with the height as it was, when there is none.
 bool TakeHeight(Values& values, float& height) {
-  const auto read = static_cast<float>(TakeNumber(values).value_or(-1));
-  if (!(read >= 0 && read <= kLargestDiagramHeight)) return false;
-  height = read;
+  const std::optional<double> read = TakeNumber(values);
+  if (!read || *read < 0 || *read > double{kLargestDiagramHeight}) return false;
+  height = static_cast<float>(*read);
   return true;
 }
 
@@ -159,6 +165,14 @@ float TakeCommonPart(Values& values, AnalysisOptions& options, bool& anyRow) {
        {&options.DecimalsNormal, &options.DecimalsShear, &options.DecimalsMoment})
     TakeDecimals(values, *decimals);
   return last;
+}
+
+/// What the newer form adds: the height of shear, the two colours and the flag.
+void TakeNewerPart(Values& values, AnalysisOptions& options) {
+  TakeHeight(values, options.HeightShear);
+  TakeColour(values, options.tension);
+  TakeColour(values, options.compression);
+  TakeFlag(values, options.ScaleOverAllCases);
 }
 
 std::string PathOf(std::string_view file) {
@@ -276,10 +290,7 @@ AnalysisOptions ParseAnalysisOptions(std::string_view text) {
   Values values(text);
   bool anyRow = false;
   TakeCommonPart(values, options, anyRow);
-  TakeHeight(values, options.HeightShear);
-  TakeColour(values, options.tension);
-  TakeColour(values, options.compression);
-  TakeFlag(values, options.ScaleOverAllCases);
+  TakeNewerPart(values, options);
   return options;
 }
 
@@ -290,7 +301,10 @@ AnalysisOptions ParseOlderAnalysisOptions(std::string_view text, const AnalysisO
   const float lastHeight = TakeCommonPart(values, options, anyRow);
   if (!anyRow) return newer;  // nothing of ours is in it
   options.HeightShear = lastHeight;
-  TakeFlag(values, options.ScaleOverAllCases);
+  if (values.Left() > 1)
+    TakeNewerPart(values, options);
+  else
+    TakeFlag(values, options.ScaleOverAllCases);
   return options;
 }
 

@@ -6,7 +6,9 @@
 // DESGNEST.PRM   the mark of the version, then the rows of the design set
 // LOADEST1.PRM   the rows of the analysis set, heights of displacement, axial force and moment, decimals of
 //                axial force, shear and moment, height of shear, the two colours, the flag
-// LOADEST.PRM    the older form of it: without height of shear and colours
+// LOADEST.PRM    the older form of it: without height of shear and colours, with or without the flag; a file
+// of
+//                this name that holds the newer values is read for them
 //
 // A value is a line, texts in double quotes. What a file lacks, or what can't be meant, is the default; a
 // viewing range is taken whole or not at all.
@@ -89,7 +91,8 @@ std::string DesignOptionsText(const DesignOptions& options);
 
 AnalysisOptions ParseAnalysisOptions(std::string_view text);
 std::string AnalysisOptionsText(const AnalysisOptions& options);
-/// The older form. What it lacks is the default, but the height of shear is the last height read. A text
+/// The older form: behind the decimals stands the flag or nothing; a text with more values there has them in
+/// the newer form. What it lacks is the default, but the height of shear is the last height read. A text
 /// without a single row of the set is none of ours: the answer is `newer` then.
 AnalysisOptions ParseOlderAnalysisOptions(std::string_view text, const AnalysisOptions& newer);
 

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "figures.h"
+#include "graphics/option_figures.h"
 
 namespace zorlan {
 namespace {
@@ -469,6 +470,12 @@ TEST(FrameFigure, SymbolsFollowTheNodesSize) {
   EXPECT_EQ(Lines(figure, kModelFigure)[1], "LINE, MODEL, 1500, 5000, 1260, 5400, 0");
   EXPECT_EQ(SupportSize(figure.options), 400);
   EXPECT_EQ(NodeRadius(figure.options), 50);
+  // As large as an option may make it.
+  ModelOptions options = DefaultModelOptions();
+  options.rows[2] = "節点,100dot,,&H000000,ON";
+  figure.options = FigureOptionsOf(options);
+  EXPECT_EQ(NodeRadius(figure.options), 2500);
+  EXPECT_THAT(Lines(figure, kModelFigure), testing::Contains("CIRCLE, MODEL, 1500, 5000, 2500, 0"));
 }
 
 TEST(FrameFigure, NumbersTakeTheirMarks) {

@@ -79,6 +79,13 @@ TEST(OptionField, WidthIsTheDigitsBeforeDot) {
   EXPECT_EQ(OptionWidth("3.5dot"), std::nullopt);
 }
 
+TEST(OptionRow, IsWrittenWithColourAndWidthInTheirForm) {
+  EXPECT_EQ(WrittenOptionRow(kModelRows[3], "要素,03,実線,&hff,ON"), "要素,3dot,実線,&H0000FF,ON");
+  EXPECT_EQ(WrittenOptionRow(kModelRows[1], "要素番号,ＭＳ ゴシック(8pt),,ON,0"),
+            "要素番号,ＭＳ ゴシック(8pt),,ON,0");
+  for (const OptionRow& row : kDesignRows) EXPECT_EQ(WrittenOptionRow(row, row.text), row.text);
+}
+
 TEST(OptionField, FontIsANameAndItsSize) {
   const OptionFont font = OptionFontOf("ＭＳ ゴシック(8pt)").value();
   EXPECT_EQ(font.face, "ＭＳ ゴシック");
@@ -232,7 +239,7 @@ TEST(AnalysisOptions, ValuesOutOfRangeAreTheDefault) {
   for (const OptionRow& row : kAnalysisRows) rows += "\"" + std::string(row.text) + "\"\r\n";
   for (const char* const rest :
        {"-1\r\n1e99\r\nabc\r\n\"-1\"\r\n\"10\"\r\n\"x\"\r\n-5\r\n-1\r\n16777216\r\n\r\n", "\r\n\r\n",
-        "nan\r\ninf\r\n"})
+        "nan\r\ninf\r\n", "1e300\r\n-1e300\r\n1000.00001\r\n"})
     EXPECT_EQ(ParseAnalysisOptions(rows + rest), DefaultAnalysisOptions()) << rest;
 }
 
@@ -277,6 +284,42 @@ TEST(AnalysisOptions, InterruptedReadOfTheOlderFormFillsTheRest) {
     EXPECT_TRUE(read.ScaleOverAllCases) << c.name;
     EXPECT_EQ(read.HeightMoment, c.lines < 14 ? 1 : 3) << c.name;
   }
+}
+
+/// A file under the older name that holds `lines` values of the newer form: 11 rows, 3 heights and 3 decimals
+/// in front, then up to four.
+struct NewerContentCase {
+  const char* name;
+  int lines;
+  float shear;
+  Rgb tension, compression;
+  bool allCases;
+};
+const NewerContentCase kNewerContentCases[] = {
+    {"all four values", 21, 2.5F, 1, 2, false},
+    {"the flag is missing", 20, 2.5F, 1, 2, true},
+    {"a colour and the flag are missing", 19, 2.5F, 1, 255, true},
+};
+TEST(AnalysisOptions, NewerValuesUnderTheOlderNameAreKept) {
+  for (const NewerContentCase& c : kNewerContentCases) {
+    for (const char* const end : {"", "\r\n\r\n"}) {
+      const AnalysisOptions read = ParseOlderAnalysisOptions(
+          OlderText(ChangedAnalysisOptions(), c.lines) + end, DefaultAnalysisOptions());
+      AnalysisOptions expected = ChangedAnalysisOptions();
+      expected.HeightShear = c.shear;
+      expected.tension = c.tension;
+      expected.compression = c.compression;
+      expected.ScaleOverAllCases = c.allCases;
+      EXPECT_EQ(read, expected) << c.name;
+    }
+  }
+}
+
+TEST(AnalysisOptions, OlderFormKeepsItsFlagWithBlankLinesBehindIt) {
+  const AnalysisOptions read = ParseOlderAnalysisOptions(
+      OlderText(ChangedAnalysisOptions(), 17) + "0\r\n\r\n \r\n", DefaultAnalysisOptions());
+  EXPECT_FALSE(read.ScaleOverAllCases);
+  EXPECT_EQ(read.HeightShear, 3);
 }
 
 TEST(AnalysisOptions, OlderFormKeepsItsFlag) {
