@@ -111,12 +111,6 @@ SheetRow CellsOf(std::string_view line) {
   return row;
 }
 
-int CountLines(std::string_view bytes) {
-  int count = 0;
-  while (const std::optional<std::string_view> line = TakeLine(bytes)) count += NoSpc(*line).empty() ? 0 : 1;
-  return count;
-}
-
 /// What the user should know of a file that isn't as its sheet would have written it.
 std::string Notices(const SectionSheet& sheet, const SheetText& text) {
   int wide = 0, wordy = 0;
@@ -135,7 +129,7 @@ std::string Notices(const SectionSheet& sheet, const SheetText& text) {
   };
   say(wide, " 行に、列数を超える項目があります。表示されませんが、保存しても残ります");
   say(wordy, " 行に、数値でない項目があります");
-  say(CountLines(text.tail),
+  say(CountUnreadRows(text.tail),
       text.rows.size() == kSheetRows
           ? " 行は、表示できる行数を超えています。保存しても残ります"
           : " 行が、先頭の値が 0 の行から後ろにあります。読み込まれませんが、保存しても残ります");

@@ -10,15 +10,18 @@
 namespace zorlan {
 namespace {
 
-/// Hands over each row up to the line that ends them.
+/// Hands over each row up to the line that ends them. Answers the text from that line on.
 template <class Take>
-void ForEachRow(std::string_view text, Take take) {
+std::string_view ForEachRow(std::string_view text, Take take) {
   SkipTableHead(text);
+  std::string_view tail = text;
   while (const std::optional<std::string_view> line = TakeLine(text)) {
     std::string_view fields = *line;
-    if (ReadReal(TakeCell(fields)) == 0) return;
+    if (ReadReal(TakeCell(fields)) == 0) return tail;
     take(*line);
+    tail = text;
   }
+  return {};
 }
 
 /// The general number form. Nearly every dimension has at most two decimals: those are put down from their
@@ -116,14 +119,19 @@ std::vector<SteelRow> ParseSteelRows(SteelFamily family, std::string_view bytes)
   return rows;
 }
 
+int UnreadSteelRows(std::string_view bytes) {
+  return CountUnreadRows(ForEachRow(bytes, [](std::string_view) {}));
+}
+
 MergedSteelTable MergeSteelTables(SteelFamily family, std::string_view main, std::string_view supplement) {
   WorkingTable table(family);
-  ForEachRow(main, [&](std::string_view line) { table.Append(line); });
-  ForEachRow(supplement, [&](std::string_view line) { table.Merge(line); });
+  const std::string_view tail = ForEachRow(main, [&](std::string_view line) { table.Append(line); });
+  const std::string_view unread = ForEachRow(supplement, [&](std::string_view line) { table.Merge(line); });
 
   MergedSteelTable merged;
   merged.rows = static_cast<int>(table.Lines().size());
   merged.withoutPlace = table.WithoutPlace();
+  merged.unread = CountUnreadRows(unread);
   for (int i = 0; i < kTableHeadLines; ++i) {
     merged.bytes += TakeLine(main).value_or("");
     merged.bytes += kLineEnd;
@@ -132,6 +140,7 @@ MergedSteelTable MergeSteelTables(SteelFamily family, std::string_view main, std
     merged.bytes += line;
     merged.bytes += kLineEnd;
   }
+  merged.bytes += tail;
   return merged;
 }
 

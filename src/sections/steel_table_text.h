@@ -29,11 +29,16 @@ std::string SteelSectionName(SteelFamily family, std::span<const double> dimensi
 /// The rows of a file. A missing field is 0.
 std::vector<SteelRow> ParseSteelRows(SteelFamily family, std::string_view bytes);
 
+/// How many rows of a file stand behind the line that ends them. That line itself counts where it holds
+/// anything but zeros: a blank line or "0,0" does not.
+int UnreadSteelRows(std::string_view bytes);
+
 /// A supplement merged into a main file.
 struct MergedSteelTable {
-  std::string bytes;     // the new main file: head lines, rows, CR LF
+  std::string bytes;     // the new main file: head lines, rows, CR LF; then what it had behind its rows
   int rows = 0;          // in it
   int withoutPlace = 0;  // rows of either file that found no place in the working table
+  int unread = 0;        // rows of the supplement behind the line that ends them
 };
 
 inline constexpr int kMaxSteelRows = 3000;  // of the working table of a merge

@@ -14,6 +14,7 @@ std::string SteelTableFolder;
 namespace {
 
 constexpr std::string_view kSupplement = "-2.CSV";
+constexpr std::string_view kBehindTheEnd = "先頭の値が 0 の行または空の行から後ろにあるため、";
 
 struct FamilyTable {
   bool isRead = false;
@@ -32,6 +33,11 @@ Tables& TheTables() {
   return tables;
 }
 
+std::string FileName(SteelFamily family, std::string_view ending) {
+  return std::string(FormOf(family).word) + std::string(ending);
+}
+
+/// Takes the rows of a file, and tells of those that its end keeps from being read.
 void TakeRows(SteelFamily family, std::string_view bytes) {
   FamilyTable& table = TheTables()[family];
   table.byName.clear();
@@ -39,26 +45,36 @@ void TakeRows(SteelFamily family, std::string_view bytes) {
   table.byName.reserve(table.rows.size());
   for (const SteelRow& row : table.rows) table.byName.emplace(row.name, &row);
   table.isRead = true;
+  if (const int unread = UnreadSteelRows(bytes); unread > 0)
+    Tell(FileName(family, ".CSV") + " の " + std::to_string(unread) + " 行は、" + std::string(kBehindTheEnd) +
+         "読み込まれません。");
 }
 
-std::string FileName(SteelFamily family, std::string_view ending) {
-  return std::string(FormOf(family).word) + std::string(ending);
+/// What the user is told of rows that a merge left out; empty if it took them all.
+std::string LeftOut(SteelFamily family, const MergedSteelTable& merged) {
+  std::string text;
+  if (merged.withoutPlace > 0)
+    text += FileName(family, ".CSV") + " に登録できるのは " + std::to_string(kMaxSteelRows) +
+            " 断面までのため、" + std::to_string(merged.withoutPlace) + " 断面を登録できませんでした。\n";
+  if (merged.unread > 0)
+    text += FileName(family, kSupplement) + " の " + std::to_string(merged.unread) + " 行は、" +
+            std::string(kBehindTheEnd) + "統合できませんでした。\n";
+  return text;
 }
 
-/// The merge takes the main file's name, and the supplement is gone. One with rows that found no place is
-/// kept aside, so that no row is lost.
+/// The merge takes the main file's name, and the supplement is gone. One with rows that were left out is kept
+/// aside, so that no row is lost.
 void SaveMerge(SteelFamily family, const MergedSteelTable& merged) {
   ReplaceTableFile(SteelTablePath(family), SteelTablePath(family, ".$$$"), SteelTablePath(family, ".BAK"),
                    merged.bytes);
-  const std::string supplement = SteelTablePath(family, kSupplement);
-  if (merged.withoutPlace == 0) {
+  const std::string supplement = SteelTablePath(family, kSupplement), leftOut = LeftOut(family, merged);
+  if (leftOut.empty()) {
     RemoveFile(supplement);
     return;
   }
   RenameFile(supplement, SteelTablePath(family, "-2.BAK"));
-  Tell(FileName(family, ".CSV") + " に登録できるのは " + std::to_string(kMaxSteelRows) + " 断面までのため、" +
-       std::to_string(merged.withoutPlace) + " 断面を登録できませんでした。\n統合前のデータは " +
-       FileName(family, ".BAK") + " と " + FileName(family, "-2.BAK") + " に残してあります。");
+  Tell(leftOut + "統合前のデータは " + FileName(family, ".BAK") + " と " + FileName(family, "-2.BAK") +
+       " に残してあります。");
 }
 
 void MergeSupplement(SteelFamily family) {

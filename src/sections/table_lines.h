@@ -23,4 +23,13 @@ inline std::string_view TakeCell(std::string_view& line) {
   return NoSpc(cell);
 }
 
+/// How many lines of what is read no more hold a row: something other than zeros, as the line has that ends
+/// a table.
+inline int CountUnreadRows(std::string_view tail) {
+  int count = 0;
+  while (const std::optional<std::string_view> line = TakeLine(tail))
+    count += line->find_first_not_of("0., \t\x1A") == std::string_view::npos ? 0 : 1;
+  return count;
+}
+
 }  // namespace zorlan

@@ -148,9 +148,31 @@ TEST(MergeSteelTables, TrimsEveryValueAndKeepsHeadLinesAsTheyAre) {
             head + "10,1,1,1,1,1\r\n");
 }
 
-TEST(MergeSteelTables, RowsBehindAZeroAreNotRead) {
-  EXPECT_EQ(Merged("10,1,1,1,1,1\r\n0\r\n20,2,2,2,2,2\r\n", "30,3,3,3,3,3\r\n0,\r\n40,4,4,4,4,4\r\n"),
-            std::string(kHead) + "10,1,1,1,1,1\r\n30,3,3,3,3,3\r\n");
+TEST(MergeSteelTables, RowsBehindAZeroAreNotReadAndStayInTheMainFile) {
+  EXPECT_EQ(Merged("10,1,1,1,1,1\r\n0\r\n 20,2\n", "30,3,3,3,3,3\r\n0,\r\n40,4,4,4,4,4\r\n"),
+            std::string(kHead) + "10,1,1,1,1,1\r\n30,3,3,3,3,3\r\n0\r\n 20,2\n");
+}
+
+TEST(MergeSteelTables, TellsHowManyRowsOfTheSupplementAreNotRead) {
+  const auto unread = [](const char* rows) {
+    return MergeSteelTables(SteelFamily::Pipe, std::string(kHead) + "10,1\r\n\r\n20,2\r\n",
+                            std::string(kHead) + rows)
+        .unread;
+  };
+  EXPECT_EQ(unread("30,3\r\n"), 0);
+  EXPECT_EQ(unread("30,3\r\n\r\n40,4\r\n\r\n50,5\r\n"), 2);
+  EXPECT_EQ(unread("30,3\r\n0,0\r\n"), 0);  // the line that ends them is no row
+  EXPECT_EQ(unread("大,40,4\r\n"), 1);
+}
+
+TEST(UnreadSteelRows, AreThoseFromTheLineOnThatEndsTheTable) {
+  const std::string head(kHead);
+  EXPECT_EQ(UnreadSteelRows(""), 0);
+  EXPECT_EQ(UnreadSteelRows(head + "10,1\r\n20,2\r\n"), 0);
+  EXPECT_EQ(UnreadSteelRows(head + "10,1\r\n\r\n"), 0);
+  EXPECT_EQ(UnreadSteelRows(head + "10,1\r\n0,0.0, 0\r\n,,,\r\n\x1A"), 0);
+  EXPECT_EQ(UnreadSteelRows(head + "10,1\r\n\r\n20,2\r\n \r\n30,3"), 2);
+  EXPECT_EQ(UnreadSteelRows(head + "10,1\r\n0,2\r\n"), 1);
 }
 
 TEST(MergeSteelTables, HoldsThreeThousandRowsAtMost) {

@@ -207,6 +207,38 @@ TEST_F(SteelTablesTest, RowsBeyondThreeThousandAreToldAndKeptAside) {
               ElementsAre(testing::AllOf(HasSubstr("3000"), HasSubstr("1 断面"), HasSubstr("PIPE-2.BAK"))));
 }
 
+TEST_F(SteelTablesTest, RowsBehindABlankLineAreToldOnce) {
+  Write("PIPE.CSV", std::string(kHead) + "10,1,5,1,1,1\r\n\r\n20,2,5,1,1,1\r\n30,3,5,1,1,1\r\n");
+  LoadSectionTables();
+  LoadSectionTables();
+  EXPECT_TRUE(Holds(10, 1));
+  EXPECT_FALSE(Holds(20, 2));
+  EXPECT_THAT(Told(), ElementsAre(testing::AllOf(HasSubstr("PIPE.CSV"), HasSubstr(" 2 行"))));
+}
+
+TEST_F(SteelTablesTest, AMergeKeepsTheRowsBehindABlankLine) {
+  Write("PIPE.CSV", std::string(kHead) + "10,1,5,1,1,1\r\n\r\n20,2,5,1,1,1\r\n");
+  Write("PIPE-2.CSV", std::string(kHead) + "30,3,5,1,1,1\r\n");
+  LoadSectionTables();
+  EXPECT_EQ(Read("PIPE.CSV"), std::string(kHead) + "10,1,5,1,1,1\r\n30,3,5,1,1,1\r\n\r\n20,2,5,1,1,1\r\n");
+  EXPECT_FALSE(Exists("PIPE-2.CSV"));
+  EXPECT_FALSE(Exists("PIPE-2.BAK"));
+  EXPECT_THAT(Told(), ElementsAre(HasSubstr(" 1 行")));
+}
+
+TEST_F(SteelTablesTest, ASupplementThatIsNotReadThroughIsToldAndKeptAside) {
+  Write("PIPE.CSV", std::string(kHead) + "10,1,5,1,1,1\r\n");
+  const std::string supplement = std::string(kHead) + "20,2,5,1,1,1\r\n\r\n30,3,5,1,1,1\r\n";
+  Write("PIPE-2.CSV", supplement);
+  LoadSectionTables();
+  EXPECT_TRUE(Holds(20, 2));
+  EXPECT_FALSE(Holds(30, 3));
+  EXPECT_FALSE(Exists("PIPE-2.CSV"));
+  EXPECT_EQ(Read("PIPE-2.BAK"), supplement);
+  EXPECT_THAT(Told(), ElementsAre(testing::AllOf(HasSubstr("PIPE-2.CSV"), HasSubstr(" 1 行"),
+                                                 HasSubstr("PIPE-2.BAK"))));
+}
+
 TEST_F(SteelTablesTest, AReplacedTableKeepsTheFormerOneAsItsBackup) {
   Write("H.CSV", "old");
   ReplaceTableFile(Path("H.CSV"), Path("H.CSV_$$$"), Path("H.CSV_bak"), "new");
