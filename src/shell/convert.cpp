@@ -11,6 +11,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "base/text_file.h"
+#include "forms/small_forms.h"
 #include "model/model_rec.h"
 #include "model/table_file.h"
 #include "shell/project_dialog.h"
@@ -33,60 +34,70 @@ struct OldTable {
   int number;  // of the file
   std::string_view key;
   OldForm form;
-  int values;  // of a record
-  int limit;   // rows of the table
+  std::string_view record;  // its values: a whole number of 16 bits 'i', a real 'r'
+  int limit;                // rows of the table
 };
 
 /// In the order of the deck.
 constexpr OldTable kOldTables[] = {
-    {77, "TITL", OldForm::Title, 1, 1},
-    {1, "NODE", OldForm::Records, 6, kMaxNodes},
-    {2, "ELEM", OldForm::Records, 7, kMaxElements},
-    {3, "SECT", OldForm::Sections, 9, kMaxTableRows},
-    {4, "PLOD", OldForm::Loads, 4, kMaxTableRows},
-    {5, "ELOD", OldForm::Loads, 6, kMaxTableRows},
-    {6, "CLOD", OldForm::Loads, 7, kMaxTableRows},
-    {7, "TLOD", OldForm::Loads, 7, kMaxTableRows},
-    {8, "RIGD", OldForm::Records, 3, kMaxTableRows},
-    {9, "SPRG", OldForm::Records, 4, kMaxTableRows},
-    {10, "DISP", OldForm::Groups, 1, kMaxTableRows},
-    {11, "ALFA", OldForm::Records, 3, kMaxTableRows},
+    {77, "TITL", OldForm::Title, "", 1},
+    {1, "NODE", OldForm::Records, "irriii", kMaxNodes},
+    {2, "ELEM", OldForm::Records, "iiiiiii", kMaxElements},
+    {3, "SECT", OldForm::Sections, "iirrrrrrr", kMaxTableRows},
+    {4, "PLOD", OldForm::Loads, "irrr", kMaxTableRows},
+    {5, "ELOD", OldForm::Loads, "irirri", kMaxTableRows},
+    {6, "CLOD", OldForm::Loads, "irrrrri", kMaxTableRows},
+    {7, "TLOD", OldForm::Loads, "irrrrri", kMaxTableRows},
+    {8, "RIGD", OldForm::Records, "irr", kMaxTableRows},
+    {9, "SPRG", OldForm::Records, "irrr", kMaxTableRows},
+    {10, "DISP", OldForm::Groups, "i", kMaxTableRows},
+    {11, "ALFA", OldForm::Records, "rrr", kMaxTableRows},
 };
-
-/// Whether a value is a number written in full, or empty.
-bool IsNumberOrEmpty(std::string_view value) {
-  return value.find_first_not_of("+-.0123456789eEdD") == std::string_view::npos &&
-         (value.empty() || value.find_first_of("0123456789") != std::string_view::npos);
-}
 
 /// The values of an old file one by one, across its lines.
 class OldValues {
  public:
   explicit OldValues(const OldFile& file) : path_(file.path), rest_(file.text) {}
 
-  /// The next number as it was typed; empty between two commas.
-  std::string_view Next() {
+  /// The next number as it was typed, whole for the kind 'i'; empty between two commas.
+  std::string_view Next(char kind) {
     const std::string_view value = NextText();
-    if (!IsNumberOrEmpty(value)) Fail("数値ではない項目 「" + std::string(value) + "」 があります");
+    if (value.empty()) return value;
+    const std::string named = "「" + std::string(value) + "」";
+    if (!IsNumberText(value)) Fail("数値ではない項目 " + named + " があります");
+    if (kind == 'i' && !ReadInt16(value)) Fail(named + " は整数の範囲（-32768～32767）を超えています");
+    if (!ReadFinite(value)) Fail(named + " は数値の範囲を超えています");
     return value;
   }
 
   /// The next number as a count of 0 to `limit`.
   int NextCount(int limit, std::string_view what) {
-    const std::string_view value = Next();
+    const std::string_view value = Next('r');
     const std::optional<std::int16_t> count = ReadInt16(value);
     if (!count || *count < 0 || *count > limit)
       Fail(std::string(what) + " 「" + std::string(value) + "」 が範囲（0～" + std::to_string(limit) +
            "）外です");
+    DropEmptyRest();
     return *count;
   }
 
-  /// The next `count` values with commas between.
-  std::vector<std::string> NextRecord(int count) {
+  /// The next values, a letter of `kinds` each, with commas between.
+  std::vector<std::string> NextRecord(std::string_view kinds) {
     std::vector<std::string> record;
-    record.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) record.emplace_back(Next());
+    record.reserve(kinds.size());
+    for (const char kind : kinds) record.emplace_back(Next(kind));
+    DropEmptyRest();
     return record;
+  }
+
+  /// What is to be said of values that are left; empty: there are none.
+  std::string RestNote() {
+    while (!line_ || IsEmptyRest(*line_)) {
+      line_ = TakeLine(rest_);
+      if (!line_) return {};
+      ++lineNumber_;
+    }
+    return Place() + "データ数を超える項目があります。変換されません";
   }
 
   /// The whole first line, empty if there is none.
@@ -96,6 +107,15 @@ class OldValues {
   }
 
  private:
+  static bool IsEmptyRest(std::string_view text) {
+    return text.find_first_not_of(", \t") == std::string_view::npos;
+  }
+
+  /// Commas behind the last value of a count or record are no values of the next one.
+  void DropEmptyRest() {
+    if (line_ && IsEmptyRest(*line_)) line_.reset();
+  }
+
   std::string_view NextText() {
     while (!line_) {
       line_ = TakeLine(rest_);
@@ -106,9 +126,8 @@ class OldValues {
     return NoSpc(TakeField(line_));
   }
 
-  [[noreturn]] void Fail(const std::string& words) const {
-    throw Fault(path_ + " （" + std::to_string(lineNumber_) + "行目） ： " + words);
-  }
+  std::string Place() const { return path_ + " （" + std::to_string(lineNumber_) + "行目） ： "; }
+  [[noreturn]] void Fail(const std::string& words) const { throw Fault(Place() + words); }
 
   std::string path_;
   std::string_view rest_;
@@ -120,17 +139,23 @@ class OldValues {
 class DeckBuilder {
  public:
   void AddTable(const OldTable& table, const OldFile& file);
-  void AddSection(std::string_view key, std::string_view row);
-  std::string TakeDeck();
+  /// A section of one row; what a deck loses of a title in it is noted under `place`.
+  void AddTitle(std::string_view key, std::string_view title, std::string_view place);
+  Conversion Take();
 
  private:
   void AddRecords(const OldTable& table, OldValues& values);
   void AddLoads(const OldTable& table, OldValues& values);
   void AddGroups(const OldTable& table, OldValues& values);
+  void AddSection(std::string_view key, std::string_view row);
   void BeginSection(std::string_view key);
+  void Note(const std::string& words) {
+    if (!words.empty()) notes_.push_back(words);
+  }
   void AddRow(const std::vector<std::string>& cells);
 
   std::string deck_;
+  std::vector<std::string> notes_;
   int modelCode_ = kPlaneFrame;
   int caseCount_ = 0;
 };
@@ -154,11 +179,17 @@ void DeckBuilder::AddSection(std::string_view key, std::string_view row) {
   deck_.append(row).append(kLineEnd).append(kLineEnd);
 }
 
+void DeckBuilder::AddTitle(std::string_view key, std::string_view title, std::string_view place) {
+  if (const std::string_view warning = TitleWarning(title); !warning.empty())
+    Note(std::string(place) + " ： " + std::string(warning));
+  AddSection(key, title);
+}
+
 void DeckBuilder::AddRecords(const OldTable& table, OldValues& values) {
   constexpr std::size_t kType = 1, kPhi = 6;
   const int count = values.NextCount(table.limit, "データ数");
   for (int r = 0; r < count; ++r) {
-    std::vector<std::string> record = values.NextRecord(table.values);
+    std::vector<std::string> record = values.NextRecord(table.record);
     if (table.form == OldForm::Sections && ReadInt16(record[kType]) == 0) record[kPhi] = "1.0";
     AddRow(record);
   }
@@ -171,7 +202,7 @@ void DeckBuilder::AddLoads(const OldTable& table, OldValues& values) {
     const int count = values.NextCount(room, "データ数");
     room -= count;
     for (int r = 0; r < count; ++r) {
-      std::vector<std::string> record = values.NextRecord(table.values);
+      std::vector<std::string> record = values.NextRecord(table.record);
       record.insert(record.begin(), std::to_string(loadCase));
       AddRow(record);
     }
@@ -186,7 +217,8 @@ void DeckBuilder::AddGroups(const OldTable& table, OldValues& values) {
   const int groups = values.NextCount(table.limit, "グループ数");
   for (int group = 1; group <= groups; ++group) {
     const int count = values.NextCount(kMaxGroupNodes, "節点数");
-    std::vector<std::string> nodes = values.NextRecord(count);
+    std::vector<std::string> nodes =
+        values.NextRecord(std::string(static_cast<std::size_t>(count), table.record[0]));
     nodes.insert(nodes.begin(), std::to_string(group));
     AddRow(nodes);
   }
@@ -194,31 +226,30 @@ void DeckBuilder::AddGroups(const OldTable& table, OldValues& values) {
 
 void DeckBuilder::AddTable(const OldTable& table, const OldFile& file) {
   OldValues values(file);
+  if (table.form == OldForm::Title) return AddTitle(table.key, values.FirstLine(), file.path);
   BeginSection(table.key);
-  switch (table.form) {
-    case OldForm::Title:
-      deck_.append(values.FirstLine()).append(kLineEnd);
-      break;
-    case OldForm::Records:
-    case OldForm::Sections:
-      AddRecords(table, values);
-      break;
-    case OldForm::Loads:
-      AddLoads(table, values);
-      break;
-    case OldForm::Groups:
-      AddGroups(table, values);
-      break;
-  }
+  if (table.form == OldForm::Loads)
+    AddLoads(table, values);
+  else if (table.form == OldForm::Groups)
+    AddGroups(table, values);
+  else
+    AddRecords(table, values);
   deck_ += kLineEnd;
+  Note(values.RestNote());
 }
 
 /// The old model knows neither control data nor units: it is in gravitational units, and its listing has no
 /// input list.
-std::string DeckBuilder::TakeDeck() {
+Conversion DeckBuilder::Take() {
   AddSection("CONT", std::to_string(modelCode_) + "," + std::to_string(caseCount_) + ",0");
   AddSection("UNIT", "0,0," + RealText(kStandardGravity));
-  return std::move(deck_);
+  return {std::move(deck_), std::move(notes_)};
+}
+
+std::string Joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text.append(text.empty() ? "" : "\n").append(line);
+  return text;
 }
 
 /// "FT077"
@@ -261,22 +292,23 @@ OldModel ReadOldModel(const std::string& folder) {
   return model;
 }
 
-std::string ConvertedDeck(const OldModel& model, std::string_view subtitle) {
+Conversion ConvertedDeck(const OldModel& model, std::string_view subtitle) {
   DeckBuilder deck;
   for (const OldTable& table : kOldTables) {
     if (const auto file = model.find(table.number); file != model.end()) deck.AddTable(table, file->second);
-    if (table.form == OldForm::Title && !subtitle.empty()) deck.AddSection("SUBT", subtitle);
+    if (table.form == OldForm::Title && !subtitle.empty()) deck.AddTitle("SUBT", subtitle, "サブタイトル");
   }
-  return deck.TakeDeck();
+  return deck.Take();
 }
 
 bool ConvertOldModel(const std::string& folder, const std::string& deckPath, std::string_view subtitle) try {
   const std::string target = FolderOf(deckPath);
   if (!ConsentsToFolder(target)) return false;
-  const std::string deck = ConvertedDeck(ReadOldModel(folder), subtitle);
+  const Conversion conversion = ConvertedDeck(ReadOldModel(folder), subtitle);
   MakeFolder(target);
-  ReplaceTextFile(deckPath, deck);
+  ReplaceTextFile(deckPath, conversion.deck);
   RemoveStoredResults({target, "", PathText(NativePath(deckPath).filename())});
+  if (!conversion.notes.empty()) Tell(Joined(conversion.notes));
   return true;
 } catch (const Fault& fault) {
   Tell(fault.what());

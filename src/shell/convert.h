@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorlan {
 
@@ -23,11 +24,18 @@ using OldModel = std::map<int, OldFile>;
 /// too.
 OldModel ReadOldModel(const std::string& folder);
 
+/// What comes of an old model: the deck's text, and what the user should know of things that it doesn't hold.
+struct Conversion {
+  std::string deck;
+  std::vector<std::string> notes;
+};
+
 /// The deck of an old model, lines with CR LF: title, subtitle unless it is empty, the tables that have a
 /// file, then control data (model, number of load cases, no input list) and gravitational units. Values are
-/// kept as typed; the factor φ of a direct-input section becomes 1.0. Throws Fault with file and line for a
-/// file that ends early or holds something else than numbers.
-std::string ConvertedDeck(const OldModel& model, std::string_view subtitle = {});
+/// kept as typed; the factor φ of a direct-input section becomes 1.0. Commas at the end of a line behind the
+/// last value of a count or record are passed over. Throws Fault with file and line for a file that ends
+/// early, or holds something else than numbers that the deck's table can take.
+Conversion ConvertedDeck(const OldModel& model, std::string_view subtitle = {});
 
 /// Converts the model in `folder` into the deck at `deckPath`, and answers whether it stands. A missing
 /// target folder is made if the user consents. Results and listing of a deck that stood there go once the new

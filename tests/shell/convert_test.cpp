@@ -23,9 +23,12 @@ OldModel Model(std::initializer_list<std::pair<const int, const char*>> files) {
 
 std::string Converted(const OldModel& model, const char* subtitle = "") {
   std::string text;
-  for (const char c : ConvertedDeck(model, subtitle))
+  for (const char c : ConvertedDeck(model, subtitle).deck)
     if (c != '\r') text += c;
   return text;
+}
+std::vector<std::string> Notes(const OldModel& model, const char* subtitle = "") {
+  return ConvertedDeck(model, subtitle).notes;
 }
 
 constexpr const char* kPlainEnd = "@CONT   %コントロールデータ\n1,0,0\n\n@UNIT   %単位\n0,0,9.80665\n\n";
@@ -135,6 +138,49 @@ TEST(ConvertedDeck, RecordsMayRunOverLinesAndEmptyLinesAreNone) {
               HasSubstr("\n1,0.1,0.2\n2,0.3,0.4\n\n"));
 }
 
+struct CommaCase {
+  const char* name;
+  int number;
+  const char* text;
+  const char* rows;
+};
+const CommaCase kCommaCases[] = {
+    {"behind a count and a record", 1, "2,\n1,0,0,1,1,1,\n2,3,0,0,0,0,\n", "\n1,0,0,1,1,1\n2,3,0,0,0,0\n\n"},
+    {"as many as a spreadsheet writes", 8, "1,,\n1,0.1,0.2,, ,\n", "\n1,0.1,0.2\n\n"},
+    {"a last value left empty counts", 8, "2\n1,0.1,\n2,,\n", "\n1,0.1,\n2,,\n\n"},
+    {"a record over lines goes on behind it", 8, "1\n1,\n0.2\n", "\n1,,0.2\n\n"},
+    {"behind the counts of cases", 4, "2,\n1,\n1,2,3,4,\n1 ,\n5,6,7,8,\n", "\n1,1,2,3,4\n2,5,6,7,8\n\n"},
+    {"behind the nodes of a group", 10, "2,\n1,\n2,\n3,4,\n", "\n1,3,4\n\n"},
+};
+TEST(ConvertedDeck, ACommaAtALinesEndShiftsNothing) {
+  for (const CommaCase& c : kCommaCases) {
+    const OldModel model = Model({{c.number, c.text}});
+    EXPECT_THAT(Converted(model), HasSubstr(c.rows)) << c.name;
+    EXPECT_THAT(Notes(model), IsEmpty()) << c.name;
+  }
+}
+
+TEST(ConvertedDeck, ValuesBeyondTheCountAreTold) {
+  const char* const words = "データ数を超える項目があります。変換されません";
+  EXPECT_THAT(Notes(Model({{8, "1\n1,0.1,0.2\n\n2,0.3,0.4\n"}})),
+              ElementsAre(std::string("ft8 （4行目） ： ") + words));
+  EXPECT_THAT(
+      Notes(Model({{8, "1\n1,0.1,0.2,9\n"}, {10, "0\n7,7,7\n"}})),
+      ElementsAre(std::string("ft8 （2行目） ： ") + words, std::string("ft10 （2行目） ： ") + words));
+  EXPECT_THAT(Notes(Model({{8,
+                            "1\n1,0.1,0.2\n \n,,\n\x1A"
+                            "2,3,4\n"}})),
+              IsEmpty());
+}
+
+TEST(ConvertedDeck, ATitleThatADeckCannotHoldIsTold) {
+  EXPECT_THAT(Notes(Model({{77, "@題\n"}})), ElementsAre(HasSubstr("「@」")));
+  EXPECT_THAT(Notes(Model({{77, "率 50%\n"}})),
+              ElementsAre(testing::AllOf(HasSubstr("ft77"), HasSubstr("「%」"))));
+  EXPECT_THAT(Notes(Model({{77, "題@\n"}}), "@副題"), ElementsAre(HasSubstr("「@」")));
+  EXPECT_THAT(Notes(Model({{77, "題\n"}}), "副題"), IsEmpty());
+}
+
 TEST(ConvertedDeck, AnOldEndOfTextEndsTheFile) {
   EXPECT_THAT(Converted(Model({{8, "1\n1,0,0\n\x1A"}})), HasSubstr("\n1,0,0\n\n"));
   EXPECT_THAT(FaultOf([] {
@@ -163,6 +209,14 @@ const BrokenFile kBrokenFiles[] = {
     {"a word among the numbers", 1, "1\n1,x,0,1,1,1\n", 2, "「x」"},
     {"bytes of a picture", 3, "\x7F\x45\x4C\x46\x01", 1, "数値ではない"},
     {"a sign alone", 9, "1\n1,-,0,0\n", 2, "「-」"},
+    {"a number within a number", 1, "1\n1,1-2,0,1,1,1\n", 2, "「1-2」"},
+    {"two points in a number", 1, "1\n1,0,1.2.3,1,1,1\n", 2, "「1.2.3」"},
+    {"a real without end", 1, "2\n1,0,0,1,1,1\n2,1e999,0,1,1,1\n", 3, "「1e999」 は数値の範囲を超えています"},
+    {"a node number beyond 16 bits", 1, "1\n70000,0,0,1,1,1\n", 2,
+     "「70000」 は整数の範囲（-32768～32767）を超えています"},
+    {"a type beyond 16 bits", 5, "1\n1\n1,-1,99999,0,0,0\n", 3, "「99999」"},
+    {"a last field beyond 16 bits", 6, "1\n1\n1,-1,2,1,-3,-3,-32769\n", 3, "「-32769」"},
+    {"a node of a group beyond 16 bits", 10, "2\n1\n2\n1,40000\n", 4, "「40000」"},
     {"a count below 0", 1, "-1\n", 1, "「-1」"},
     {"more nodes than a model holds", 1, "5001\n", 1, "5000"},
     {"more sections than a model holds", 3, "1001\n", 1, "1000"},
@@ -201,7 +255,7 @@ TEST(ConvertedDeck, WhateverTheFilesHoldADeckOrAFaultComesOfIt) {
       model[number] = {"ft", text};
     }
     const std::string fault =
-        FaultOf([&] { decks += ConvertedDeck(model).ends_with("9.80665\r\n\r\n") ? 1 : 0; });
+        FaultOf([&] { decks += ConvertedDeck(model).deck.ends_with("9.80665\r\n\r\n") ? 1 : 0; });
     EXPECT_TRUE(fault.empty() || fault.starts_with("ft （")) << "trial " << trial << ": " << fault;
   }
   EXPECT_GT(decks, 100);  // both outcomes were met
@@ -248,6 +302,19 @@ TEST_F(ConvertOldModelTest, WritesADeckThatOpens) {
   EXPECT_EQ(InpModel.ModelCode, 1);
   EXPECT_EQ(InpModel.Elem[1].length, 6);
   EXPECT_EQ(InpModel.InUnit, 0);
+}
+
+TEST_F(ConvertOldModelTest, WhatIsNotConvertedIsToldAndTheDeckStands) {
+  WriteOld("ft001", "1\n70000.5,0,0,1,1,1\n");
+  EXPECT_FALSE(ConvertOldModel(OldFolder(), DeckPath()));
+  EXPECT_THAT(messages_, ElementsAre(HasSubstr("「70000.5」")));
+  WriteOld("ft001", "1\n1,70000,0,1,1,1\n2,0,0,0,0,0\n");
+  WriteOld("ft077", "率 50%\n");
+  EXPECT_TRUE(ConvertOldModel(OldFolder(), DeckPath()));
+  EXPECT_THAT(messages_, testing::SizeIs(2));
+  EXPECT_THAT(messages_.back(), testing::AllOf(HasSubstr("ft077"), HasSubstr("ft001 （3行目）")));
+  ReadDeck(DeckPath());
+  EXPECT_EQ(InpModel.Node[1].X, 70000);
 }
 
 TEST_F(ConvertOldModelTest, AFolderWithoutATitleFileStillConverts) {
