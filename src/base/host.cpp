@@ -5,28 +5,15 @@
 namespace zorlan {
 namespace {
 
-Host WithDefaults(Host host) {
-  if (!host.message) host.message = [](std::string_view, std::string_view) {};
-  if (!host.question)
-    host.question = [](std::string_view, std::string_view, Buttons buttons) {
-      return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
-    };
-  if (!host.progress) host.progress = [](std::string_view, double) {};
-  if (!host.hourglass) host.hourglass = [](bool) {};
-  if (!host.runAndWait) host.runAndWait = [](const std::string&, const std::string&) { return ProgramEnd{}; };
-  if (!host.showListing) host.showListing = [](const std::string&) {};
-  return host;
-}
-
 Host& Installed() {
-  static Host host = WithDefaults({});
+  static Host host;
   return host;
 }
 
 }  // namespace
 
 void InstallHost(Host host) {
-  Installed() = WithDefaults(std::move(host));
+  Installed() = std::move(host);
 }
 
 const Host& TheHost() {

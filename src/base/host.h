@@ -21,21 +21,26 @@ struct ProgramEnd {
   std::string reason;  // why it could not be started
 };
 
-/// All that the core may ask of the program around it. Texts are UTF-8 and reach the user unchanged. All
-/// entries are always set, so no caller tests for an empty one.
+/// All that the core may ask of the program around it. Texts are UTF-8 and reach the user unchanged. Entries
+/// left alone do nothing, say No or Cancel, and start no program, so no caller tests for an empty one.
 struct Host {
-  std::function<void(std::string_view text, std::string_view title)> message;
-  std::function<Answer(std::string_view text, std::string_view title, Buttons buttons)> question;
+  std::function<void(std::string_view text, std::string_view title)> message = [](std::string_view,
+                                                                                  std::string_view) {};
+  std::function<Answer(std::string_view text, std::string_view title, Buttons buttons)> question =
+      [](std::string_view, std::string_view, Buttons buttons) {
+        return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+      };
   /// What takes long, in the user's words, and how much of it is done: 0 to 1. Lets window events run.
-  std::function<void(std::string_view what, double share)> progress;
-  std::function<void(bool busy)> hourglass;
+  std::function<void(std::string_view what, double share)> progress = [](std::string_view, double) {};
+  std::function<void(bool busy)> hourglass = [](bool) {};
   /// Starts a program with `folder` as its current folder, and waits for it. The user may stop the wait.
-  std::function<ProgramEnd(const std::string& program, const std::string& folder)> runAndWait;
+  std::function<ProgramEnd(const std::string& program, const std::string& folder)> runAndWait =
+      [](const std::string&, const std::string&) { return ProgramEnd{}; };
   /// Shows a listing: a text file of the system.
-  std::function<void(const std::string& path)> showListing;
+  std::function<void(const std::string& path)> showListing = [](const std::string&) {};
 };
 
-/// Replaces the table in force; entries left empty do nothing, say No or Cancel, and start no program.
+/// Replaces the table in force.
 void InstallHost(Host host);
 const Host& TheHost();
 

@@ -25,6 +25,25 @@ class MessageWatchTest : public testing::Test {
   std::vector<std::string> shown_;
 };
 
+/// Every entry, by name: one that is added and not looked at doesn't compile.
+void ExpectQuietEntries(const Host& host) {
+  const auto& [message, question, progress, hourglass, runAndWait, showListing] = host;
+  message("text", "title");
+  EXPECT_EQ(question("text", "title", Buttons::YesNo), Answer::No);
+  EXPECT_EQ(question("text", "title", Buttons::YesNoCancel), Answer::Cancel);
+  EXPECT_EQ(question("text", "title", Buttons::OkCancel), Answer::Cancel);
+  progress("what", 0.5);
+  hourglass(true);
+  EXPECT_EQ(runAndWait("program", "folder/").how, ProgramEnd::How::NotStarted);
+  showListing("path");
+}
+
+TEST(Host, EntriesLeftAloneAreQuietAndGiveTheSafeAnswer) {
+  ExpectQuietEntries({});
+  InstallHost({});
+  ExpectQuietEntries(TheHost());
+}
+
 TEST_F(MessageWatchTest, KeepsTheFirstMessageAndLetsAllThrough) {
   const MessageWatch watch(MessageWatch::Messages::Shown);
   EXPECT_FALSE(watch.Told());
