@@ -180,6 +180,7 @@ PrinterRec ParsePrinterInfo(std::string_view text, const SystemPrinters& printer
   for (std::int16_t* const option :
        {&printer.colourMode, &printer.duplex, &printer.reduction, &printer.pageNumbers, &printer.firstPage})
     *option = NumberItem(items, place++);
+  if (printer.firstPage < 0) printer.firstPage = 1;
   return printer;
 }
 

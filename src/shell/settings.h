@@ -47,8 +47,8 @@ void LoadDataPath();
 void SaveDataPath();
 
 /// The three path parts of the old model last picked for conversion: empty without the file.
-void LoadVer1Path(std::string& a, std::string& b, std::string& c);
-void SaveVer1Path(std::string_view a, std::string_view b, std::string_view c);
+void LoadVer1Path(std::string& dataPath, std::string& project, std::string& model);
+void SaveVer1Path(std::string_view dataPath, std::string_view project, std::string_view model);
 
 // PrinterInf.Ini
 
@@ -81,7 +81,8 @@ struct SystemPrinters {
   std::int16_t currentOrientation = kPortrait;
 };
 
-/// The record of a file's text: four and six values are accepted, what is missing or no number reads 1.
+/// The record of a file's text. Older files end behind four or six values: what is missing or no number reads
+/// 1, and so does a first page below 0.
 PrinterRec ParsePrinterInfo(std::string_view text, const SystemPrinters& printers);
 std::string PrinterInfoText(const PrinterRec& printer);
 

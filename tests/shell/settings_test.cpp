@@ -215,6 +215,8 @@ const PrinterCase kPrinterCases[] = {
     {"the older six", "\"二階\"\n\"A3\"\n2\n2\n3\n2\n", {"二階", "A3", 2, 2, 3, 2, 1, 1}},
     {"a name with comma and quote", "\"一階, 南\"\"A\"\"\"\n\"A4\"\n1\n1\n1\n1\n1\n1\n", {"一階, 南\"A\""}},
     {"one line", "\"二階\",\"A3\",2,2,3,2,0,12", {"二階", "A3", 2, 2, 3, 2, 0, 12}},
+    {"a first page below 0", "\"二階\"\n\"A3\"\n2\n2\n3\n2\n1\n-5\n", {"二階", "A3", 2, 2, 3, 2, 1, 1}},
+    {"a first page of 0", "\"二階\"\n\"A3\"\n2\n2\n3\n2\n1\n0\n", {"二階", "A3", 2, 2, 3, 2, 1, 0}},
     {"nothing at all", "", {"一階", "B4", 2, 1, 1, 1, 1, 1}},
     {"no numbers", "\"二階\"\n\"A4\"\nx\ny\n\n99999\n-\n?\n", {"二階", "A4", 1, 1, 1, 1, 1, 1}},
 };
