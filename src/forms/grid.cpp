@@ -13,6 +13,12 @@ std::size_t Index(int number) {
   return static_cast<std::size_t>(number - 1);
 }
 
+/// Takes off the rows at the end that hold nothing any more, hidden columns included.
+void DropBlankEnd(std::vector<GridRow>& rows) {
+  const auto blank = [](const std::string& cell) { return cell.empty(); };
+  while (!rows.empty() && std::ranges::all_of(rows.back(), blank)) rows.pop_back();
+}
+
 }  // namespace
 
 CellRange RangeBetween(const CellPlace& a, const CellPlace& b) {
@@ -51,6 +57,7 @@ void Grid::SetCell(const CellPlace& place, std::string text) {
     row.resize(Index(place.column) + 1);
   }
   row[Index(place.column)] = std::move(text);
+  DropBlankEnd(rows);
 }
 
 GridRow Grid::InsertRow(int page, int row, GridRow inserted) {
@@ -63,6 +70,7 @@ GridRow Grid::InsertRow(int page, int row, GridRow inserted) {
   if (rows.size() <= kGridRows) return {};
   GridRow dropped = std::move(rows.back());
   rows.pop_back();
+  DropBlankEnd(rows);
   return dropped;
 }
 
@@ -77,6 +85,7 @@ GridRow Grid::RemoveRow(int page, int row, GridRow last) {
     rows.resize(kGridRows);
     rows.back() = std::move(last);
   }
+  DropBlankEnd(rows);
   return removed;
 }
 

@@ -40,7 +40,8 @@ class Grid {
   /// The text of a cell; empty for a blank one and for one outside.
   const std::string& Cell(const CellPlace& place) const;
   const GridRow& Row(int page, int row) const;
-  /// The last row of a page that takes room: no row below it holds a text.
+  /// The last row of a page that takes room: no row below it holds a text, and behind an edit it holds one
+  /// itself.
   int LastRow(int page) const;
 
   void SetColumns(int columns) { columns_ = columns; }

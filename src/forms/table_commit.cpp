@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "base/text_file.h"
 #include "forms/table_editor.h"
+#include "model/deck.h"
 #include "model/model_state.h"
 
 namespace zorlan {
@@ -28,6 +29,10 @@ std::string CellFault(const Column& column, std::string_view text) {
   if (const std::string lost = Cp932FromUtf8(text).lost; !lost.empty())
     return "文字 「" + lost + "」 はシフトＪＩＳで表せないため、保存できません";
   return {};
+}
+
+bool AgreesTo(const std::string& loss) {
+  return TheHost().question(loss + "\n良いですか？", kApplicationTitle, Buttons::YesNo) == Answer::Yes;
 }
 
 }  // namespace
@@ -60,13 +65,23 @@ std::optional<RowFault> TableEditor::FaultOf(int page, int row) const {
   return std::nullopt;
 }
 
+std::optional<RowFault> TableEditor::ShortRow(int page, int row) const {
+  const int wanted = LeastFields(TableKey(*form_)) - (form_->pages == Pages::None ? 0 : 1);
+  const RowView view = View(page, row);
+  int used = grid_.Columns();
+  while (used > 0 && view.Blank(used)) --used;
+  if (used == 0 || used >= wanted) return std::nullopt;
+  return RowFault{{page, row, used + 1}, "項目が足りないため、解析では読み飛ばされます"};
+}
+
 std::optional<RowFault> TableEditor::NearestFault(const CellPlace& place) const {
   const auto onPage = [&](int page, int from) -> std::optional<RowFault> {
     const int last = LastKeyRow(page);
     for (int away = 0; away <= kGridRows; ++away)
       for (const int row : {from + away, from - away})
         if (row >= 1 && row <= last)
-          if (const std::optional<RowFault> fault = FaultOf(page, row)) return fault;
+          for (const std::optional<RowFault>& fault : {FaultOf(page, row), ShortRow(page, row)})
+            if (fault) return fault;
     return std::nullopt;
   };
   if (const std::optional<RowFault> fault = onPage(place.page, place.row)) return fault;
@@ -102,22 +117,39 @@ std::optional<CellPlace> TableEditor::KeylessRow() const {
   return std::nullopt;
 }
 
+std::string TableEditor::RowName(const CellPlace& place) const {
+  const std::string page = PageTitle(form_->pages, place.page);
+  return (page.empty() ? page : page + " の ") + std::to_string(place.row) + "行目";
+}
+
+bool TableEditor::AgreesToShortRows(std::optional<CellPlace>& fault, const ShowPlace& show) const {
+  std::optional<RowFault> first;
+  int others = -1;
+  for (int page = 1; page <= PageCount(); ++page)
+    for (int row = 1; row <= LastKeyRow(page); ++row)
+      if (const std::optional<RowFault> found = ShortRow(page, row)) {
+        if (!first) first = found;
+        ++others;
+      }
+  if (!first) return true;
+  show(first->place);
+  const std::string more = others > 0 ? "（ほか " + std::to_string(others) + " 行）" : std::string();
+  if (AgreesTo(RowName(first->place) + more + "は" + first->message)) return true;
+  fault = first->place;
+  return false;
+}
+
 bool TableEditor::AgreesToLoss(std::optional<CellPlace>& fault, const ShowPlace& show) const {
-  const auto agrees = [](const std::string& text) {
-    return TheHost().question(text + "\n良いですか？", kApplicationTitle, Buttons::YesNo) == Answer::Yes;
-  };
   if (const std::string unshown = UnshownText(); !unshown.empty())
-    if (!agrees(std::string(form_->caption) + "に" + unshown + "。保存すると失われます")) return false;
+    if (!AgreesTo(std::string(form_->caption) + "に" + unshown + "。保存すると失われます")) return false;
   if (const std::optional<CellPlace> keyless = KeylessRow()) {
     show(*keyless);
-    const std::string page = PageTitle(form_->pages, keyless->page);
-    const std::string where = (page.empty() ? page : page + " の ") + std::to_string(keyless->row) + "行目";
-    if (!agrees(where + "は" + ColumnAt(1).title + "がないため、保存されません")) {
+    if (!AgreesTo(RowName(*keyless) + "は" + ColumnAt(1).title + "がないため、保存されません")) {
       fault = keyless;
       return false;
     }
   }
-  return true;
+  return AgreesToShortRows(fault, show);
 }
 
 CommitEnd TableEditor::Commit(std::optional<CellPlace>& fault, const ShowPlace& show) {

@@ -106,7 +106,7 @@ class TableEditor {
 
   /// Tests one row as a commit does, without its questions and fixes. A blank row passes.
   std::optional<RowFault> FaultOf(int page, int row) const;
-  /// The failing row nearest to a place, on its page first.
+  /// The row nearest to a place, on its page first, that fails or that no analysis would read.
   std::optional<RowFault> NearestFault(const CellPlace& place) const;
 
   /// Checks the rows and writes the table if something was changed. What fails is told, and `fault` says
@@ -168,10 +168,16 @@ class TableEditor {
   /// Why a key can't be; what would not come back from the table's file as it was typed. Empty if sound.
   std::string_view KeyFault(const RowView& row) const;
   std::string TextFault(int column, std::string_view text) const;
+  /// A row that ends before the fields that the deck's reader asks for: the analysis would go without it.
+  std::optional<RowFault> ShortRow(int page, int row) const;
   /// Checks the rows of a page down to the last with a key, fixes and asks as the form wants.
   std::optional<RowFault> CheckPage(int page, Step& fixes, const ShowPlace& show);
   /// The first row with texts below the last with a key: a commit doesn't reach it.
   std::optional<CellPlace> KeylessRow() const;
+  /// Asks about the rows that are too short; `fault` is the first with No.
+  bool AgreesToShortRows(std::optional<CellPlace>& fault, const ShowPlace& show) const;
+  /// The row of a place in the user's words: "ケース 1 の 3行目".
+  std::string RowName(const CellPlace& place) const;
   /// Asks about everything that a commit would lose; `fault` says where the cursor goes.
   bool AgreesToLoss(std::optional<CellPlace>& fault, const ShowPlace& show) const;
 

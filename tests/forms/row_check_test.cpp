@@ -157,6 +157,7 @@ TEST_F(RowCheckTest, ANumberWithWordsBehindItHoldsUpNoCommitWhereTheTableCameWit
   TableEditor nodes = Open("InpNODE");
   nodes.InsertRow(1, 1);
   nodes.SetText({1, 3, 2}, "4");
+  answers = {Answer::Yes};
   EXPECT_EQ(Commit(nodes), CommitEnd::Written);
   EXPECT_EQ(Table("NODE"), "1,12kN,3,1,1,1.0x\n2,4,0\n");
   TableEditor elements = Open("InpELEM");
@@ -176,7 +177,7 @@ TEST_F(RowCheckTest, ABlankRowPasses) {
 
 TEST_F(RowCheckTest, TheNearestFaultIsFoundOnItsPageFirst) {
   TableEditor editor = Open("InpCLOD", kFrame);
-  Fill(editor, "1\r0\r1\r1\r1\r1\r0", 2);
+  Fill(editor, "1\t2\r0\t2\r1\t2\r1\t2\r1\t2\r1\t2\r0\t2", 2);
   EXPECT_EQ(editor.NearestFault({2, 3, 1})->place, (CellPlace{2, 2, 1}));
   EXPECT_EQ(editor.NearestFault({2, 6, 1})->place, (CellPlace{2, 7, 1}));
   EXPECT_EQ(editor.NearestFault({1, 1, 1})->place, (CellPlace{2, 2, 1}));

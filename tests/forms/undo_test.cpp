@@ -56,6 +56,47 @@ TEST_F(UndoTest, RemovedGroupsComeBackWithTheirNodes) {
   EXPECT_EQ(editor.Text({3, 1, 1}), "7");
 }
 
+TEST_F(UndoTest, RowsThatAreBlankAgainAreNoLongerInUse) {
+  WriteTable("NODE", "1,0,0,0,0,0\n2,0,0,0,0,0\n");
+  TableEditor editor = Open("InpNODE", kFrame);
+  editor.SetText({1, 5000, 3}, "9");
+  EXPECT_EQ(editor.Cells().LastRow(1), 5000);
+  editor.Undo();
+  EXPECT_EQ(editor.Cells().LastRow(1), 2);
+  editor.Redo();
+  editor.Clear(1, {5000, 1, 5000, 6});
+  EXPECT_EQ(editor.Cells().LastRow(1), 2);
+  editor.Undo();
+  editor.DeleteRows(1, 3000, 6000);
+  EXPECT_EQ(editor.Cells().LastRow(1), 2);
+  editor.InsertRow(1, 1);
+  EXPECT_EQ(editor.Cells().LastRow(1), 3);
+  editor.DeleteRows(1, 2, 3);
+  EXPECT_EQ(editor.Cells().LastRow(1), 0) << "the row that was inserted is blank";
+  editor.Undo();
+  EXPECT_EQ(editor.Text({1, 3, 1}), "2");
+}
+
+TEST_F(UndoTest, TheGridsLastRowThatDroppedOffComesBackAlone) {
+  TableEditor editor = Open("InpNODE", kFrame);
+  editor.SetText({1, kGridRows, 1}, "7");
+  editor.InsertRow(1, 1);
+  EXPECT_EQ(editor.Cells().LastRow(1), 0);
+  editor.Undo();
+  EXPECT_EQ(editor.Cells().LastRow(1), kGridRows);
+  EXPECT_EQ(editor.Text({1, kGridRows, 1}), "7");
+}
+
+TEST_F(UndoTest, ARowWithCellsThatTheHeaderHidesStaysInUse) {
+  WriteTable("NODE", "1,0,0,0,0,0,30\n");
+  TableEditor editor = Open("InpNODE", kFrameWithRollers);
+  editor.SetText({1, 1, 2}, "5");
+  editor.Follow(kFrame);
+  editor.Clear(1, {1, 1, 1, 6});
+  editor.Follow(kFrameWithRollers);
+  EXPECT_EQ(editor.Text({1, 1, 7}), "30");
+}
+
 /// One of all the edits, at random.
 void EditAtRandom(TableEditor& editor, std::mt19937& random) {
   const auto pick = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
