@@ -1,8 +1,10 @@
 #include "desktop/boxes.h"
 
 #include <algorithm>
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCursor>
+#include <QIcon>
 #include <QMessageBox>
 #include <QString>
 #include <span>
@@ -34,6 +36,7 @@ QMessageBox::StandardButton Run(QMessageBox::Icon icon, std::string_view text, s
   QMessageBox box(icon, ToQt(title), ToQt(text), buttons, QApplication::activeWindow());
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(enter);
+  for (QAbstractButton* const button : box.buttons()) button->setIcon(QIcon());  // words are enough
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 

@@ -1,14 +1,34 @@
 #include "desktop/dialog_buttons.h"
 
+#include <QEvent>
 #include <QIcon>
 #include <QPushButton>
 
 namespace zorlan {
+namespace {
+
+/// A dialog learns which button its Enter goes back to, when another has had the focus, from a button that
+/// becomes the default one inside of it: the box says so when it comes into its dialog.
+class OkCancelBox : public QDialogButtonBox {
+ public:
+  OkCancelBox() : QDialogButtonBox(Ok | Cancel) {}
+
+ protected:
+  bool event(QEvent* event) override {
+    const bool taken = QDialogButtonBox::event(event);
+    if (event->type() == QEvent::ParentChange) {
+      button(Ok)->setDefault(false);
+      button(Ok)->setDefault(true);
+    }
+    return taken;
+  }
+};
+
+}  // namespace
 
 QDialogButtonBox* OkCancelButtons() {
-  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+  auto* const buttons = new OkCancelBox;
   buttons->button(QDialogButtonBox::Ok)->setText(QStringLiteral("ＯＫ"));
-  buttons->button(QDialogButtonBox::Ok)->setDefault(true);
   buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("ok"));
   buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("キャンセル"));
   buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cancel"));

@@ -5,7 +5,7 @@
 
 namespace zorlan {
 
-/// "ＯＫ", which Enter presses, and "キャンセル"; Esc is the latter.
+/// "ＯＫ", which Enter presses unless another button has the focus, and "キャンセル"; Esc is the latter.
 QDialogButtonBox* OkCancelButtons();
 
 }  // namespace zorlan

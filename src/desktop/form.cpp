@@ -1,6 +1,7 @@
 #include "desktop/form.h"
 
 #include <algorithm>
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
@@ -124,6 +125,15 @@ void Form::focusInEvent(QFocusEvent* event) {
   if (first_ != nullptr) first_->setFocus(event->reason());
 }
 
+void Form::TakeKeys() {
+  if (first_ == nullptr) return;
+  const QWidget* const last = focusWidget();
+  const bool button = qobject_cast<const QAbstractButton*>(last) != nullptr &&
+                      qobject_cast<const QAbstractButton*>(first_) == nullptr;
+  const bool clicked = button && QGuiApplication::mouseButtons() != Qt::NoButton && last->underMouse();
+  if (last == nullptr || last == this || !last->isVisible() || (button && !clicked)) setFocus();
+}
+
 void Form::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape)
     CloseForm();
@@ -136,6 +146,11 @@ FormArea::FormArea(QWidget* parent)
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setActivationOrder(ActivationHistoryOrder);  // behind a form that closes comes the one before it
+  connect(this, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* frame) {
+    if (frame == nullptr || frame == front_) return;  // the program was left or has come back
+    front_ = frame;
+    GiveKeys();
+  });
 }
 
 std::vector<Form*> FormArea::Forms() const {
@@ -171,10 +186,26 @@ void FormArea::Show(Form* form) {
   frame->setStyle(frameStyle_.get());
   frame->setWindowIcon(window()->windowIcon());
   frame->installEventFilter(this);
+  connect(frame, &QMdiSubWindow::windowStateChanged, this,
+          [this](Qt::WindowStates before, Qt::WindowStates now) {
+            if ((before ^ now) & (Qt::WindowMaximized | Qt::WindowMinimized)) GiveKeys();
+          });
   ScrollWhereTooLarge(*form, RoomInFrame());
   Place(frame, FromQt(form->objectName()));
   frame->show();
   form->setFocus();
+}
+
+void FormArea::GiveKeys() {
+  // Behind the toolkit, which hands them to the first button of a frame that has been hidden for a moment.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        const QMdiSubWindow* const frame = activeSubWindow();
+        if (frame == nullptr || frame->isMinimized()) return;
+        if (Form* const form = FormIn(frame)) form->TakeKeys();
+      },
+      Qt::QueuedConnection);
 }
 
 QSize FormArea::RoomInFrame() const {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <QMdiArea>
 #include <QPoint>
+#include <QPointer>
 #include <QWidget>
 #include <string>
 #include <vector>
@@ -39,6 +40,9 @@ class Form : public QWidget {
 
   /// Called behind every command: a form that shows a file shows it as it is now.
   virtual void Renew() {}
+
+  /// The keys go to its first widget, unless a box or list of the form has them.
+  void TakeKeys();
 
   /// Whether it holds what isn't committed to the model's tables.
   virtual bool IsChanged() const { return false; }
@@ -119,10 +123,13 @@ class FormArea : public QMdiArea {
   std::vector<QMdiSubWindow*> FramesToArrange() const;
   QRect RoomToArrange() const;
   QSize RoomInFrame() const;  // for a form
+  /// The form in front takes the keys, when it has come there or its frame has changed its size.
+  void GiveKeys();
   void Place(QMdiSubWindow* frame, const std::string& name);
   /// Gives two frames places that don't overlap, if there is room for both.
   void Part(QMdiSubWindow* frame, QMdiSubWindow* kept) const;
 
+  QPointer<QMdiSubWindow> front_;
   QPoint cascade_;  // of the form opened last, in twips
   std::unique_ptr<QStyle> frameStyle_;
 };

@@ -4,9 +4,11 @@
 #include <exception>
 #include <optional>
 #include <QAbstractButton>
+#include <QApplication>
 #include <QBoxLayout>
 #include <QButtonGroup>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QLabel>
@@ -30,11 +32,39 @@ constexpr double kTitlePoints = 10.5;
 constexpr int kTitleMargin = 24;  // pixels beside the title's 72 columns
 constexpr std::string_view kFactorMask = "0.e-";
 
-/// A drop-down that the wheel doesn't turn: a choice here can end results.
+/// A drop-down that the wheel doesn't turn: a choice here can end results. Typed characters choose the entry
+/// that they are, or else the first that begins with them, wherever the choice stands: 2 is never 20.
 class StillBox : public QComboBox {
  protected:
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  int EntryOf(const QString& keys) const;
+
+  QString typed_;
+  QElapsedTimer sinceKey_;
 };
+
+int StillBox::EntryOf(const QString& keys) const {
+  const int whole = findText(keys, Qt::MatchFixedString);
+  if (whole >= 0) return whole;
+  for (int i = 0; i < count(); ++i)
+    if (itemText(i).trimmed().startsWith(keys, Qt::CaseInsensitive)) return i;
+  return -1;
+}
+
+void StillBox::keyPressEvent(QKeyEvent* event) {
+  const QString key = event->text();
+  const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+  if (command || key.isEmpty() || !key.front().isPrint() || key.front().isSpace())
+    return QComboBox::keyPressEvent(event);
+  if (!sinceKey_.isValid() || sinceKey_.hasExpired(QApplication::keyboardInputInterval())) typed_.clear();
+  sinceKey_.start();
+  typed_ += key;
+  if (EntryOf(typed_) < 0) typed_ = key;
+  if (const int entry = EntryOf(typed_); entry >= 0) setCurrentIndex(entry);
+}
 
 void FillBox(QComboBox& box, const ChoiceField& field, int index) {
   const QSignalBlocker quiet(box);

@@ -5,6 +5,7 @@
 #include <QBoxLayout>
 #include <QFontMetricsF>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -28,6 +29,19 @@ constexpr int kShownRows = 16;
 std::string Plain(std::string_view text) {
   return UpperCase(Narrowed(text));
 }
+
+/// The keys that come to a list without a choice begin at its first row. (A view that gets the focus makes
+/// that row current, and would begin behind it.)
+class ChoiceTable : public QTableView {
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool begins = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (begins && !selectionModel()->hasSelection() && model()->rowCount() > 0)
+      selectRow(0);
+    else
+      QTableView::keyPressEvent(event);
+  }
+};
 
 }  // namespace
 
@@ -90,7 +104,7 @@ SectionList::SectionList(QWidget* parent) : QWidget(parent) {
   search_->setPlaceholderText(QStringLiteral("400x200 など"));
   search_->setClearButtonEnabled(true);
   model_ = new ChoiceModel(this);
-  table_ = new QTableView;
+  table_ = new ChoiceTable;
   table_->setObjectName(QStringLiteral("choices"));
   table_->setFont(FixedFont(kPoints));
   table_->setModel(model_);
@@ -112,10 +126,10 @@ SectionList::SectionList(QWidget* parent) : QWidget(parent) {
   column->addWidget(table_, 1);
   connect(search_, &QLineEdit::textChanged, this, &SectionList::Narrow);
   connect(table_, &QTableView::doubleClicked, this, &SectionList::decided);
-  connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-          [this](const QModelIndex& current) {
-            if (current.isValid()) emit picked(model_->NameAt(current.row()));
-          });
+  // A row that is but current, because the view got the focus, is nobody's choice.
+  connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    if (const std::string name = Chosen(); !name.empty()) emit picked(name);
+  });
 }
 
 void SectionList::ShowChoices(ChoiceList list) {
@@ -143,8 +157,8 @@ void SectionList::GoTo(const std::string& name) {
 }
 
 std::string SectionList::Chosen() const {
-  const QModelIndex current = table_->currentIndex();
-  return current.isValid() ? model_->NameAt(current.row()) : std::string();
+  const QModelIndexList rows = table_->selectionModel()->selectedRows();
+  return rows.isEmpty() ? std::string() : model_->NameAt(rows.front().row());
 }
 
 void SectionList::Narrow(const QString& text) {
