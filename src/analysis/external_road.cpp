@@ -32,7 +32,6 @@ constexpr const char* kProgram = "anaZorlan.exe";
 #else
 constexpr const char* kProgram = "anaZorlan";
 #endif
-constexpr int kUnstableExit = 2;  // the companion's exit code for an unstable structure
 
 ExternalTables Tables;  // of the deck written last
 
@@ -57,12 +56,12 @@ std::string PlaceOf(int deckNode) {
 }
 
 /// What the companion said, with the deck's node number turned into the model's.
-std::string ErrorFileText(int exitCode) {
+std::string ErrorFileText() {
   std::string text(NoSpc(ReadTextFileIfAny(AnalysisPath + kErrorFile).value_or("")));
   while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.pop_back();
   constexpr std::string_view kNode = "NODE =";
   const std::size_t label = text.find(kNode);
-  if (exitCode != kUnstableExit || label == std::string::npos) return text;
+  if (label == std::string::npos) return text;
   const std::size_t first = label + kNode.size();
   const std::size_t last = std::min(text.find_first_not_of("0123456789", first), text.size());
   const double deckNode = ReadReal(text.substr(first, last - first));
@@ -85,7 +84,7 @@ std::string Failure(const ProgramEnd& end, const std::string& program) {
       break;
   }
   if (end.code == 0) return {};
-  const std::string said = ErrorFileText(end.code);
+  const std::string said = ErrorFileText();
   return "外部解析プログラムがエラーで終了しました（終了コード " + std::to_string(end.code) + "）" +
          (said.empty() ? "" : "\n" + said);
 }

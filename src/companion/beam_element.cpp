@@ -34,9 +34,10 @@ BeamElement MakeBeamElement(const Deck& deck, const Beam& beam, const std::array
   element.c = x / element.L;
   element.s = z / element.L;
 
-  element.stiffness[0][0] = material.E * section.A / element.L;
+  const Real E = ModulusOf(material);
+  element.stiffness[0][0] = E * section.A / element.L;
   if (section.I > kNone) {
-    const Real EI = material.E * section.I, rate = EI / element.L;
+    const Real EI = E * section.I, rate = EI / element.L;
     Real phi = 0;
     if (section.shearArea > kNone && material.nu > -1)  // 12EI/(G As L^2) with G = E/(2(1+ν))
       phi = 24 * (1 + material.nu) * section.I / (section.shearArea * element.L * element.L);

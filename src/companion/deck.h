@@ -19,7 +19,10 @@ struct Node {
 
 struct Material {
   double E = 0, nu = 0;
+  bool operator==(const Material&) const = default;
 };
+/// The material of rigid zones: a beam of it counts as rigid.
+inline constexpr Material kRigidMaterial{7e12, 0.3};
 
 /// A shear area or an inertia of kNone or below is none: no shear deformation, no bending.
 struct Section {
@@ -69,6 +72,14 @@ struct Deck {
 template <class Row>
 const Row& At(const std::vector<Row>& table, int place) {
   return table[static_cast<std::size_t>(place)];
+}
+
+/// Young's modulus of a beam as it is computed. The stated one of a rigid zone is only a few thousand times
+/// that of a long wall, whose digits would feel it; a billion times as much is felt nowhere, and the unknowns
+/// of a rigid zone are its own (kinematics.h).
+inline double ModulusOf(const Material& material) {
+  constexpr double kRigidity = 1e9;
+  return material == kRigidMaterial ? kRigidity * material.E : material.E;
 }
 
 /// The deck of a file's bytes. Throws Fault with the line and what is wrong there, for anything that is not

@@ -57,18 +57,18 @@ bool Kinematics::CanCarry(int beam, int child) const {
 
 void Kinematics::ChooseCarriers() {
   const std::size_t count = deck_.nodes.size();
-  std::vector<double> sum(count), largest(count);
+  std::vector<double> others(count), largest(count);  // so that no small one is lost in a sum
   std::vector<int> stiffest(count, -1);
   std::vector<bool> held(count);
   for (std::size_t b = 0; b < deck_.beams.size(); ++b) {
     const Beam& beam = deck_.beams[b];
     const Node &I = At(deck_.nodes, beam.nodeI), &J = At(deck_.nodes, beam.nodeJ);
-    const double stiffness = At(deck_.materials, beam.material).E * At(deck_.sections, beam.section).A /
-                             std::hypot(J.x - I.x, J.z - I.z);
+    const double stiffness = ModulusOf(At(deck_.materials, beam.material)) *
+                             At(deck_.sections, beam.section).A / std::hypot(J.x - I.x, J.z - I.z);
     for (const int node : {beam.nodeI, beam.nodeJ}) {
       const auto n = static_cast<std::size_t>(node);
       if (beam.IsLink()) held[n] = true;
-      sum[n] += stiffness;
+      others[n] += std::min(stiffness, largest[n]);
       if (stiffness <= largest[n]) continue;
       largest[n] = stiffness;
       stiffest[n] = static_cast<int>(b);
@@ -78,9 +78,9 @@ void Kinematics::ChooseCarriers() {
 
   std::vector<int> tree = EachOnItsOwn(count);  // carriers never close a ring
   for (std::size_t n = 0; n < count; ++n) {
-    const double others = sum[n] - largest[n];
     const int child = static_cast<int>(n);
-    if (held[n] || !(others > 0) || largest[n] < kCarrierRatio * others || !CanCarry(stiffest[n], child))
+    if (held[n] || !(others[n] > 0) || largest[n] < kCarrierRatio * others[n] ||
+        !CanCarry(stiffest[n], child))
       continue;
     const Beam& beam = At(deck_.beams, stiffest[n]);
     const int parent = beam.nodeI == child ? beam.nodeJ : beam.nodeI;
@@ -120,7 +120,7 @@ void Kinematics::Hold(const Boundary& element, int place) {
                        [](const auto& a, const auto& b) { return std::abs(a.factor) < std::abs(b.factor); });
   if (largest == form.terms.end() || std::abs(largest->factor) < kSameDirection) {
     if (std::abs(form.constant) > kSameDirection * (1 + std::abs(element.prescribed)))
-      throw Fault("節点 " + std::to_string(element.node + 1) + " の支持条件に矛盾があります");
+      throw Fault("NODE =" + std::to_string(element.node + 1) + " の支持条件に矛盾があります");
     return;
   }
   const int variable = largest->variable;

@@ -120,6 +120,25 @@ TEST_F(ExternalRoad, NamesAnUnstableDirectionByTheModelsNode) {
   EXPECT_THAT(Told(), ElementsAre(HasSubstr("NODE =200     Y 方向  剛性　ありません")));
 }
 
+TEST_F(ExternalRoad, NamesTheNodeOfSupportsThatContradictEachOther) {
+  ModelBuilder b(kSameDisplacementFrame);  // the two tops of a portal, which move together, moved apart
+  for (const double y : {0.0, 4.0})
+    for (const double x : {0.0, 6.0}) b.Node(x, y, y == 0 ? kClamped : kLoose);
+  b.Section(2.1e7, 0.01, 2e-4);
+  b.Element(1, 3);
+  b.Element(2, 4);
+  b.Element(3, 4);
+  b.Group({3, 4});
+  b.Moved(3, 1, 0, 0);
+  b.Moved(4, 2, 0, 0);
+  b.model.Node[4].number = b.model.Elem[2].J = b.model.Elem[3].J = 104;
+  b.model.Disp[1].node[2] = b.model.Spec[2].node = 104;
+  CalcModel = b.model;
+  MergedResults merged(1, 4, 3);
+  EXPECT_FALSE(SolveExternalCase(1, merged));
+  EXPECT_THAT(Told(), ElementsAre(HasSubstr("終了コード 1）\nNODE =104 の支持条件に矛盾があります")));
+}
+
 TEST_F(ExternalRoad, NeverTakesAnOutputThatIsNotTheRunsOwn) {
   // The output of the run before is gone when the companion only pretends to work.
   EXPECT_THAT(FailureWith(Ends({How::Exited, 0, ""})), HasSubstr("FT999.OUT"));

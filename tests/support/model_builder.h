@@ -99,9 +99,12 @@ struct ModelBuilder {
   void Magnification(double X1, double X2, double alpha) {
     AppendRow(model.Alfa, model.AlfaCount, AlfaRec{X1, X2, alpha});
   }
-  void ForcedDisplacement(int node, int loadCase) {
+  /// By 1 cm downward.
+  void ForcedDisplacement(int node, int loadCase) { Moved(node, 0, -1, 0, loadCase); }
+  /// cm, cm, rad.
+  void Moved(int node, double S1, double S2, double S3, int loadCase = 1) {
     AppendRow(model.Spec, model.SpecCount,
-              SpecRec{static_cast<std::int16_t>(loadCase), static_cast<std::int16_t>(node), 0, -1, 0});
+              SpecRec{static_cast<std::int16_t>(loadCase), static_cast<std::int16_t>(node), S1, S2, S3});
   }
   void Group(std::initializer_list<int> nodes) {
     DispRec group;
