@@ -68,11 +68,7 @@ void TellSummary(double seconds) {
                          report.cases, RoadName(report.road), seconds * 1000));
   PrintError(CaseTable(report, CalcModel.ModelCode == kPlaneGrid));
   PrintError("  結果 " + ResultFolder() + "  リスト " + ListingPath());
-  for (std::size_t c = 0; c < report.trust.size(); ++c)
-    if (report.trust[c].lost)
-      Tell(fmt::format(
-          "{} ： 荷重ケース {} の節点 {} で釣り合いが失われています。不安定な構造の可能性があり、結果は信頼できません",
-          DeckPath(), c + 1, report.trust[c].residualNode));
+  for (const std::string& doubt : Doubts(report.trust)) Tell(DeckPath() + " ： " + doubt);
 }
 
 }  // namespace zorlan::batch

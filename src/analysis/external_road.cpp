@@ -100,9 +100,26 @@ void MarkMovedNodes() {
   for (const ExtMovedNode& moved : Tables.movedNodes) CalcModel.Node[moved.row].code = moved.code;
 }
 
-/// The member forces that meet a moved node, less the loads on the node itself, which no support exerts. A
-/// free direction has no reaction, even where a same-displacement link pulls at the node.
-std::array<double, 3> MovedNodeReactions(int loadCase, int row, const MergedResults& results) {
+bool IsLinked(int row) {
+  return std::any_of(Tables.ExtBeams.begin(), Tables.ExtBeams.end(), [row](const ExtBeam& beam) {
+    return beam.endI == kExtLink && (beam.nodeI == row || beam.nodeJ == row);
+  });
+}
+
+/// What the boundary elements exert on a node along X.
+double BoundaryForceAlongX(int row, const ExternalOutput& output) {
+  double force = 0;
+  for (std::size_t b = 0; b < Tables.ExtBoundary.size(); ++b)
+    if (Tables.ExtBoundary[b].node == row)
+      force += output.boundaryForces[b] * Tables.ExtBoundary[b].direction[0];
+  return force;
+}
+
+/// The member forces that meet a moved node, less the loads on the node itself, which no support exerts. The
+/// support of a group's node holds the whole group, so along X it exerts more than meets the node. A free
+/// direction has no reaction, even where a same-displacement link pulls at the node.
+std::array<double, 3> MovedNodeReactions(int loadCase, int row, const MergedResults& results,
+                                         const ExternalOutput& output) {
   const std::vector<double> sum = MemberForceSum(loadCase, CalcModel.Node[row].number, results);
   std::array<double, 3> reaction{sum[0], sum[1], sum[2]};
   for (const ExtNodalLoad& load : Tables.ExtNodalLoads) {
@@ -111,6 +128,7 @@ std::array<double, 3> MovedNodeReactions(int loadCase, int row, const MergedResu
     reaction[1] -= load.FY;
     reaction[2] += load.MZ;
   }
+  if (IsLinked(row)) reaction[0] = BoundaryForceAlongX(row, output);
   for (std::size_t dof = 0; dof < 3; ++dof)
     if (CalcModel.Node[row].code[dof] == kFree) reaction[dof] = 0;
   return reaction;
@@ -132,7 +150,7 @@ void StoreResults(int loadCase, const ExternalOutput& output, MergedResults& res
     const bool moved = std::any_of(Tables.movedNodes.begin(), Tables.movedNodes.end(),
                                    [row](const ExtMovedNode& node) { return node.row == row; });
     const std::array<double, 3> reaction =
-        moved ? MovedNodeReactions(loadCase, row, results) : BoundaryReactions(row, Tables, output);
+        moved ? MovedNodeReactions(loadCase, row, results, output) : BoundaryReactions(row, Tables, output);
     const int place = results.SupportPlace(CalcModel.Node[row].number);
     std::copy(reaction.begin(), reaction.end(), results.Reaction(loadCase, place));
   }

@@ -333,6 +333,11 @@ void TableBuilder::RequireDeckNumbers() const {
 
 }  // namespace
 
+bool IsMoved(const NodeRec& node) {
+  return std::any_of(node.code.begin(), node.code.end(),
+                     [](std::int16_t code) { return code == kMovedCode || code == kMovedSpringCode; });
+}
+
 double MagnificationTolerance(const ModelRec& model) {
   return model.NodeCount > kInMemoryNodes ? kMagnificationToleranceFileRoad
                                           : kMagnificationToleranceInMemoryRoad;

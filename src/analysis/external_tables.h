@@ -101,6 +101,7 @@ struct ExternalTables {
 /// Codes that a node gets where a forced displacement moves it: its reaction is then the sum of the member
 /// end forces that meet it.
 inline constexpr std::int16_t kMovedCode = 3, kMovedSpringCode = 23;
+bool IsMoved(const NodeRec& node);
 
 /// The tables of a load case (from 1) of a plane frame, model kinds 1 and 2. Throws Fault: a grid, and what
 /// CollectMembers throws, a rigid zone that leaves no flexible part, a load that its formula can't take.

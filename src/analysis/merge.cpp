@@ -3,22 +3,12 @@
 #include <algorithm>
 #include <numeric>
 
+#include "analysis/external_tables.h"
 #include "analysis/members.h"
 #include "analysis/result_files.h"
 #include "model/model_state.h"
 
 namespace zorlan {
-namespace {
-
-// Codes that the external road gives to the nodes at its boundary elements.
-constexpr std::int16_t kBoundary = 3, kSpringBoundary = 23;
-
-bool StandsAtBoundary(const NodeRec& node) {
-  return std::any_of(node.code.begin(), node.code.end(),
-                     [](std::int16_t code) { return code == kBoundary || code == kSpringBoundary; });
-}
-
-}  // namespace
 
 MergedResults::MergedResults(int caseCount, int nodeCount, int elementCount)
     : cases(caseCount),
@@ -85,7 +75,7 @@ void CollectCaseResults(int loadCase, MergedResults& results) {
     const std::size_t first = (static_cast<std::size_t>(loadCase - 1) * reactions.nodes.size() + s) * 3;
     std::copy_n(reactions.values.begin() + static_cast<std::ptrdiff_t>(first), 3,
                 results.Reaction(loadCase, place));
-    if (row != 0 && StandsAtBoundary(CalcModel.Node[row])) {
+    if (row != 0 && IsMoved(CalcModel.Node[row])) {
       const std::vector<double> sum = MemberForceSum(loadCase, number, results);
       std::copy(sum.begin(), sum.end(), results.Reaction(loadCase, place));
     }

@@ -7,6 +7,7 @@
 
 #include "analysis/analysis_state.h"
 #include "analysis/dense_solver.h"
+#include "analysis/external_tables.h"
 #include "analysis/front_solver.h"
 #include "analysis/member_forces.h"
 #include "analysis/reactions.h"
@@ -215,8 +216,28 @@ void WriteStageResults() {
   WriteForces(AnalysisPath, Needed(Stage.forces));
 }
 
+namespace {
+
+/// A spring's reaction is told without the magnification of its node, but for a node that a forced
+/// displacement moves in the case in hand.
+std::vector<double> SpringFactors() {
+  if (CalcModel.AlfaCount == 0) return {};
+  const double tolerance = MagnificationTolerance(CalcModel);
+  std::vector<double> factors(static_cast<std::size_t>(CalcModel.NodeCount) + 1, 1);
+  for (int row = 1; row <= CalcModel.NodeCount; ++row) {
+    const NodeRec& node = CalcModel.Node[row];
+    if (!IsMoved(node))
+      factors[static_cast<std::size_t>(row)] = MagnificationAt(CalcModel, node.X, tolerance);
+  }
+  return factors;
+}
+
+}  // namespace
+
 std::vector<CaseTrust> AssessStages() {
-  return AssessSolution(Needed(Stage.equations), Needed(Stage.displacements), Needed(Stage.reactions));
+  TrustRules rules;
+  rules.springFactor = SpringFactors();
+  return AssessSolution(Needed(Stage.equations), Needed(Stage.displacements), Needed(Stage.reactions), rules);
 }
 
 namespace {
@@ -240,6 +261,18 @@ std::vector<bool> HeldBeyondCodes(int loadCase) {
   return held;
 }
 
+/// Of all end forces and reactions of a case.
+double LargestForce(int loadCase, const MergedResults& results) {
+  double largest = 0;
+  const auto widen = [&largest](const double* values, int count) {
+    for (int k = 0; k < count; ++k) largest = std::max(largest, std::abs(values[k]));
+  };
+  widen(&results.forces[ForcePlace(loadCase, results.elements, 1, 1)], results.elements * kForcesPerElement);
+  for (std::size_t place = 0; place < results.supports.size(); ++place)
+    widen(results.Reaction(loadCase, static_cast<int>(place)), 3);
+  return largest;
+}
+
 }  // namespace
 
 CaseTrust AssessExternalCase(int loadCase, const MergedResults& results) {
@@ -257,7 +290,12 @@ CaseTrust AssessExternalCase(int loadCase, const MergedResults& results) {
     for (int d = 0; d < 3; ++d)
       reactions[3 * (nodes.Row(results.supports[place]) - 1) + d][0] =
           results.Reaction(loadCase, static_cast<int>(place))[d];
-  return AssessSolution(equations, u, reactions, HeldBeyondCodes(loadCase), kLostPrintedResidual).front();
+  TrustRules rules;
+  rules.external = true;
+  rules.alsoHeld = HeldBeyondCodes(loadCase);
+  rules.largestForce = LargestForce(loadCase, results);
+  rules.springFactor = SpringFactors();
+  return AssessSolution(equations, u, reactions, rules).front();
 }
 
 }  // namespace zorlan

@@ -44,8 +44,8 @@ void WriteStageResults();
 /// What is known of the last solve, by load case.
 std::vector<CaseTrust> AssessStages();
 
-/// What is known of a case (from 1) that the companion has solved, by the equations of the last solve and the
-/// codes and forced displacements of CalcModel.
+/// What is known of a case (from 1) that the companion has just solved, by the equations of the last solve
+/// and the codes and forced displacements of CalcModel, moved nodes marked.
 CaseTrust AssessExternalCase(int loadCase, const MergedResults& results);
 
 }  // namespace zorlan

@@ -123,7 +123,6 @@ bool SolveCaseByCase(bool roller) {
     BeginPart(PartOfCase(c, results.cases));
     if (roller || HasForcedDisplacement(c) != kFalse) {
       if (!SolveExternalCase(c, results)) return false;
-      CalcModel = SavedCalcModel;
       Report.trust[static_cast<std::size_t>(c - 1)] = AssessExternalCase(c, results);
     } else {
       CollectCaseResults(c, results);

@@ -61,14 +61,13 @@ void SumLayers(const Equations& equations, CaseTable& r) {
 /// Which equations something holds, and which of them report a support force.
 class HeldEquations {
  public:
-  HeldEquations(const Equations& equations, const CaseTable& u, const std::vector<bool>& alsoHeld)
-      : eq_(equations),
-        u_(u),
-        alsoHeld_(alsoHeld),
-        layerHeld_(static_cast<std::size_t>(equations.layers) + 1) {
-    for (int row = 1; row <= eq_.nodes; ++row)
-      if (const int layer = LayerOf(eq_, row); layer != 0 && Also(row, 0))
-        layerHeld_[static_cast<std::size_t>(layer)] = true;
+  HeldEquations(const Equations& equations, const CaseTable& u, const TrustRules& rules)
+      : eq_(equations), u_(u), rules_(rules), layerHeld_(static_cast<std::size_t>(equations.layers) + 1) {
+    for (int row = 1; row <= eq_.nodes; ++row) {
+      const int layer = LayerOf(eq_, row);
+      const bool held = Also(row, 0) || (rules.external && eq_.Code(3 * (row - 1)) == kFixed);
+      if (layer != 0 && held) layerHeld_[static_cast<std::size_t>(layer)] = true;
+    }
   }
 
   /// Whether the solver was to satisfy this equation of a node.
@@ -88,31 +87,49 @@ class HeldEquations {
   bool ReportsForce(int row, int d) const {
     const std::int16_t code = eq_.Code(3 * (row - 1) + d);
     if (Also(row, d)) return true;
-    if (d == 0 && LayerOf(eq_, row) != 0) return code == kSpring;
+    if (d == 0 && LayerOf(eq_, row) != 0) return code == kSpring || (rules_.external && code == kFixed);
     return code != kFree;
   }
 
  private:
   bool Also(int row, int d) const {
-    return !alsoHeld_.empty() && alsoHeld_[static_cast<std::size_t>(3 * (row - 1) + d)];
+    return !rules_.alsoHeld.empty() && rules_.alsoHeld[static_cast<std::size_t>(3 * (row - 1) + d)];
   }
 
   const Equations& eq_;
   const CaseTable& u_;
-  const std::vector<bool>& alsoHeld_;
+  const TrustRules& rules_;
   std::vector<bool> layerHeld_;
+};
+
+/// What the sums of a case differ by, and what they are to be measured by.
+struct Balance {
+  std::array<double, 2> difference{}, loads{}, reactions{};
+  void AddLoad(std::size_t d, double load) {
+    difference[d] += load;
+    loads[d] += std::abs(load);
+  }
+  void AddReaction(std::size_t d, double reaction) {
+    difference[d] += reaction;
+    reactions[d] += std::abs(reaction);
+  }
+  bool IsLost(double share, double least) const {
+    for (std::size_t d = 0; d < 2; ++d)
+      if (std::abs(difference[d]) > share * std::max({loads[d], reactions[d], least})) return true;
+    return false;
+  }
 };
 
 }  // namespace
 
 std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTable& displacements,
-                                      const CaseTable& reactions, const std::vector<bool>& alsoHeld,
-                                      double lostResidual) {
+                                      const CaseTable& reactions, const TrustRules& rules) {
   std::vector<CaseTrust> trust(static_cast<std::size_t>(equations.cases));
+  std::vector<Balance> balance(trust.size());
   CaseTable r = Residuals(equations, displacements);
   if (equations.layers > 0) SumLayers(equations, r);
   const std::vector<double> diagonal = Diagonal(equations);
-  const HeldEquations held(equations, displacements, alsoHeld);
+  const HeldEquations held(equations, displacements, rules);
   const int directions = equations.kind == kPlaneGrid ? 1 : 2;
   for (int row = 1; row <= equations.nodes; ++row)
     for (int c = 0; c < equations.cases; ++c) {
@@ -133,9 +150,15 @@ std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTabl
         }
         if (d >= directions) continue;
         square += displacements[first + d][c] * displacements[first + d][c];
-        result.loadSum[static_cast<std::size_t>(d)] += load;
-        if (held.ReportsForce(row, d))
-          result.reactionSum[static_cast<std::size_t>(d)] += reactions[first + d][c];
+        const auto place = static_cast<std::size_t>(d);
+        result.loadSum[place] += load;
+        balance[static_cast<std::size_t>(c)].AddLoad(place, load);
+        if (!held.ReportsForce(row, d)) continue;
+        const double reaction = reactions[first + d][c];
+        const bool spring = equations.Code(first + d) == kSpring && !rules.springFactor.empty();
+        result.reactionSum[place] += reaction;
+        balance[static_cast<std::size_t>(c)].AddReaction(
+            place, spring ? reaction * rules.springFactor[static_cast<std::size_t>(row)] : reaction);
       }
       if (std::sqrt(square) > result.largestDisplacement) {
         result.largestDisplacement = std::sqrt(square);
@@ -144,9 +167,28 @@ std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTabl
     }
   // A settlement alone has no load to measure by, and its rounding must not raise the alarm.
   constexpr double kLeastMeasure = 1;  // t, t*m
-  for (CaseTrust& result : trust)
-    result.lost = result.residual > lostResidual * std::max(result.largestLoad, kLeastMeasure);
+  const double share = rules.external ? kLostPrintedResidual : kLostResidual;
+  for (std::size_t c = 0; c < trust.size(); ++c) {
+    CaseTrust& result = trust[c];
+    result.lost = result.residual > share * std::max({result.largestLoad, rules.largestForce, kLeastMeasure});
+    result.unbalanced = balance[c].IsLost(share, kLeastMeasure);
+  }
   return trust;
+}
+
+std::vector<std::string> Doubts(const std::vector<CaseTrust>& trust) {
+  std::vector<std::string> doubts;
+  for (std::size_t c = 0; c < trust.size(); ++c) {
+    const std::string loadCase = "荷重ケース " + std::to_string(c + 1);
+    if (trust[c].lost)
+      doubts.push_back(loadCase + " の節点 " + std::to_string(trust[c].residualNode) +
+                       " で釣り合いが失われています。不安定な構造の可能性があり、結果は信頼できません");
+    else if (trust[c].unbalanced)
+      doubts.push_back(
+          loadCase +
+          " の荷重と反力の合計が一致しません。反力のリストに現れない支持力がないか、確かめてください");
+  }
+  return doubts;
 }
 
 }  // namespace zorlan

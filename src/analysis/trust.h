@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 #include <vector>
 
 #include "analysis/equations.h"
@@ -19,21 +20,36 @@ struct CaseTrust {
   double largestLoad = 0;  // greatest magnitude of a load term
   bool lost = false;       // the residual is more than rounding leaves
   std::array<double, 2> loadSum{}, reactionSum{};
+  bool unbalanced = false;         // the sums differ by more than rounding and what springs tell otherwise
   double largestDisplacement = 0;  // magnitude of a node's translation, m
   int displacementNode = 0;        // number of that node
 };
 
-/// A residual above this share of the case's largest load term, or of 1 t where that is less, is lost.
+/// A residual above this share of the case's largest load term, or of 1 t where that is less, is lost; a
+/// difference of the sums above this share of all loads or reactions, or of 1 t, is one.
 inline constexpr double kLostResidual = 1e-6;
 /// The same for a case that came back in the companion's printed columns.
 inline constexpr double kLostPrintedResidual = 1e-4;
 
+/// What a judgement must know beside the equations.
+struct TrustRules {
+  /// The companion's case: it holds a group by the support of any of its nodes.
+  bool external = false;
+  /// Equations that something else than a support code holds: a forced displacement, an inclined roller.
+  /// Empty: none.
+  std::vector<bool> alsoHeld;
+  /// The largest end force or reaction of an external case, whose rounding is that of its forces; else 0.
+  double largestForce = 0;
+  /// Of each node row, from place 1: what a spring's reaction as told is to be multiplied by. Empty: 1.
+  std::vector<double> springFactor;
+};
+
 /// Judges all cases. Residuals stand at equations that are not held; nodes that share a displacement share
-/// the residual of their sum. `reactions` by equation, as the result files have them. `alsoHeld`, where it
-/// isn't empty, names equations that something else than a support code holds: a forced displacement, an
-/// inclined roller.
+/// the residual of their sum. `reactions` by equation, as the result files have them.
 std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTable& displacements,
-                                      const CaseTable& reactions, const std::vector<bool>& alsoHeld = {},
-                                      double lostResidual = kLostResidual);
+                                      const CaseTable& reactions, const TrustRules& rules = {});
+
+/// What the user must hear of the cases before their numbers: a sentence for each that isn't sound.
+std::vector<std::string> Doubts(const std::vector<CaseTrust>& trust);
 
 }  // namespace zorlan

@@ -186,6 +186,62 @@ TEST_F(ExternalProof, AFloorOfOneDisplacementFollowsASettlement) {
   EXPECT_NEAR(R(3, 0), shear, 1e-8);
 }
 
+/// A portal of 4 m by 6 m whose tops, 3 and 4, have one displacement; EI is the same throughout.
+std::string Portal(std::string_view topCode, std::string_view rest) {
+  return Head(2, 1, 0) + "1,0,0,1,1,1\n2,6,0,1,1,1\n3,0,4," + std::string(topCode) +
+         ",0,0\n4,6,4,0,0,0\n\n@ELEM\n1,1,3,0,0,1\n2,2,4,0,0,1\n3,3,4,0,0,1\n" + std::string(kSection) +
+         "\n@DISP\n1,3,4\n" + std::string(rest);
+}
+
+// The tops turn by t: (4/h + 6/L) t = 6 d / h^2, and a column's shear is EI (12 d / h^3 - 6 t / h^2). The
+// columns' own shortening takes a few thousandths of it.
+TEST_F(ExternalProof, TheReactionOfAMovedNodeIsThatOfItsWholeFloor) {
+  ASSERT_TRUE(Analyse(Portal("0", "\n@SPEC\n3,1,1,0,0\n"))) << testing::PrintToString(Told());
+  const double turn = 6 * 0.01 / 16 / (4.0 / 4 + 6.0 / 6);
+  const double shear = kBeamEI * (12 * 0.01 / 64 - 6 * turn / 16);
+  EXPECT_NEAR(R(1, 0), -shear, 0.01 * shear);
+  EXPECT_NEAR(R(3, 0), -R(1, 0) - R(2, 0), 1e-8);
+  const CaseTrust& trust = LastAnalysis().trust[0];
+  EXPECT_NEAR(trust.reactionSum[0], 0, 1e-8);
+  EXPECT_FALSE(trust.unbalanced || trust.lost);
+}
+
+TEST_F(ExternalProof, TheLoadsOfAFloorReachTheSupportOfItsOneNode) {
+  for (const char* const rest : {"\n@PLOD\n1,4,5,0,0\n\n@SPEC\n1,1,0,0,0\n",      // no node is moved
+                                 "\n@PLOD\n1,4,5,0,0\n\n@SPEC\n3,1,0,-1,0\n"}) {  // the held one sinks
+    ASSERT_TRUE(Analyse(Portal("1", rest))) << testing::PrintToString(Told());
+    EXPECT_NEAR(R(1, 0) + R(2, 0) + R(3, 0), -5, 1e-8) << rest;
+    const CaseTrust& trust = LastAnalysis().trust[0];
+    EXPECT_NEAR(trust.reactionSum[0], -5, 1e-8) << rest;
+    EXPECT_FALSE(trust.unbalanced || trust.lost) << rest;
+  }
+}
+
+// Walls of 0.6 m by 6 m: the residual is a kilogramme, the forces a hundred thousand tonnes.
+TEST_F(ExternalProof, ASettlementWithoutLoadsIsTrusted) {
+  ASSERT_TRUE(Analyse(Head(1, 1, 0) + "1,0.1,0,1,1,1\n2,8.3,0,1,1,1\n3,0.1,3.7,0,0,0\n4,8.3,3.7,0,0,0\n"
+                                      "\n@ELEM\n1,1,3,0,0,1\n2,2,4,0,0,1\n3,3,4,0,0,1\n"
+                                      "\n@SECT\n1,1,60,600,1.2,36000,1,227.123,94.58\n\n@SPEC\n2,1,0,-200,0\n"))
+      << testing::PrintToString(Told());
+  EXPECT_GT(std::abs(F(1, 1)), 1e5);
+  EXPECT_GT(LastAnalysis().trust[0].residual, kLostPrintedResidual) << "more than beside 1 t would pass";
+  EXPECT_FALSE(LastAnalysis().trust[0].lost);
+}
+
+// The springs' reactions: told without the magnification where the node stands, as the member forces are
+// magnified where it is moved.
+TEST_F(ExternalProof, SpringsBalanceUnderMagnification) {
+  for (const char* const moved : {"1,1,0,0,0", "2,1,0,-1,0"}) {
+    ASSERT_TRUE(Analyse(Head(1, 1, 0) + "1,0,0,1,1,1\n2,4,0,0,2,0\n\n@ELEM\n1,1,2,0,0,1\n" +
+                        std::string(kSection) + "\n@ALFA\n-1,9,2.5\n\n@SPRG\n2,0,5,0\n\n@PLOD\n1,2,0,-3,0\n" +
+                        "\n@SPEC\n" + moved + "\n"))
+        << testing::PrintToString(Told());
+    const CaseTrust& trust = LastAnalysis().trust[0];
+    EXPECT_NEAR(trust.loadSum[1], -7.5, 1e-9);
+    EXPECT_FALSE(trust.unbalanced || trust.lost) << moved;
+  }
+}
+
 TEST_F(ExternalProof, AnUnstressedBarKeepsItsNodesRotationsAtZero) {
   // A truss of bars without bending: the pinned apex, loaded, on supports of which one sinks.
   const std::string deck = Head(1, 1, 0) +

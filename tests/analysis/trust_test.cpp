@@ -186,6 +186,128 @@ TEST(Trust, DoesNotJudgeAHeldFloor) {
   EXPECT_FALSE(Solve(b.model, SolverRoad::InMemory).trust[0].lost);
 }
 
+// The companion holds a group by the support of one of its nodes, wherever it stands in the table.
+TEST(Trust, CountsTheSupportOfAGroupOnTheExternalRoad) {
+  ModelBuilder b(kSameDisplacementFrame);
+  b.Section(2e6, 0.01, 1e-4);
+  b.Node(0, 0, kClamped);
+  b.Node(0, 3, {1, 0, 0});
+  b.Node(5, 3);
+  b.Element(1, 2);
+  b.Element(2, 3);
+  b.Group({2, 3});
+  b.NodalLoad(3, 8, 0, 0);
+  SolvedModel s = Solve(b.model, SolverRoad::File);  // on which the group runs free
+  s.displacements = CaseTable(9, 1);
+  s.reactions = CaseTable(9, 1);
+  s.reactions[3][0] = -8;
+  TrustRules rules;
+  rules.external = true;
+  const CaseTrust trust = AssessSolution(s.equations, s.displacements, s.reactions, rules).front();
+  EXPECT_EQ(trust.reactionSum[0], -8);
+  EXPECT_FALSE(trust.lost);
+  EXPECT_FALSE(trust.unbalanced);
+}
+
+// A settled support moves forces that no load measures.
+TEST(Trust, OfAnExternalCaseIsMeasuredByItsForces) {
+  ModelBuilder b;
+  b.Section(2e6, 0.01, 1e-4);
+  b.Node(0, 0, kClamped);
+  b.Node(2, 0);
+  b.Node(4, 0, kClamped);
+  b.Element(1, 2);
+  b.Element(2, 3);
+  SolvedModel s = Solve(b.model, SolverRoad::File);
+  // EA/L = 10000 t/m on both sides: the support at the end has gone 0.1 m, the middle half of that and
+  // 1e-7 m more.
+  s.displacements[3][0] = 0.05 + 1e-7;
+  s.displacements[6][0] = 0.1;
+  TrustRules rules;
+  rules.external = true;
+  rules.alsoHeld.assign(9, false);
+  rules.alsoHeld[6] = true;
+  const auto assess = [&] {
+    return AssessSolution(s.equations, s.displacements, s.reactions, rules).front();
+  };
+  EXPECT_NEAR(assess().residual, 2e-3, 1e-9);
+  EXPECT_TRUE(assess().lost) << "2 kg beside the 1 t that nothing exceeds";
+  rules.largestForce = 500;
+  EXPECT_FALSE(assess().lost);
+}
+
+TEST(Trust, TellsLoadsThatTheReactionsDoNotBalance) {
+  for (const SolverRoad road : kRoads) {
+    ModelBuilder b = Cantilever(kClamped);
+    SolvedModel s = Solve(b.model, road);
+    EXPECT_FALSE(s.trust[0].unbalanced);
+    s.reactions[0][0] *= 1 - 2e-6;
+    EXPECT_TRUE(AssessSolution(s.equations, s.displacements, s.reactions).front().unbalanced);
+    EXPECT_FALSE(AssessSolution(s.equations, s.displacements, s.reactions).front().lost);
+  }
+}
+
+// The solver adds two rows on one node up; the reaction is that of the last.
+TEST(Trust, TellsTheForceOfASpringThatStandsTwice) {
+  for (const SolverRoad road : kRoads) {
+    ModelBuilder b = Cantilever({2, 1, 1});
+    b.Spring(1, 30, 0, 0);
+    EXPECT_FALSE(Solve(b.model, road).trust[0].unbalanced);
+    b.Spring(1, 10, 0, 0);
+    const CaseTrust trust = Solve(b.model, road).trust[0];
+    EXPECT_NEAR(trust.reactionSum[0], -0.25, 1e-9);
+    EXPECT_TRUE(trust.unbalanced);
+    EXPECT_FALSE(trust.lost);
+  }
+}
+
+// In memory a group whose last node is held stays where it is, and what holds it is in no list.
+TEST(Trust, TellsTheForceThatHoldsAGroup) {
+  ModelBuilder b(kSameDisplacementFrame);
+  b.Section(2e6, 0.01, 1e-4);
+  for (const double x : {0.0, 5.0}) b.Node(x, 0, kClamped);
+  b.Node(0, 3);
+  b.Node(5, 3, {1, 0, 0});
+  b.Element(1, 3);
+  b.Element(2, 4);
+  b.Group({3, 4});
+  b.NodalLoad(3, 8, 0, 0);
+  EXPECT_TRUE(Solve(b.model, SolverRoad::InMemory).trust[0].unbalanced);
+  EXPECT_FALSE(Solve(b.model, SolverRoad::File).trust[0].unbalanced);
+}
+
+// A spring's reaction is told without the magnification that its stiffness has.
+TEST(Trust, CountsASpringTimesTheMagnificationOfItsNode) {
+  for (const SolverRoad road : kRoads) {
+    ModelBuilder b = Cantilever({2, 1, 1});
+    b.Spring(1, 30, 0, 0);
+    b.Magnification(-1, 4, 2.5);
+    const SolvedModel s = Solve(b.model, road);
+    TrustRules rules;
+    rules.springFactor = {0, 2.5, 1};
+    const CaseTrust trust = AssessSolution(s.equations, s.displacements, s.reactions, rules).front();
+    EXPECT_FALSE(trust.unbalanced);
+    EXPECT_NEAR(trust.loadSum[0], 2.5, 1e-12);
+    EXPECT_NEAR(trust.reactionSum[0], -1, 1e-9) << "as the lists have it";
+  }
+}
+
+TEST(Trust, IsToldInASentenceACase) {
+  std::vector<CaseTrust> trust(3);
+  EXPECT_TRUE(Doubts(trust).empty());
+  trust[0].unbalanced = true;
+  trust[2].lost = trust[2].unbalanced = true;
+  trust[2].residualNode = 12;
+  const std::vector<std::string> doubts = Doubts(trust);
+  ASSERT_EQ(doubts.size(), 2U);
+  EXPECT_EQ(
+      doubts[0],
+      "荷重ケース 1 の荷重と反力の合計が一致しません。反力のリストに現れない支持力がないか、確かめてください");
+  EXPECT_EQ(
+      doubts[1],
+      "荷重ケース 3 の節点 12 で釣り合いが失われています。不安定な構造の可能性があり、結果は信頼できません");
+}
+
 TEST(Trust, OfACaseWithoutLoadsIsNotLost) {
   ModelBuilder b = Cantilever(kClamped);
   b.model.PlodCount = 0;
