@@ -1,6 +1,7 @@
 // zorlan: the desktop program. One argument is accepted: the path of a deck to be opened.
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <QFileInfo>
 #include <QTimer>
 
@@ -24,11 +25,11 @@ static void EndWithoutScreen(QtMsgType type, const QMessageLogContext&, const QS
   std::_Exit(EXIT_FAILURE);
 }
 
-int main(int argc, char** argv) {
-  using namespace zorlan;
-  qInstallMessageHandler(EndWithoutScreen);
-  Application application(argc, argv);
-  qInstallMessageHandler(nullptr);
+namespace zorlan {
+namespace {
+
+/// From the start to the exit; the program's exit code.
+int Run(Application& application) {
   SetUpApplication(application);
   ProgramFolder = FolderText(FromQt(QApplication::applicationDirPath()));
   ShowSplash();
@@ -51,4 +52,19 @@ int main(int argc, char** argv) {
   window.show();
   if (!deck.isEmpty()) QTimer::singleShot(0, &window, [&] { window.OpenDeck(deck); });
   return QApplication::exec();
+}
+
+}  // namespace
+}  // namespace zorlan
+
+int main(int argc, char** argv) {
+  qInstallMessageHandler(EndWithoutScreen);
+  zorlan::Application application(argc, argv);
+  qInstallMessageHandler(nullptr);
+  try {
+    return zorlan::Run(application);
+  } catch (const std::exception& fault) {
+    zorlan::ReportError("main", fault.what());
+    return EXIT_FAILURE;
+  }
 }

@@ -16,6 +16,15 @@ struct UserStop {};
 /// The hourglass; calls nest.
 void SetBusy(bool busy);
 
+/// The hourglass while one lives.
+class BusyWhile {
+ public:
+  BusyWhile() { SetBusy(true); }
+  ~BusyWhile() { SetBusy(false); }
+  BusyWhile(const BusyWhile&) = delete;
+  BusyWhile& operator=(const BusyWhile&) = delete;
+};
+
 /// Shows how far a command is, and lets the windows paint. Throws UserStop.
 void ShowProgress(std::string_view what, double share);
 

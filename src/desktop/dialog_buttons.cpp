@@ -4,6 +4,8 @@
 #include <QIcon>
 #include <QPushButton>
 
+#include "render/qt_text.h"
+
 namespace zorlan {
 namespace {
 
@@ -23,6 +25,7 @@ class OkCancelBox : public QDialogButtonBox {
     return taken;
   }
 };
+constexpr int kButtonRoom = 12;  // pixels beside a caption
 
 }  // namespace
 
@@ -34,6 +37,15 @@ QDialogButtonBox* OkCancelButtons() {
   buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cancel"));
   for (QAbstractButton* const button : buttons->buttons()) button->setIcon(QIcon());  // words are enough
   return buttons;
+}
+
+QPushButton* CommandButton(std::string_view caption, const char* name, std::string_view tip) {
+  auto* const button = new QPushButton(ToQt(caption));
+  button->setObjectName(QString::fromLatin1(name));
+  button->setToolTip(ToQt(tip));
+  button->setAutoDefault(true);
+  button->setMinimumWidth(button->sizeHint().width() + kButtonRoom);
+  return button;
 }
 
 }  // namespace zorlan

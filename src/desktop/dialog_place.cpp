@@ -9,7 +9,7 @@ namespace zorlan {
 
 void RestoreDialog(QDialog& dialog, const char* name, const QSize& firstSize) {
   WindowPlace place;
-  const bool kept = LoadWindowPlace(name, place) && place.width > 0 && place.height > 0;
+  const bool kept = LoadWindowPlace(name, place);
   const QSize size = kept ? QSize(place.width, place.height) : firstSize;
   dialog.resize(size.boundedTo(dialog.screen()->availableSize()));
 }

@@ -16,7 +16,7 @@ void FigureFiles::Look() {
 }
 
 bool FigureFiles::Changed() const {
-  return name_ != ModelBaseName() ||
+  return files_.empty() || name_ != ModelBaseName() ||
          std::ranges::any_of(files_, [](const ShownFile& file) { return file.Changed(); });
 }
 

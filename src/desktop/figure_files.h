@@ -13,6 +13,8 @@ class FigureFiles {
   /// Tables and results as they are now.
   void Look();
   bool Changed() const;
+  /// They couldn't be read: they count as changed until they are looked at again.
+  void Forget() { files_.clear(); }
 
  private:
   std::string name_;

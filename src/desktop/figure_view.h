@@ -30,6 +30,7 @@ class FigureView : public QWidget {
   void Redraw(int flags);
 
   // As the keys and the wheel do.
+  static constexpr double kZoomStep = 1.25;
   void ZoomBy(double factor);           // about the middle
   void Pan(double right, double down);  // pixels
   void ShowAll();

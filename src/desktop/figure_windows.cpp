@@ -50,46 +50,43 @@ void FollowOptions(MainWindow& window) {
 }
 
 void ShowDefinition(MainWindow& window, const Pick& pick) {
-  auto* list = qobject_cast<InpShowDefine*>(window.Forms().Find("InpShowDefine"));
-  if (list == nullptr) {
-    list = new InpShowDefine;
-    window.Forms().Show(list);
-  }
+  FormToShow<InpShowDefine> list(window.Forms(), "InpShowDefine",
+                                 [] { return std::make_unique<InpShowDefine>(); });
+  if (list.IsNew()) list.Show();
   list->Show(pick);
 }
 
-Model* FigureWindow(MainWindow& window, const char* name) {
-  if (auto* const open = qobject_cast<Model*>(window.Forms().Find(name))) return open;
-  auto* const figure = new Model(name);
-  QObject::connect(figure, &Model::optionsAsked, &window,
+std::unique_ptr<Model> NewFigure(MainWindow& window, const char* name) {
+  auto figure = std::make_unique<Model>(name);
+  QObject::connect(figure.get(), &Model::optionsAsked, &window,
                    [&window](int kind) { OpenOptions(window, OptionSetOf(kind)); });
-  QObject::connect(figure, &Model::rangeAsked, &window, [&window] { OpenRange(window); });
-  QObject::connect(figure, &Model::pagesAsked, &window,
+  QObject::connect(figure.get(), &Model::rangeAsked, &window, [&window] { OpenRange(window); });
+  QObject::connect(figure.get(), &Model::pagesAsked, &window,
                    [&window](int kind, int loadCase) { PrintFigure(window, kind, loadCase); });
-  QObject::connect(figure, &Model::definitionAsked, &window,
+  QObject::connect(figure.get(), &Model::definitionAsked, &window,
                    [&window](const Pick& pick) { ShowDefinition(window, pick); });
   return figure;
+}
+
+FormToShow<Model> FigureToShow(MainWindow& window, const char* name) {
+  return FormToShow<Model>(window.Forms(), name, [&] { return NewFigure(window, name); });
 }
 
 }  // namespace
 
 void OpenFigure(MainWindow& window, int kind) {
-  Model* const figure = FigureWindow(window, WindowOf(kind));
-  window.Forms().Show(figure);
-  figure->ShowFigure(kind, Model::Asked::Yes);
+  FigureToShow(window, WindowOf(kind)).Show()->ShowFigure(kind, Model::Asked::Yes);
 }
 
 void OpenModelFigure(MainWindow& window) {
-  Model* const figure = FigureWindow(window, kWindows[0]);
-  window.Forms().Show(figure);
-  figure->ShowFigure(kModelFigure, Model::Asked::No);
+  FigureToShow(window, kWindows[0]).Show()->ShowFigure(kModelFigure, Model::Asked::No);
 }
 
 void DrawTyped(MainWindow& window, const std::vector<TypedTable>& typed) {
   TypedRows rows;
   for (const TypedTable& table : typed) rows[table.key] = table.rows;
-  Model* const figure = FigureWindow(window, kWindows[0]);
-  if (window.Forms().Find(kWindows[0]) == nullptr) window.Forms().Show(figure);
+  FormToShow<Model> figure = FigureToShow(window, kWindows[0]);
+  if (figure.IsNew()) figure.Show();
   figure->ShowTyped(rows);
   RenewPreview(window);
 }
@@ -106,6 +103,15 @@ void FollowMenu(MainWindow& window, const MenuFacts& facts) {
 void DropFigureData(MainWindow& window) {
   ForEachFigure(window, [](Model& figure) { figure.DropData(Model::Asked::No); });
   RenewPreview(window);
+}
+
+FormToShow<frmPrnText> PreviewToShow(MainWindow& window) {
+  return FormToShow<frmPrnText>(window.Forms(), "frmPrnText", [&] {
+    auto made = std::make_unique<frmPrnText>(window.Printers());
+    QObject::connect(made.get(), &frmPrnText::optionsAsked, &window,
+                     [&window](int kind) { OpenOptions(window, OptionSetOf(kind)); });
+    return made;
+  });
 }
 
 void OpenOptions(MainWindow& window, OptionSet set) {
@@ -140,14 +146,9 @@ std::optional<Figure> FigureOfPages(bool results) {
 void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> figures, int layout,
                std::optional<View> shown) {
   auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout, shown);
-  auto* preview = OpenPreview(window);
-  if (preview == nullptr) {
-    preview = new frmPrnText(window.Printers());
-    QObject::connect(preview, &frmPrnText::optionsAsked, &window,
-                     [&window](int kind) { OpenOptions(window, OptionSetOf(kind)); });
-  }
+  FormToShow<frmPrnText> preview = PreviewToShow(window);
   preview->ShowFigures(std::move(pages));
-  window.Forms().Show(preview);
+  preview.Show();
 }
 
 /// Hands a choice over to the preview. One that can't be kept is told, and shown all the same.

@@ -10,6 +10,9 @@
 namespace zorlan {
 
 class MainWindow;
+class frmPrnText;
+template <class FormClass>
+class FormToShow;
 struct MenuFacts;
 enum class OptionSet;
 
@@ -24,6 +27,9 @@ void DrawTyped(MainWindow& window, const std::vector<TypedTable>& typed);
 
 /// Marks a node ("NODE") or member ("ELEM") in the model figure, where it is open.
 void MarkInFigure(MainWindow& window, std::string_view key, int number);
+
+/// The page preview, whose figures lead to their options.
+FormToShow<frmPrnText> PreviewToShow(MainWindow& window);
 
 /// The figures' buttons follow the menu.
 void FollowMenu(MainWindow& window, const MenuFacts& facts);

@@ -1,6 +1,7 @@
 #include "desktop/form.h"
 
 #include <algorithm>
+#include <exception>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
@@ -20,7 +21,7 @@
 namespace zorlan {
 namespace {
 
-constexpr int kHintTime = 5000;  // ms
+constexpr int kHintTime = 5000;  // ms: a line is read
 constexpr int kTwipsPerPixel = 15;
 constexpr QPoint kCascadeStart(1700, -250);
 constexpr QPoint kCascadeStep(100, 250);
@@ -72,6 +73,38 @@ Form* FormIn(const QMdiSubWindow* frame) {
 
 }  // namespace
 
+/// A form's frame. It knows where it stands while it is neither maximized nor minimized.
+class FormFrame : public QMdiSubWindow {
+ public:
+  using QMdiSubWindow::QMdiSubWindow;
+  const QRect& NormalPlace() const { return normal_; }
+  void Put(const QRect& place) {
+    setGeometry(place);
+    normal_ = place;
+  }
+
+ protected:
+  void moveEvent(QMoveEvent* event) override {
+    QMdiSubWindow::moveEvent(event);
+    NotePlace();
+  }
+  void resizeEvent(QResizeEvent* event) override {
+    QMdiSubWindow::resizeEvent(event);
+    NotePlace();
+  }
+
+ private:
+  void NotePlace() {
+    if (isVisible() && !isMaximized() && !isMinimized()) normal_ = geometry();
+  }
+
+  QRect normal_;
+};
+
+void ShowHint(QStatusBar& bar, const QString& text) {
+  bar.showMessage(text, kHintTime);
+}
+
 Form::Form(const char* name) {
   setObjectName(QString::fromLatin1(name));
   setAttribute(Qt::WA_DeleteOnClose);
@@ -117,8 +150,7 @@ void Form::Edit(Command command) {
 }
 
 void Form::Say(const QString& text) {
-  if (auto* const main = qobject_cast<QMainWindow*>(window()))
-    main->statusBar()->showMessage(text, kHintTime);
+  if (auto* const main = qobject_cast<QMainWindow*>(window())) ShowHint(*main->statusBar(), text);
 }
 
 void Form::focusInEvent(QFocusEvent* event) {
@@ -172,16 +204,20 @@ std::vector<std::string> FormArea::Names() const {
   return names;
 }
 
-void FormArea::Show(Form* form) {
-  if (auto* const open = qobject_cast<QMdiSubWindow*>(form->parentWidget())) {
-    if (open->isMinimized()) open->showNormal();
-    setActiveSubWindow(open);
-    form->setFocus();
-    return;
-  }
+void FormArea::BringToFront(Form* form) {
+  auto* const frame = qobject_cast<QMdiSubWindow*>(form->parentWidget());
+  if (frame->isMinimized()) frame->showNormal();
+  setActiveSubWindow(frame);
+  form->setFocus();
+}
+
+void FormArea::Show(std::unique_ptr<Form> made) {
   Qt::WindowFlags bar = Qt::SubWindow;  // with all its buttons
-  if (form->KeepsItsSize()) bar |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
-  QMdiSubWindow* const frame = addSubWindow(form, bar);
+  if (made->KeepsItsSize()) bar |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+  auto* const frame = new FormFrame(viewport(), bar);
+  Form* const form = made.release();
+  frame->setWidget(form);
+  addSubWindow(frame, bar);
   frame->setAttribute(Qt::WA_DeleteOnClose);
   frame->setStyle(frameStyle_.get());
   frame->setWindowIcon(window()->windowIcon());
@@ -213,11 +249,11 @@ QSize FormArea::RoomInFrame() const {
   return viewport()->size() - QSize(2 * border, 2 * border + style()->pixelMetric(QStyle::PM_TitleBarHeight));
 }
 
-void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
+void FormArea::Place(FormFrame* frame, const std::string& name) {
   const bool fixed = FormIn(frame)->KeepsItsSize();
   if (!fixed) cascade_ += kCascadeStep;
   WindowPlace place;
-  const bool kept = LoadWindowPlace(name, place) && place.width > 0 && place.height > 0;
+  const bool kept = LoadWindowPlace(name, place);
   const QSize size = frame->sizeHint();
   if (kept && fixed) {
     place.width = size.width();
@@ -231,7 +267,7 @@ void FormArea::Place(QMdiSubWindow* frame, const std::string& name) {
   const QRect beside = RoomToArrange();
   const bool fits = frame->minimumSizeHint().boundedTo(beside.size()) == frame->minimumSizeHint();
   const QRect room = kept || fixed || !fits ? viewport()->rect() : beside;
-  frame->setGeometry(Within(room, QRect(place.left, place.top, place.width, place.height)));
+  frame->Put(Within(room, QRect(place.left, place.top, place.width, place.height)));
   if (place.maximized) frame->setWindowState(Qt::WindowMaximized);
 }
 
@@ -244,7 +280,6 @@ void FormArea::Fit(Form* form, Fitting fitting) {
 }
 
 bool FormArea::ShowBeside(Form* form, Form* front) {
-  if (qobject_cast<QMdiSubWindow*>(form->parentWidget()) == nullptr) Show(form);
   auto* const other = qobject_cast<QMdiSubWindow*>(form->parentWidget());
   auto* const kept = qobject_cast<QMdiSubWindow*>(front->parentWidget());
   for (QMdiSubWindow* const frame : {other, kept})
@@ -284,7 +319,15 @@ void FormArea::UnloadAll() {
 }
 
 void FormArea::RenewAll() {
-  for (Form* const form : Forms()) form->Renew();
+  std::exception_ptr first;
+  for (Form* const form : Forms()) {
+    try {
+      form->Renew();
+    } catch (const std::exception&) {
+      if (!first) first = std::current_exception();
+    }
+  }
+  if (first) std::rethrow_exception(first);
 }
 
 bool FormArea::AnyChanged() const {
@@ -298,7 +341,7 @@ void FormArea::FollowState() {
 bool FormArea::CloseOthers() {
   for (Form* const form : Forms()) {
     if (form->BelongsToModel()) continue;
-    Show(form);  // what it may ask about must be seen
+    BringToFront(form);  // what it may ask about must be seen
     if (!form->CloseForm()) return false;
   }
   return true;
@@ -377,17 +420,12 @@ void FormArea::resizeEvent(QResizeEvent* event) {
 
 bool FormArea::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Close)
-    if (auto* const frame = qobject_cast<QMdiSubWindow*>(watched))
+    if (auto* const frame = dynamic_cast<FormFrame*>(watched))
       if (const Form* const form = FormIn(frame)) {
-        const bool maximized = frame->isMaximized();
-        WindowPlace place;
-        if (maximized) LoadWindowPlace(FromQt(form->objectName()), place);
-        if (!maximized) {
-          const QRect area = frame->geometry();
-          place = {area.x(), area.y(), area.width(), area.height(), false};
-        }
-        place.maximized = maximized;
-        if (!frame->isMinimized()) SaveWindowPlace(FromQt(form->objectName()), place);
+        const QRect place = frame->NormalPlace();
+        if (!frame->isMinimized())
+          SaveWindowPlace(FromQt(form->objectName()),
+                          {place.x(), place.y(), place.width(), place.height(), frame->isMaximized()});
       }
   return QMdiArea::eventFilter(watched, event);
 }

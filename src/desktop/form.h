@@ -7,14 +7,19 @@
 #include <QPointer>
 #include <QWidget>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "shell/menu.h"
 
 class QMdiSubWindow;
+class QStatusBar;
 class QStyle;
 
 namespace zorlan {
+
+/// Shows a text in the status bar for the time that it takes to read.
+void ShowHint(QStatusBar& bar, const QString& text);
 
 /// A child window. Its name, such as "frmPrnText", is its object name and the key of its place.
 class Form : public QWidget {
@@ -57,7 +62,7 @@ class Form : public QWidget {
   /// What must hold before the form may close; it has told the user why not.
   virtual bool Commit() { return true; }
 
-  /// Tells in the status bar what succeeded and can't be seen.
+  /// Tells in the status bar, for a while, what can't be seen: what succeeded, or what a cell takes.
   void Say(const QString& text);
 
   /// What takes the keys when the form comes to the front. (A focus proxy would hold Tab there.)
@@ -76,6 +81,8 @@ class Form : public QWidget {
   bool edited_ = false;  // as the windows were told
 };
 
+class FormFrame;
+
 /// The area of the child windows.
 class FormArea : public QMdiArea {
   Q_OBJECT
@@ -88,9 +95,11 @@ class FormArea : public QMdiArea {
   /// Names of the open forms in the order of their opening.
   std::vector<std::string> Names() const;
 
-  /// Shows a form: a new one where it was left last time, or else at the next place of the cascade and as
-  /// large as its content asks for; one that is open comes to the front.
-  void Show(Form* form);
+  /// Takes over a new form and shows it where it was left last time, or else at the next place of the cascade
+  /// and as large as its content asks for. (FormToShow makes one that isn't open.)
+  void Show(std::unique_ptr<Form> form);
+  /// An open form comes to the front.
+  void BringToFront(Form* form);
   enum class Fitting { Grow, Exact };
   /// A form whose content has changed becomes as large as it asks for (Grow: no smaller than it is), as far
   /// as the area has room, and is moved into it.
@@ -102,6 +111,7 @@ class FormArea : public QMdiArea {
   void UnloadAll();
   /// Closes the others; false as soon as one refuses.
   bool CloseOthers();
+  /// Renews every form, also behind one that fails. Throws the first fault then.
   void RenewAll();
   /// Whether one of them holds what isn't committed.
   bool AnyChanged() const;
@@ -125,13 +135,42 @@ class FormArea : public QMdiArea {
   QSize RoomInFrame() const;  // for a form
   /// The form in front takes the keys, when it has come there or its frame has changed its size.
   void GiveKeys();
-  void Place(QMdiSubWindow* frame, const std::string& name);
+  void Place(FormFrame* frame, const std::string& name);
   /// Gives two frames places that don't overlap, if there is room for both.
   void Part(QMdiSubWindow* frame, QMdiSubWindow* kept) const;
 
   QPointer<QMdiSubWindow> front_;
   QPoint cascade_;  // of the form opened last, in twips
   std::unique_ptr<QStyle> frameStyle_;
+};
+
+/// The form of a name: the open one, or a new one that goes again unless it comes to be shown.
+template <class FormClass>
+class FormToShow {
+ public:
+  template <class Make>
+  FormToShow(FormArea& area, const std::string& name, Make make)
+      : area_(area), form_(dynamic_cast<FormClass*>(area.Find(name))) {
+    if (form_ != nullptr) return;
+    made_ = make();
+    form_ = made_.get();
+  }
+
+  bool IsNew() const { return made_ != nullptr; }
+  FormClass* operator->() const { return form_; }
+  /// In front from now on, and the area's.
+  FormClass* Show() {
+    if (IsNew())
+      area_.Show(std::move(made_));
+    else
+      area_.BringToFront(form_);
+    return form_;
+  }
+
+ private:
+  FormArea& area_;
+  std::unique_ptr<FormClass> made_;
+  FormClass* form_;
 };
 
 }  // namespace zorlan

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QThread>
 
+#include "base/fault.h"
 #include "base/text_file.h"
 #include "desktop/busy.h"
 #include "model/model_state.h"
@@ -41,7 +42,7 @@ HandOverWatch::HandOverWatch(QObject* parent) : QObject(parent) {
   again_.setSingleShot(true);
   connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, &HandOverWatch::Look);
   connect(&again_, &QTimer::timeout, this, &HandOverWatch::Look);
-  Look();
+  again_.start(0);
 }
 
 void HandOverWatch::Look() {
@@ -50,8 +51,13 @@ void HandOverWatch::Look() {
     again_.start(kLookAgain);
     return;
   }
-  const QString deck = ToQt(ReadBytes(LetterPath()));
-  RemoveFile(LetterPath());
+  QString deck;
+  try {
+    deck = ToQt(ReadBytes(LetterPath()));
+    RemoveFile(LetterPath());
+  } catch (const Fault&) {
+    return;
+  }
   emit arrived(deck);
 }
 

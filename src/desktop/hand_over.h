@@ -18,7 +18,7 @@ bool HandOver(const std::string& deck);
 class HandOverWatch : public QObject {
   Q_OBJECT
  public:
-  /// Watches the program's tree (AppPath).
+  /// Watches the program's tree (AppPath). What lies there already arrives once events run.
   explicit HandOverWatch(QObject* parent);
 
  signals:
@@ -26,6 +26,8 @@ class HandOverWatch : public QObject {
   void arrived(const QString& deck);
 
  private:
+  /// Takes the letter, if there is one and nothing else to do. One that can't be taken stays: who hands over
+  /// tells the user.
   void Look();
 
   QFileSystemWatcher watcher_;

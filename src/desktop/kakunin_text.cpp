@@ -58,6 +58,11 @@ frmKakuninText::frmKakuninText() : Form("frmKakuninText"), points_(kPoints) {
   search_->setClearButtonEnabled(true);
   search_->setMaximumWidth(220);
   found_ = new QLabel;
+  note_ = new QLabel;
+  note_->setObjectName(QStringLiteral("note"));
+  note_->setTextFormat(Qt::PlainText);
+  note_->setWordWrap(true);
+  note_->hide();
   auto* const save = new QPushButton(QStringLiteral("保存"));
   save->setObjectName(QStringLiteral("save"));
   save->setToolTip(QStringLiteral("別のファイルに保存します"));
@@ -74,6 +79,7 @@ frmKakuninText::frmKakuninText() : Form("frmKakuninText"), points_(kPoints) {
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(6, 6, 6, 6);
   column->addLayout(row);
+  column->addWidget(note_);
   column->addWidget(text_, 1);
 
   connect(search_, &QLineEdit::returnPressed, this, [this] { Search(false); });
@@ -116,9 +122,22 @@ void frmKakuninText::Renew() {
 }
 
 void frmKakuninText::Load(bool keepPlace) {
+  QString text, note;
+  try {
+    text = TextOf(file_.Path());
+  } catch (const std::exception& fault) {
+    note = ToQt(fault.what());
+    file_.Forget();
+  }
+  ShowText(text, note, keepPlace);
+}
+
+void frmKakuninText::ShowText(const QString& text, const QString& note, bool keepPlace) {
+  note_->setText(note);
+  note_->setVisible(!note.isEmpty());
   const int line = text_->verticalScrollBar()->value(), column = text_->horizontalScrollBar()->value();
   found_->clear();
-  whole_ = TextOf(file_.Path());
+  whole_ = text;
   loaded_ = 0;
   text_->clear();
   LoadLines(keepPlace ? line + kLinesAtOnce : kLinesAtOnce);
@@ -166,10 +185,12 @@ void frmKakuninText::Search(bool backwards) {
 }
 
 void frmKakuninText::Save() {
-  const QString target = AskSaveFile(this, QStringLiteral("保存"), ToQt(file_.Path()), {}, {});
-  if (target.isEmpty()) return;
+  Renew();
   try {
-    ReplaceBytes(FromQt(target), FileExists(file_.Path()) ? ReadBytes(file_.Path()) : std::string());
+    const std::string shown = ReadBytes(file_.Path());  // another program may write it behind the dialog
+    const QString target = AskSaveFile(this, QStringLiteral("保存"), ToQt(file_.Path()), {}, {});
+    if (target.isEmpty()) return;
+    ReplaceBytes(FromQt(target), shown);
     Tell("保存しました");
   } catch (const std::exception& fault) {
     Tell(fault.what());

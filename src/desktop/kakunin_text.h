@@ -19,8 +19,8 @@ class frmKakuninText : public Form {
  public:
   frmKakuninText();
 
-  /// Shows the listing of a PrintFlag; a file that doesn't exist is an empty text. The listing that is
-  /// already shown keeps its place in the window.
+  /// Shows the listing of a PrintFlag; a file that doesn't exist is an empty text, one that can't be read
+  /// too, with the reason. The listing that is already shown keeps its place in the window.
   void ShowListing(int flag, const std::string& path);
   void Renew() override;
 
@@ -33,9 +33,12 @@ class frmKakuninText : public Form {
  private:
   /// Reads the file; the text stays where it was in the window, or begins at its top.
   void Load(bool keepPlace);
+  /// Shows a text, and what there is to say of it: nothing, or why it is empty.
+  void ShowText(const QString& text, const QString& note, bool keepPlace);
   /// Brings the next lines of the text into the box.
   void LoadLines(int count);
   void Search(bool backwards);
+  /// Saves what is shown, byte by byte as it stands in the file.
   void Save();
   void SetZoom(double points);
   /// From the message under the cursor to the row that it speaks of.
@@ -47,7 +50,7 @@ class frmKakuninText : public Form {
   qsizetype loaded_ = 0;   // how much of it is in the box
   QTimer loadMore_;        // a long listing comes in piece by piece, so its first page stands at once
   double points_;
-  QLabel* heading_;
+  QLabel *heading_, *note_;
   QPlainTextEdit* text_;
   QLineEdit* search_;
   QLabel* found_;

@@ -52,7 +52,6 @@ namespace zorlan {
 namespace {
 
 constexpr std::string_view kPlaceName = "frmMain";
-constexpr int kHintTime = 5000;  // ms
 
 void SetUpPrinter(MainWindow& window) {
   if (frmPrinterSet(window.Printers(), &window).exec() != QDialog::Accepted) return;
@@ -249,7 +248,7 @@ void MainWindow::Guarded(std::string_view routine, Body body) {
   } catch (const UserStop&) {
     LookAtResults();
     TheWindows().dropFigureData();
-    statusBar()->showMessage(QStringLiteral("中止しました"), kHintTime);
+    ShowHint(*statusBar(), QStringLiteral("中止しました"));
   } catch (const std::exception& fault) {
     ReportError(routine, fault.what());
   }
@@ -353,9 +352,8 @@ void MainWindow::Leave() {
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (!closing_) {
     event->ignore();
-    statusBar()->showMessage(
-        QStringLiteral("終了するには、ﾌｧｲﾙメニューの「ZORLAN for Windowsの終了」を選んでください"),
-        kHintTime);
+    ShowHint(*statusBar(),
+             QStringLiteral("終了するには、ﾌｧｲﾙメニューの「ZORLAN for Windowsの終了」を選んでください"));
     return;
   }
   KeepPlace();

@@ -59,7 +59,6 @@ constexpr std::array kTools = {
 };
 
 constexpr int kIconSize = 20;
-constexpr double kZoomStep = 1.25;
 
 constexpr std::array<std::string_view, 8> kCaptions = {
     "入力データモデル図",   "荷重チェック図",        "変位図", "軸力図", "せん断力図", "ﾓｰﾒﾝﾄ図",
@@ -197,9 +196,9 @@ void Model::Use(Tool tool) {
     case Tool::Redraw:
       return DropData(Asked::Yes);
     case Tool::ZoomIn:
-      return view_->ZoomBy(kZoomStep);
+      return view_->ZoomBy(FigureView::kZoomStep);
     case Tool::ZoomOut:
-      return view_->ZoomBy(1 / kZoomStep);
+      return view_->ZoomBy(1 / FigureView::kZoomStep);
     case Tool::Move:
       return view_->SetHand(tools_[static_cast<std::size_t>(tool)]->isChecked() ? FigureView::Hand::Move
                                                                                 : FigureView::Hand::Pick);

@@ -325,11 +325,11 @@ bool InpUNIT::Save() {
 }
 
 void OpenOneRowForm(FormArea& forms, std::string_view name) {
-  Form* form = forms.Find(std::string(name));
-  if (form == nullptr && name == "InpCONT") form = new InpCONT;
-  if (form == nullptr && name == "InpUNIT") form = new InpUNIT;
-  if (form == nullptr) form = new TitleForm(name.substr(3));
-  forms.Show(form);
+  FormToShow<Form>(forms, std::string(name), [&]() -> std::unique_ptr<Form> {
+    if (name == "InpCONT") return std::make_unique<InpCONT>();
+    if (name == "InpUNIT") return std::make_unique<InpUNIT>();
+    return std::make_unique<TitleForm>(name.substr(3));
+  }).Show();
 }
 
 }  // namespace zorlan

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <QFileInfo>
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
 
+#include "base/fault.h"
 #include "base/text_file.h"
 #include "desktop/hush.h"
 #include "graphics/ratio_files.h"
@@ -45,16 +47,52 @@ void PaintOnDots(QPainter& painter, const FigurePicture& picture, const QSizeF& 
   painter.restore();
 }
 
+/// The first two lines of a message beside each other.
+QString OneLine(const QString& message) {
+  return message.section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QLatin1String("　"));
+}
+
 }  // namespace
+
+bool PreviewPages::Renew() {
+  if (!HasChanged()) return false;
+  try {
+    note_ = Read();
+  } catch (const std::exception& fault) {
+    Clear();
+    note_ = OneLine(ToQt(fault.what()));
+  }
+  return true;
+}
 
 ListingPages::ListingPages(int flag, const std::string& path) : flag_(flag) {
   file_.Look(path);
-  Read();
+  file_.Forget();
 }
 
-void ListingPages::Read() {
-  pages_ = {};
-  text_ = FileExists(file_.Path()) ? ReadTextFile(file_.Path()) : std::string();
+bool ListingPages::HasChanged() const {
+  // The input list's scratch file also takes the deck of a check: the list stays as it was made.
+  return file_.Changed() && (flag_ != kPrintInputList || !tried_);
+}
+
+QString ListingPages::Read() {
+  tried_ = true;
+  ShownFile file = file_;
+  file.Look(file_.Path());
+  const bool there = FileExists(file.Path());
+  std::string text = there ? ReadTextFile(file.Path()) : std::string();
+  Clear();
+  text_ = std::move(text);
+  file_ = file;
+  there_ = there;
+  return {};
+}
+
+void ListingPages::Clear() {
+  pages_ = {};  // before the text that it points into
+  text_.clear();
+  there_ = false;
+  file_.Forget();
 }
 
 QString ListingPages::Caption() const {
@@ -63,11 +101,16 @@ QString ListingPages::Caption() const {
 
 void ListingPages::LayOut() {
   pages_ = LayOutTextPages(text_, StyleOfFlag(flag_), PageSetupOf(PrinterSettings));
-  RemoveFile(WorkPath + "Dum.txt");  // the scan's scratch file of former releases
-  if (!FileExists(file_.Path())) pages_.pages.clear();
+  if (!there_) pages_.pages.clear();
+  try {
+    RemoveFile(AppPath + "Dum.txt");  // the scan's scratch file of former releases
+  } catch (const Fault&) {
+    // It is in nobody's way.
+  }
 }
 
 void ListingPages::Paint(QPainter& painter, int page) {
+  if (page < 0 || page >= Count()) return;
   PaintTextPage(painter, pages_, page);
 }
 
@@ -81,17 +124,10 @@ QString ListingPages::FileName() const {
 
 QString ListingPages::Text(int page) const {
   QString text;
+  if (page < 0 || page >= Count()) return text;
   for (const PlacedLine& line : pages_.pages[static_cast<std::size_t>(page)].lines)
     text += ToQt(line.text) + QLatin1Char('\n');
   return text;
-}
-
-bool ListingPages::Renew() {
-  // The input list's scratch file also takes the deck of a check: the list stays as it was made.
-  if (flag_ == kPrintInputList || !file_.Changed()) return false;
-  file_.Look(file_.Path());
-  Read();
-  return true;
 }
 
 FigurePreview::FigurePreview(Figure figure, std::vector<SelectedFigure> figures, int layout,
@@ -137,16 +173,18 @@ std::optional<std::string_view> FigurePreview::ReadData() {
   return std::nullopt;
 }
 
-bool FigurePreview::Renew() {
-  if (!files_.Changed()) return false;
+QString FigurePreview::Read() {
   files_.Look();
   const Hush hush;  // nobody has asked for the figures now
   sheets_.figures.clear();
   const std::optional<std::string_view> lacking = ReadData();
   if (!lacking) RecordSheet(sheets_, 0, figure_);
-  note_ = ToQt(lacking.value_or(hush.Message())).section(QLatin1Char('\n'), 0, 1);
-  note_.replace(QLatin1Char('\n'), QLatin1String("　"));
-  return true;
+  return OneLine(ToQt(lacking.value_or(hush.Message())));
+}
+
+void FigurePreview::Clear() {
+  sheets_.figures.clear();
+  files_.Forget();
 }
 
 QSize FigurePreview::Sheet() const {
@@ -189,7 +227,7 @@ std::optional<int> FigurePreview::KindOn(int page) const {
 }
 
 bool FigurePreview::WriteDxf(int page, const std::string& path) {
-  return WriteDxfPage(page + 1, RecordSheet(sheets_, page, figure_), path);
+  return WriteDxfPage(Number(page), RecordSheet(sheets_, page, figure_), path);
 }
 
 }  // namespace zorlan

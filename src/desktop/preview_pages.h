@@ -37,19 +37,32 @@ class PreviewPages {
   virtual QString FileName() const = 0;
   /// A page as text; empty for one that has none.
   virtual QString Text(int page) const = 0;
-  /// Whether the content has changed since it was read; it is read anew then.
-  virtual bool Renew() { return false; }
+  /// Reads the content anew if it has changed since it was read, and answers whether it has. Content that
+  /// can't be read has no page, and the note says why; it is tried again the next time.
+  bool Renew();
   /// What there is to say of the content, such as why it has no page; empty for nothing.
-  virtual QString Note() const { return {}; }
+  const QString& Note() const { return note_; }
 
   // Figures alone:
+  /// The number that a page is called by.
+  virtual int Number(int page) const { return page + 1; }
   /// The kind of the first figure on a page.
   virtual std::optional<int> KindOn(int) const { return std::nullopt; }
   /// Writes a page as a DXF file; false when it can't be made.
   virtual bool WriteDxf(int, const std::string&) { return false; }
+
+ protected:
+  virtual bool HasChanged() const { return false; }
+  /// Reads the content and answers the note.
+  virtual QString Read() { return {}; }
+  /// It has no page until it has been read, and counts as changed.
+  virtual void Clear() {}
+
+ private:
+  QString note_;
 };
 
-/// A PrintFlag's listing. A file that doesn't exist has no page.
+/// A PrintFlag's listing, read by the first Renew. A file that doesn't exist has no page.
 class ListingPages final : public PreviewPages {
  public:
   ListingPages(int flag, const std::string& path);
@@ -65,15 +78,18 @@ class ListingPages final : public PreviewPages {
   std::string Pdf(const std::function<void(double share)>& pageDone) override;
   QString FileName() const override;
   QString Text(int page) const override;
-  bool Renew() override;
+
+ protected:
+  bool HasChanged() const override;
+  QString Read() override;
+  void Clear() override;
 
  private:
-  void Read();
-
   int flag_;
   ShownFile file_;
   std::string text_;
-  TextPages pages_;  // points into the text
+  bool tried_ = false, there_ = false;  // it has been read, or found faulty; there was a file
+  TextPages pages_;                     // points into the text
 };
 
 /// Figures of the model in hand in the cells of their pages. They follow its tables and results.
@@ -91,11 +107,15 @@ class FigurePreview final : public PreviewPages {
   std::string Pdf(const std::function<void(double share)>& pageDone) override;
   QString FileName() const override;
   QString Text(int) const override { return {}; }
-  /// Without data that the figures can be drawn from there is no page, and a note says so.
-  bool Renew() override;
-  QString Note() const override { return note_; }
+  int Number(int page) const override { return sheets_.firstPage + page; }
   std::optional<int> KindOn(int page) const override;
   bool WriteDxf(int page, const std::string& path) override;
+
+ protected:
+  bool HasChanged() const override { return files_.Changed(); }
+  /// Without data that the figures can be drawn from there is no page, and the note says so.
+  QString Read() override;
+  void Clear() override;
 
  private:
   std::optional<std::string_view> ReadData();
@@ -104,7 +124,6 @@ class FigurePreview final : public PreviewPages {
   FigureFiles files_;
   std::vector<SelectedFigure> chosen_;
   FigureSheets sheets_;  // of those chosen that the model has
-  QString note_;
 };
 
 }  // namespace zorlan

@@ -10,6 +10,7 @@
 
 #include "base/fault.h"
 #include "base/host.h"
+#include "desktop/busy.h"
 #include "desktop/preview_pages.h"
 #include "output/text_pages.h"
 #include "render/qt_text.h"
@@ -24,7 +25,8 @@ QPrinter::DuplexMode DuplexOf(std::int16_t duplex) {
   return duplex == kShortEdge ? QPrinter::DuplexShortSide : QPrinter::DuplexNone;
 }
 
-/// The box over a running print: cancelling it asks.
+/// The box over a running print: cancelling it asks. It is there from the first page on and modal to the
+/// last, so that nothing can take the pages away.
 class PrintBox : public QProgressDialog {
  public:
   PrintBox(int pages, QWidget* parent) : QProgressDialog(parent) {
@@ -32,7 +34,6 @@ class PrintBox : public QProgressDialog {
     setWindowTitle(ToQt(kApplicationTitle));
     setWindowModality(Qt::ApplicationModal);
     setRange(0, pages);
-    setMinimumDuration(500);
     setCancelButtonText(QStringLiteral("キャンセル"));
     setAutoReset(false);
     // The base closes at once; here the user is asked first.
@@ -42,8 +43,10 @@ class PrintBox : public QProgressDialog {
   void ShowPage(int page) {
     setLabelText(QStringLiteral("%1 ページを印刷しています").arg(page));
     setValue(std::max(0, page - 1));
+    show();
     QCoreApplication::processEvents();
   }
+  void reject() override { asked_ = true; }
   /// Whether the user has cancelled and, asked, stands by it.
   bool BrokenOff() {
     if (!asked_) return false;
@@ -77,6 +80,7 @@ void PrintPages(QPrinter& printer, PreviewPages& pages, QWidget* parent) {
   if (!painter.begin(&printer))
     throw Fault("プリンタ「" + FromQt(printer.printerName()) + "」に印刷できません");
   UsePageUnits(painter, printer.resolution());
+  const BusyWhile busy;
   PrintBox box((last - first + 1) * copies, parent);
   bool fresh = true;
   for (int copy = 0; copy < copies; ++copy)

@@ -21,6 +21,7 @@
 #include "base/host.h"
 #include "base/text_file.h"
 #include "desktop/busy.h"
+#include "desktop/dialog_buttons.h"
 #include "desktop/flow_row.h"
 #include "desktop/print_job.h"
 #include "desktop/printer_set.h"
@@ -43,7 +44,6 @@ constexpr ZoomRow kZooms[] = {{"200%", 2},   {"175%", 1.75}, {"150%", 1.5}, {"12
 constexpr int kFirstZoom = 4;
 
 constexpr double kClipboardDpi = 200;
-constexpr int kButtonRoom = 12;  // pixels beside a caption
 
 /// The filter in the toolkit's own form: a name with its pattern in brackets.
 QString DxfFilter() {
@@ -51,14 +51,6 @@ QString DxfFilter() {
   QStringList names;
   for (qsizetype i = 0; i < parts.size(); i += 2) names.append(parts[i]);
   return names.join(QLatin1String(";;"));
-}
-
-QPushButton* Button(const char* caption, const char* name, const char* tip) {
-  auto* const button = new QPushButton(QString::fromUtf8(caption));
-  button->setObjectName(QString::fromLatin1(name));
-  button->setToolTip(QString::fromUtf8(tip));
-  button->setMinimumWidth(button->sizeHint().width() + kButtonRoom);
-  return button;
 }
 
 }  // namespace
@@ -83,13 +75,13 @@ void frmPrnText::Build() {
   page_->setKeyboardTracking(false);
   page_->setMinimumWidth(72);
   count_ = new QLabel;
-  print_ = Button("印刷", "print", "プリンタで印刷します (Ctrl+P)");
-  pdf_ = Button("ＰＤＦファイル出力", "pdf", "全ページをＰＤＦファイルに書き出します");
-  dxf_ = Button("ＤＸＦファイル出力", "dxf", "図のページをＤＸＦファイルに書き出します");
-  options_ = Button("表示属性設定", "options", "図の色や文字の大きさを設定します");
-  copy_ = Button("クリップボードへコピー", "copy", "表示ページを文字と画像でコピーします (Ctrl+C)");
-  auto* const setUp = Button("プリンタ設定", "setUp", "用紙と向き、頁番号を設定します");
-  auto* const closing = Button("閉じる", "close", "プレビューを閉じます (Esc)");
+  print_ = CommandButton("印刷", "print", "プリンタで印刷します (Ctrl+P)");
+  pdf_ = CommandButton("ＰＤＦファイル出力", "pdf", "全ページをＰＤＦファイルに書き出します");
+  dxf_ = CommandButton("ＤＸＦファイル出力", "dxf", "図のページをＤＸＦファイルに書き出します");
+  options_ = CommandButton("表示属性設定", "options", "図の色や文字の大きさを設定します");
+  copy_ = CommandButton("クリップボードへコピー", "copy", "表示ページを文字と画像でコピーします (Ctrl+C)");
+  auto* const setUp = CommandButton("プリンタ設定", "setUp", "用紙と向き、頁番号を設定します");
+  auto* const closing = CommandButton("閉じる", "close", "プレビューを閉じます (Esc)");
 
   auto* const pages = new QWidget;
   auto* const pageRow = new QHBoxLayout(pages);
@@ -135,8 +127,9 @@ void frmPrnText::Build() {
 void frmPrnText::ShowListing(int flag, const std::string& path) {
   const auto* const shown = dynamic_cast<const ListingPages*>(pages_.get());
   const bool same = shown != nullptr && shown->IsOf(flag, path);
-  ShowPages(std::make_unique<ListingPages>(flag, path),
-            same ? PageView::Place::Kept : PageView::Place::First);
+  auto pages = std::make_unique<ListingPages>(flag, path);
+  pages->Renew();
+  ShowPages(std::move(pages), same ? PageView::Place::Kept : PageView::Place::First);
 }
 
 void frmPrnText::ShowFigures(std::unique_ptr<FigurePreview> pages) {
@@ -227,7 +220,7 @@ void frmPrnText::WriteDxf() {
   if (Count() == 0) return;
   const int page = view_->Page();
   const QString proposed =
-      ToQt(DataPath + ProjectName) + ToQt(DxfPageName(page + 1)) + QStringLiteral(".dxf");
+      ToQt(DataPath + ProjectName) + ToQt(DxfPageName(pages_->Number(page))) + QStringLiteral(".dxf");
   const QString target =
       AskSaveFile(this, QStringLiteral("ＤＸＦファイル出力"), proposed, DxfFilter(), QStringLiteral(".dxf"));
   if (target.isEmpty()) return;

@@ -66,13 +66,12 @@ QSize frmREMARK::sizeHint() const {
 }
 
 void OpenInputHelp(FormArea& forms, const std::string& form) {
-  auto* help = qobject_cast<frmREMARK*>(forms.Find("frmREMARK"));
-  if (help == nullptr) help = new frmREMARK;
+  FormToShow<frmREMARK> page(forms, "frmREMARK", [] { return std::make_unique<frmREMARK>(); });
   WindowPlace kept;
-  const bool first = help->parentWidget() == nullptr && !LoadWindowPlace("frmREMARK", kept);
+  const bool first = page.IsNew() && !LoadWindowPlace("frmREMARK", kept);
   const Form* const asking = forms.Find(form);
-  help->ShowPage(InputHelpOf(form, CurrentFormSetting()));
-  forms.Show(help);
+  page->ShowPage(InputHelpOf(form, CurrentFormSetting()));
+  frmREMARK* const help = page.Show();
   // The size is the page's, whatever size was kept; the place is where it was left.
   forms.Fit(help, FormArea::Fitting::Exact);
   if (first && asking != nullptr)

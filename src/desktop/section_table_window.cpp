@@ -15,6 +15,7 @@
 #include "base/host.h"
 #include "base/text_file.h"
 #include "desktop/cell_box.h"
+#include "desktop/dialog_buttons.h"
 #include "desktop/main_window.h"
 #include "desktop/table_view.h"
 #include "forms/typing.h"
@@ -33,7 +34,6 @@ constexpr std::string_view kDiscard = "破棄されますが、良いですか";
 constexpr std::string_view kSave = "保存しますか";
 constexpr std::string_view kTemporary = "_$$$", kBackup = "_bak";
 constexpr std::string_view kTimberTitle = "木造（トラス） 断面算定用テーブル";
-constexpr int kHintTime = 5000;  // ms
 
 constexpr TableForm SheetForm(std::string_view name, std::string_view caption) {
   TableForm form{};
@@ -78,14 +78,6 @@ QString TabOf(const SectionSheet& sheet) {
   return title.left(title.indexOf(QLatin1Char(' '))).remove(QStringLiteral("テーブル"));
 }
 
-QPushButton* Button(std::string_view caption, const char* name, const char* tip) {
-  auto* const button = new QPushButton(ToQt(caption));
-  button->setObjectName(QString::fromLatin1(name));
-  button->setToolTip(QString::fromUtf8(tip));
-  button->setAutoDefault(true);
-  return button;
-}
-
 }  // namespace
 
 SectionTableWindow::SectionTableWindow(const TableForm& form, std::span<const SheetKind> kinds,
@@ -104,11 +96,11 @@ SectionTableWindow::SectionTableWindow(const TableForm& form, std::span<const Sh
     sheets_.push_back(std::move(sheet));
   }
   pages_ = new QStackedWidget;
-  auto* const save = Button("保存", "save", "変更をテーブルのファイルに保存します");
+  auto* const save = CommandButton("保存", "save", "変更をテーブルのファイルに保存します");
   auto* const insert =
-      Button(kInsertCopied, "insertCopied", "コピーしたセルの行数だけ行を挿入して貼り付けます");
-  auto* const print = Button("印刷", "print", "表示しているテーブルを印刷します");
-  auto* const cancel = Button("キャンセル", "cancel", "変更を破棄して閉じます");
+      CommandButton(kInsertCopied, "insertCopied", "コピーしたセルの行数だけ行を挿入して貼り付けます");
+  auto* const print = CommandButton("印刷", "print", "表示しているテーブルを印刷します");
+  auto* const cancel = CommandButton("キャンセル", "cancel", "変更を破棄して閉じます");
   auto* const row = new QHBoxLayout;
   row->addWidget(tabs_);
   row->addStretch();
@@ -120,11 +112,20 @@ SectionTableWindow::SectionTableWindow(const TableForm& form, std::span<const Sh
   column->addWidget(pages_, 1);
   connect(tabs_, &QTabBar::currentChanged, this, &SectionTableWindow::Turn);
   connect(save, &QPushButton::clicked, this, [this] {
-    if (Save()) Hint(QStringLiteral("保存しました"));
+    if (Save()) Say(QStringLiteral("保存しました"));
   });
   connect(insert, &QPushButton::clicked, this, [this] { Shown().cells->InsertCopied(); });
   connect(print, &QPushButton::clicked, this, &SectionTableWindow::Print);
   connect(cancel, &QPushButton::clicked, this, &SectionTableWindow::Cancel);
+}
+
+SectionTableWindow::~SectionTableWindow() {
+  // Before the editors whose cells they show; as children they would go after them.
+  for (Sheet& sheet : sheets_) {
+    sheet.cells.reset();
+    delete sheet.view;
+    delete sheet.model;
+  }
 }
 
 void SectionTableWindow::Read(Sheet& sheet) {
@@ -142,7 +143,7 @@ void SectionTableWindow::Build(Sheet& sheet) {
   sheet.model = new TableModel(*sheet.editor, this);
   sheet.view = new TableView(*sheet.editor, sheet.model);
   sheet.cells = std::make_unique<GridEdit>(*sheet.editor, *sheet.model, *sheet.view,
-                                           [this](const QString& text) { Hint(text); });
+                                           [this](const QString& text) { Say(text); });
   AddEntries(*sheet.view);
   auto* const notice = new QLabel(ToQt(sheet.text.notices));
   notice->setObjectName(QStringLiteral("notice"));
@@ -161,7 +162,7 @@ void SectionTableWindow::Build(Sheet& sheet) {
   });
   connect(sheet.view, &TableView::typed, this, [this] { Shown().editor->MarkChanged(); });
   connect(sheet.view, &TableView::refused, this,
-          [this] { Hint(ToQt(MaskHint(Shown().editor->ColumnAt(View().Current().column).mask))); });
+          [this] { Say(ToQt(MaskHint(Shown().editor->ColumnAt(View().Current().column).mask))); });
   connect(sheet.view, &TableView::emptied, this, [this] {
     Shown().editor->Clear(1, View().Selected());
     Shown().model->ShowChange();
@@ -212,10 +213,6 @@ void SectionTableWindow::Turn(int tab) {
     const QSignalBlocker quiet(tabs_);
     tabs_->setCurrentIndex(static_cast<int>(shown_));
   }
-}
-
-void SectionTableWindow::Hint(const QString& text) {
-  window_.statusBar()->showMessage(text, kHintTime);
 }
 
 void SectionTableWindow::Walk(const std::optional<CellPlace>& place) {
@@ -315,14 +312,11 @@ QSize SectionTableWindow::sizeHint() const {
 
 void OpenSectionTable(MainWindow& window, SheetKind kind) {
   const WindowRow& row = IsSteel(kind) ? kSteelWindow : kTimberWindow;
-  if (Form* const open = window.Forms().Find(std::string(row.form.name))) {
-    window.Forms().Show(open);
-    static_cast<SectionTableWindow*>(open)->ShowSheet(kind);
-    return;
-  }
-  auto form = std::make_unique<SectionTableWindow>(row.form, row.sheets, window);
+  FormToShow<SectionTableWindow> form(window.Forms(), std::string(row.form.name), [&] {
+    return std::make_unique<SectionTableWindow>(row.form, row.sheets, window);
+  });
   form->ShowSheet(kind);
-  window.Forms().Show(form.release());
+  form.Show();
 }
 
 }  // namespace zorlan

@@ -25,6 +25,7 @@ class SectionTableWindow : public Form {
   Q_OBJECT
  public:
   SectionTableWindow(const TableForm& form, std::span<const SheetKind> kinds, MainWindow& window);
+  ~SectionTableWindow() override;
 
   /// Turns to a sheet; reads its file when it is shown first. Throws FileFault; the sheet before stays.
   void ShowSheet(SheetKind kind);
@@ -61,7 +62,6 @@ class SectionTableWindow : public Form {
   bool Save();
   void Print();
   void Cancel();
-  void Hint(const QString& text);
 
   const TableForm& form_;
   MainWindow& window_;

@@ -25,30 +25,23 @@
 namespace zorlan {
 namespace {
 
-/// The open form of a class, or a new one.
-template <class FormClass, class... Arguments>
-FormClass* FormOf(FormArea& forms, const char* name, Arguments&... arguments) {
-  if (auto* const open = qobject_cast<FormClass*>(forms.Find(name))) return open;
-  return new FormClass(arguments...);
-}
-
 void ShowTextIn(MainWindow& window, TextWindow where, int flag, const std::string& path) {
-  FormArea& forms = window.Forms();
   if (where == TextWindow::Reader) {
-    auto* const reader = FormOf<frmKakuninText>(forms, "frmKakuninText");
+    FormToShow<frmKakuninText> reader(window.Forms(), "frmKakuninText",
+                                      [] { return std::make_unique<frmKakuninText>(); });
     reader->ShowListing(flag, path);
-    forms.Show(reader);
+    reader.Show();
   } else {
-    auto* const preview = FormOf<frmPrnText>(forms, "frmPrnText", window.Printers());
+    FormToShow<frmPrnText> preview = PreviewToShow(window);
     preview->ShowListing(flag, path);
-    forms.Show(preview);
+    preview.Show();
   }
 }
 
 bool CloseFormOf(FormArea& forms, const std::string& name) {
   Form* const form = forms.Find(name);
   if (form == nullptr) return true;
-  forms.Show(form);  // what it may refuse must be seen
+  forms.BringToFront(form);  // what it may refuse must be seen
   return form->CloseForm();
 }
 
@@ -76,7 +69,9 @@ void InstallMainWindow(MainWindow& window) {
   table.folderDialog = [&window](FolderDialog& dialog) { FolderDialogWindow(dialog, &window).exec(); };
   table.nameDialog = [&window](NameDialog& dialog) { NameDialogWindow(dialog, &window).exec(); };
   table.openInputMenu = [&window, &forms] {
-    forms.Show(FormOf<frmInputMenu>(forms, "frmInputMenu", window));
+    FormToShow<frmInputMenu>(forms, "frmInputMenu", [&] {
+      return std::make_unique<frmInputMenu>(window);
+    }).Show();
   };
   table.openModelFigure = [&window] { OpenModelFigure(window); };
   table.dropFigureData = [&window] { DropFigureData(window); };

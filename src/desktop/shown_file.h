@@ -13,8 +13,12 @@ class ShownFile {
   const std::string& Path() const { return path_; }
   /// Whether another file, a newer one or none stands at the path since.
   bool Changed() const;
+  /// It couldn't be read: it counts as changed until it is looked at again.
+  void Forget() { state_.size = kForgotten; }
 
  private:
+  static constexpr std::int64_t kForgotten = -2;
+
   struct State {
     std::uint64_t file = 0;
     std::int64_t size = -1, seconds = 0, nanoseconds = 0;  // -1: no file

@@ -15,6 +15,7 @@
 
 #include "base/host.h"
 #include "desktop/cell_box.h"
+#include "desktop/dialog_buttons.h"
 #include "desktop/main_window.h"
 #include "forms/typing.h"
 #include "render/qt_text.h"
@@ -24,21 +25,9 @@
 namespace zorlan {
 namespace {
 
-constexpr int kHintTime = 5000;  // ms
-constexpr int kButtonRoom = 12;  // pixels beside a caption
-
 /// The entries of the grid's context menu.
 constexpr Command kGridEntries[] = {Command::Cut,       Command::Copy, Command::Paste, Command::InsertRow,
                                     Command::DeleteRow, Command::Add,  Command::Assign};
-
-QPushButton* Button(const char* caption, const char* name, const char* tip) {
-  auto* const button = new QPushButton(QString::fromUtf8(caption));
-  button->setObjectName(QString::fromLatin1(name));
-  button->setToolTip(QString::fromUtf8(tip));
-  button->setAutoDefault(true);
-  button->setMinimumWidth(button->sizeHint().width() + kButtonRoom);
-  return button;
-}
 
 TableWindow* OpenWindowOf(MainWindow& window, std::string_view name) {
   return qobject_cast<TableWindow*>(window.Forms().Find(std::string(name)));
@@ -57,16 +46,21 @@ TableWindow::TableWindow(const TableForm& form, MainWindow& window)
 
 TableWindow::~TableWindow() {
   window_.statusBar()->clearMessage();  // it explains a cell of this form
+  // Before the editor whose cells they show; as children they would go after it.
+  cells_.reset();
+  delete view_;
+  delete model_;
 }
 
 QLayout* TableWindow::ButtonRow() {
   auto* const row = new QHBoxLayout;
-  auto* const redraw =
-      Button("再描画", "redraw", "入力中のデータと、カーソル行の節点や要素を、モデル図に表示します (Ctrl+R)");
+  auto* const redraw = CommandButton(
+      "再描画", "redraw", "入力中のデータと、カーソル行の節点や要素を、モデル図に表示します (Ctrl+R)");
   connect(redraw, &QPushButton::clicked, this, &TableWindow::ShowInFigure);
   row->addWidget(redraw);
   if (editor_.Form().name == "InpSECT") {
-    auto* const section = Button("断面性能入力", "sectionEntry", "カーソル行の断面を表から選びます (F4)");
+    auto* const section =
+        CommandButton("断面性能入力", "sectionEntry", "カーソル行の断面を表から選びます (F4)");
     connect(section, &QPushButton::clicked, this, &TableWindow::EnterSection);
     row->addWidget(section);
   }
@@ -87,7 +81,7 @@ QLayout* TableWindow::ButtonRow() {
 void TableWindow::Build() {
   model_ = new TableModel(editor_, this);
   view_ = new TableView(editor_, model_);
-  cells_ = std::make_unique<GridEdit>(editor_, *model_, *view_, [this](const QString& text) { Hint(text); });
+  cells_ = std::make_unique<GridEdit>(editor_, *model_, *view_, [this](const QString& text) { Say(text); });
   view_->setContextMenuPolicy(Qt::ActionsContextMenu);
   for (const Command command : kGridEntries) {
     auto* const entry = new QAction(ToQt(RowOf(command).caption), view_);
@@ -124,7 +118,7 @@ void TableWindow::Connect() {
   });
   connect(model_, &TableModel::dataChanged, this, &TableWindow::NoteEdit);
   connect(view_, &TableView::refused, this,
-          [this] { Hint(ToQt(MaskHint(editor_.ColumnAt(view_->Current().column).mask))); });
+          [this] { Say(ToQt(MaskHint(editor_.ColumnAt(view_->Current().column).mask))); });
   connect(view_, &TableView::movedTo, this, &TableWindow::Explain);
   connect(view_, &TableView::emptied, this, [this] {
     editor_.Clear(model_->Page(), view_->Selected());
@@ -212,10 +206,6 @@ void TableWindow::Explain(const CellPlace& place) {
   window_.statusBar()->showMessage(ToQt(tip));
 }
 
-void TableWindow::Hint(const QString& text) {
-  window_.statusBar()->showMessage(text, kHintTime);
-}
-
 void TableWindow::Edit(Command command) {
   if (CellBox* const box = view_->OpenedBox(); box != nullptr && command == Command::Paste)
     return box->PasteText();
@@ -254,9 +244,9 @@ void TableWindow::SetGroups(int count) {
 
 void TableWindow::FindFault() {
   const std::optional<RowFault> fault = editor_.NearestFault(view_->Current());
-  if (!fault) return Hint(QStringLiteral("誤りのある行はありません"));
+  if (!fault) return Say(QStringLiteral("誤りのある行はありません"));
   GoTo(fault->place, /*middle=*/true);
-  Hint(ToQt(fault->message));
+  Say(ToQt(fault->message));
 }
 
 void TableWindow::RunRedrawStep() {
@@ -380,10 +370,9 @@ QSize TableWindow::sizeHint() const {
 }
 
 TableWindow* OpenTableWindow(MainWindow& window, std::string_view name) {
-  TableWindow* form = OpenWindowOf(window, name);
-  if (form == nullptr) form = std::make_unique<TableWindow>(*FindTableForm(name), window).release();
-  window.Forms().Show(form);
-  return form;
+  return FormToShow<TableWindow>(window.Forms(), std::string(name),
+                                 [&] { return std::make_unique<TableWindow>(*FindTableForm(name), window); })
+      .Show();
 }
 
 void FollowControl(MainWindow& window) {

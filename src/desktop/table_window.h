@@ -62,7 +62,6 @@ class TableWindow : public Form {
   void GoTo(const CellPlace& place, bool middle);
   void Store(const CellPlace& place, const QString& text);
   void Explain(const CellPlace& place);
-  void Hint(const QString& text);
   void EnterSection();
   void SetGroups(int count);
   void FindFault();

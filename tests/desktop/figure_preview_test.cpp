@@ -20,6 +20,7 @@
 #include "desktop/preview_pages.h"
 #include "desktop/print_job.h"
 #include "graphics/options.h"
+#include "shell/commands.h"
 #include "shell/settings.h"
 
 namespace zorlan::test {
@@ -180,7 +181,79 @@ TEST_F(FigurePreviewTest, TheFirstBatchIsOnSheetsOfThePrinter) {
   EXPECT_EQ(PrinterSettings.orientation, kLandscape);
 }
 
+TEST_F(FigurePreviewTest, ABatchOfLoadChecksNeedsNoFittingResults) {
+  AddNode("20");  // now there are too few displacements
+  Open({1});
+  ASSERT_NE(Preview(), nullptr);
+  EXPECT_EQ(Pages(), 5);
+}
+
+TEST_F(FigurePreviewTest, ABatchWithoutFittingResultsIsToldAndItsChoiceKept) {
+  AddNode("20");
+  Script().Expect(QStringLiteral("frmSelctLC"), [](QWidget& dialog) {
+    Click(dialog, "all1");
+    Click(dialog, "all5");
+    Click(dialog, "ok");
+  });
+  Script().ExpectBox(QStringLiteral("入力データに合う解析結果がありません"), QStringLiteral("OK"));
+  Choose("mnuViewPrnAll");
+  EXPECT_EQ(Preview(), nullptr);
+  EXPECT_FALSE(FileExists(AppPath + "SelctLC.Txt"));
+  Script().Expect(QStringLiteral("frmSelctLC"), [](QWidget& dialog) {
+    EXPECT_EQ(Child<QListWidget>(&dialog, "cases5")->selectedItems().size(), 5);
+    static_cast<QDialog&>(dialog).reject();
+  });
+  Choose("mnuViewPrnAll");
+}
+
+TEST_F(FigurePreviewTest, TheDirectionOfABatchIsThatOfThePrinterFromThenOn) {
+  ASSERT_EQ(StoredPrinterInfo().orientation, kPortrait);
+  Open({1}, [](QWidget& dialog) { Click(dialog, "横"); });
+  EXPECT_EQ(StoredPrinterInfo().orientation, kLandscape);
+}
+
+TEST_F(FigurePreviewTest, ADirectionThatCannotBeKeptIsToldAndHolds) {
+  RemoveFile(AppPath + "PrinterInf.Ini");
+  MakeFolder(AppPath + "PrinterInf.Ini");
+  Script().Expect(QStringLiteral("frmSelctLC"), [](QWidget& dialog) {
+    Click(dialog, "all1");
+    Click(dialog, "横");
+    Click(dialog, "ok");
+  });
+  Script().ExpectBox(QStringLiteral("PrinterInf.Ini"), QStringLiteral("OK"));
+  Choose("mnuViewPrnAll");
+  EXPECT_EQ(Pages(), 5);
+  EXPECT_EQ(PrinterSettings.orientation, kLandscape);
+}
+
+TEST_F(FigurePreviewTest, AChoiceOfFiguresIsNoListing) {
+  ShowText(kPrintListing, /*preview=*/true);
+  ASSERT_EQ(CurrentPrintFlag(), kPrintListing);
+  Open({1});
+  EXPECT_EQ(CurrentPrintFlag(), -1);
+  ShowText(kPrintListing, /*preview=*/true);
+  auto* const figure = qobject_cast<Model*>(OpenForm("Model"));
+  ASSERT_NE(figure, nullptr);
+  figure->Use(Tool::Print);  // a figure alone
+  EXPECT_EQ(CurrentPrintFlag(), -1);
+}
+
 // Files
+
+TEST_F(FigurePreviewTest, ADxfFileIsCalledByTheNumberOfItsSheet) {
+  PrinterSettings.firstPage = 7;
+  Open({1});
+  Child<QSpinBox>(Preview(), "page")->setValue(2);
+  QString proposed;
+  Script().Expect(QStringLiteral("QFileDialog"), [&](QWidget& dialog) {
+    proposed = Child<QLineEdit>(&dialog, "fileNameEdit")->text();
+    ChooseFile(Documents() + "図.dxf")(dialog);
+  });
+  Click(*Preview(), "dxf");
+  EXPECT_THAT(FromQt(proposed), HasSubstr("Page-8"));
+  EXPECT_TRUE(FileExists(WorkPath + "Page-8.dxf"));
+  EXPECT_THAT(ReadTextFile(WorkPath + "Page-8.tmp"), HasSubstr("Page-8"));  // as the sheet says
+}
 
 TEST_F(FigurePreviewTest, ANameThatGetsItsEndingReplacesNothingUnasked) {
   Open({1});

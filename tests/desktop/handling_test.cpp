@@ -409,7 +409,7 @@ TEST_F(HandlingTest, TheInputMenuScrollsInASmallWindowAndIsWholeAgainInALargeOne
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   EXPECT_TRUE(Window().Forms().viewport()->rect().contains(FrameOf("frmInputMenu")));
-  Window().Forms().Show(OpenForm("frmInputMenu"));
+  Window().Forms().BringToFront(OpenForm("frmInputMenu"));
   const auto* const last = Child<QPushButton>(OpenForm("frmInputMenu"), "同一変形");
   for (int i = 0; i < 20 && !last->hasFocus(); ++i) Press(Qt::Key_Down);
   ASSERT_TRUE(last->hasFocus());

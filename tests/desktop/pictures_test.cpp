@@ -122,7 +122,7 @@ TEST_F(PicturesTest, WindowsSideBySideFitASmallScreen) {
   Look(Window(), "cascade");
   QTest::keyClick(Child<QTableView>(OpenForm("InpNODE"), "grid"), Qt::Key_R, Qt::ControlModifier);
   Look(Window(), "table-and-figure");
-  Window().Forms().Show(OpenForm("Model"));
+  Window().Forms().BringToFront(OpenForm("Model"));
   for (int i = 0; i < 4; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   Look(Window(), "figure-tool");
 }

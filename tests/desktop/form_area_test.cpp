@@ -1,0 +1,102 @@
+// The area of the child windows: their places, who owns them, how they go.
+#include <filesystem>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+
+#include "base/fault.h"
+#include "desktop/desktop_test.h"
+#include "desktop/table_window.h"
+#include "shell/commands.h"
+#include "shell/settings.h"
+
+namespace zorlan::test {
+namespace {
+
+using testing::HasSubstr;
+
+class FormAreaTest : public DesktopTest {
+ protected:
+  static QMdiSubWindow* FrameOf(Form* form) { return qobject_cast<QMdiSubWindow*>(form->parentWidget()); }
+  TableWindow* OpenNodes() { return OpenTableWindow(Window(), "InpNODE"); }
+  static void CloseOf(Form* form) {
+    form->CloseForm();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+};
+
+TEST_F(FormAreaTest, AFormLeftMaximizedComesBackMaximizedAndKeepsItsNormalSize) {
+  OpenSample(QStringLiteral("連続梁"));
+  Form* form = OpenNodes();
+  const QRect first = FrameOf(form)->geometry();
+  FrameOf(form)->showMaximized();
+  CloseOf(form);
+  form = OpenNodes();
+  EXPECT_TRUE(FrameOf(form)->isMaximized());
+  FrameOf(form)->showNormal();
+  EXPECT_EQ(FrameOf(form)->geometry(), first);
+}
+
+TEST_F(FormAreaTest, ASizeChangedBeforeMaximizingIsKept) {
+  OpenSample(QStringLiteral("連続梁"));
+  Form* form = OpenNodes();
+  const QRect wanted(40, 30, 500, 420);
+  FrameOf(form)->setGeometry(wanted);
+  FrameOf(form)->showMaximized();
+  CloseOf(form);
+  WindowPlace place;
+  ASSERT_TRUE(LoadWindowPlace("InpNODE", place));
+  EXPECT_EQ(place, (WindowPlace{40, 30, 500, 420, true}));
+  form = OpenNodes();  // maximized from the start
+  CloseOf(form);
+  ASSERT_TRUE(LoadWindowPlace("InpNODE", place));
+  EXPECT_EQ(place, (WindowPlace{40, 30, 500, 420, true}));
+}
+
+/// Counts those that live.
+class CountedForm : public Form {
+ public:
+  CountedForm() : Form("CountedForm") { ++living; }
+  ~CountedForm() override { --living; }
+  static inline int living = 0;
+};
+
+TEST_F(FormAreaTest, AFormThatFailsBeforeItIsShownIsGone) {
+  const auto fail = [this] {
+    FormToShow<CountedForm> form(Window().Forms(), "CountedForm",
+                                 [] { return std::make_unique<CountedForm>(); });
+    EXPECT_EQ(CountedForm::living, 1);
+    throw Fault("nothing to show");
+  };
+  EXPECT_THROW(fail(), Fault);
+  EXPECT_EQ(CountedForm::living, 0);
+}
+
+TEST_F(FormAreaTest, AFormThatIsShownBelongsToTheAreaAndIsFoundAgain) {
+  const auto open = [this] {
+    FormToShow<CountedForm> form(Window().Forms(), "CountedForm",
+                                 [] { return std::make_unique<CountedForm>(); });
+    return form.Show();
+  };
+  CountedForm* const form = open();
+  EXPECT_EQ(CountedForm::living, 1);
+  EXPECT_EQ(open(), form);
+  EXPECT_EQ(CountedForm::living, 1);
+  CloseOf(form);
+  EXPECT_EQ(CountedForm::living, 0);
+}
+
+TEST_F(FormAreaTest, ATableGoesWithABoxOpenInIt) {
+  OpenSample(QStringLiteral("連続梁"));
+  QPointer<TableWindow> form = OpenNodes();
+  QTest::keyClick(&form->View(), Qt::Key_F2);
+  ASSERT_NE(form->View().OpenedBox(), nullptr);
+  delete form;  // the grid goes before the rows that it shows
+  EXPECT_EQ(OpenForm("InpNODE"), nullptr);
+  Choose("H_Table");
+  QPointer<Form> sheet = OpenForm("frmEditKozaiTable");
+  ASSERT_NE(sheet, nullptr);
+  delete sheet;
+}
+
+}  // namespace
+}  // namespace zorlan::test
