@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "base/text_file.h"
 #include "forms/table_editor.h"
-#include "model/deck.h"
+#include "model/deck_fields.h"
 #include "model/model_state.h"
 
 namespace zorlan {
@@ -66,7 +66,9 @@ std::optional<RowFault> TableEditor::FaultOf(int page, int row) const {
 }
 
 std::optional<RowFault> TableEditor::ShortRow(int page, int row) const {
-  const int wanted = LeastFields(TableKey(*form_)) - (form_->pages == Pages::None ? 0 : 1);
+  const DeckSection* const section = FindDeckSection(TableKey(*form_));
+  if (section == nullptr) return std::nullopt;
+  const int wanted = section->minFields - (form_->pages == Pages::None ? 0 : 1);
   const RowView view = View(page, row);
   int used = grid_.Columns();
   while (used > 0 && view.Blank(used)) --used;

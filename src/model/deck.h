@@ -66,9 +66,6 @@ void ReadDeck(const std::string& path, bool checkMode = true);
 /// Arrays at their limits, contents kept.
 void StretchToLimits(ModelRec& model);
 
-/// How many fields a row of a table ("NODE") needs at least; ReadDeck drops one with fewer.
-int LeastFields(std::string_view table);
-
 /// From the user's units into tons, metres and radians; g in kN per t. Coordinates, temperature loads, rigid
 /// zones, forced displacements and magnifications stay; springs become t/cm and t*cm/rad.
 void ConvertToAnalysisUnits(ModelRec& model, double g);

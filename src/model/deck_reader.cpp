@@ -1,6 +1,5 @@
 // ReadDeck: the deck's lines into records, with the first pass of the input check, and the conversion into
 // analysis units.
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -60,7 +59,6 @@ class DeckReader {
 
   void ReadLine(std::string_view line);
   ModelRec TakeModel() { return std::move(model_); }
-  static int LeastFields(std::string_view table);
 
  private:
   /// A deck section: what the check says of a row with too few or too many fields, and who takes a row.
@@ -117,11 +115,6 @@ const DeckReader::Section DeckReader::kSections[] = {
     {"SPEC", kForcedFields, &DeckReader::ReadForcedDisplacement},
     {"ALFA", kMagnificationFields, &DeckReader::ReadMagnification},
 };
-
-int DeckReader::LeastFields(std::string_view table) {
-  const auto* const section = std::ranges::find(kSections, table, &Section::name);
-  return section == std::end(kSections) ? 0 : section->minFields;
-}
 
 void DeckReader::ReadLine(std::string_view line) {
   if (line[0] == '@') {
@@ -392,10 +385,6 @@ void ReadDeck(const std::string& path, bool checkMode) {
   CalcModel = RawModel;
   ConvertToAnalysisUnits(CalcModel, GravityFactor);
   if (CalcModel.ModelCode != kSameDisplacementFrame) CalcModel.DispCount = 0;
-}
-
-int LeastFields(std::string_view table) {
-  return DeckReader::LeastFields(table);
 }
 
 }  // namespace zorlan

@@ -1,5 +1,6 @@
 // Characters that a Linux input method or another program has for those of the files' code page.
 #include <QClipboard>
+#include <QDialog>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
