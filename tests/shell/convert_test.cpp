@@ -167,10 +167,7 @@ TEST(ConvertedDeck, ValuesBeyondTheCountAreTold) {
   EXPECT_THAT(
       Notes(Model({{8, "1\n1,0.1,0.2,9\n"}, {10, "0\n7,7,7\n"}})),
       ElementsAre(std::string("ft8 （2行目） ： ") + words, std::string("ft10 （2行目） ： ") + words));
-  EXPECT_THAT(Notes(Model({{8,
-                            "1\n1,0.1,0.2\n \n,,\n\x1A"
-                            "2,3,4\n"}})),
-              IsEmpty());
+  EXPECT_THAT(Notes(Model({{8, "1\n1,0.1,0.2\n \n,,\n"}})), IsEmpty());
 }
 
 TEST(ConvertedDeck, ATitleThatADeckCannotHoldIsTold) {
@@ -179,16 +176,6 @@ TEST(ConvertedDeck, ATitleThatADeckCannotHoldIsTold) {
               ElementsAre(testing::AllOf(HasSubstr("ft77"), HasSubstr("「%」"))));
   EXPECT_THAT(Notes(Model({{77, "題@\n"}}), "@副題"), ElementsAre(HasSubstr("「@」")));
   EXPECT_THAT(Notes(Model({{77, "題\n"}}), "副題"), IsEmpty());
-}
-
-TEST(ConvertedDeck, AnOldEndOfTextEndsTheFile) {
-  EXPECT_THAT(Converted(Model({{8, "1\n1,0,0\n\x1A"}})), HasSubstr("\n1,0,0\n\n"));
-  EXPECT_THAT(FaultOf([] {
-                Converted(Model({{8,
-                                  "2\n1,0,0\n\x1A"
-                                  "2,0,0\n"}}));
-              }),
-              HasSubstr("（2行目）"));
 }
 
 struct BrokenFile {
