@@ -18,6 +18,7 @@
 #include "base/text_file.h"
 #include "batch_host.h"
 #include "model/deck.h"
+#include "model/deck_notes.h"
 #include "model/input_list.h"
 #include "model/model_state.h"
 #include "output/csv_output.h"
@@ -57,8 +58,27 @@ class DeckHeld {
   int file_;
 };
 
+/// Tells what the file of the deck in hand isn't, and what of it is read otherwise than it may be meant.
+/// False for one with contents that are no deck.
+bool TellOfDeck(DeckUse use) {
+  const std::string bytes = ReadBytes(DeckPath());
+  if (IsBlankDeck(bytes)) return true;
+  if (const std::string why = WhyNoDeck(bytes); !why.empty()) {
+    Tell(DeckPath() + " ： " + why);
+    return false;
+  }
+  for (const std::string& note : DeckNotes(bytes, use)) Tell(DeckPath() + " ： " + note);
+  return true;
+}
+
+/// Names the deck in hand ahead of what is told and printed of it, where there are several.
+void NameDeck(const Request& request) {
+  if (request.decks.size() > 1) PrintError(DeckPath());
+}
+
 ExitCode Analyze(const Request&) {
   const DeckHeld held(DeckPath());
+  TellOfDeck(DeckUse::Read);
   const auto start = std::chrono::steady_clock::now();
   if (RunStaticAnalysis() == kFalse) {
     const bool empty = LastAnalysis().deckRead && RawModel.NodeCount == 0;
@@ -69,18 +89,32 @@ ExitCode Analyze(const Request&) {
   return kDone;
 }
 
-ExitCode Check(const Request&) {
-  ReadDeck(DeckPath(), /*checkMode=*/true);
-  const std::string text = ReadTextFile(WorkPath + "InputErr.txt");
-  if (text.empty()) {
-    TheHost().message("エラーはありませんでした。", "エラーチェック");
-    return kDone;
-  }
+/// Prints the messages of the input check, as many as there are; false without any.
+bool PrintCheckMessages() {
+  const std::string path = WorkPath + "InputErr.txt";
+  const std::string text = FileExists(path) ? ReadTextFile(path) : std::string();
+  if (text.empty()) return false;
   PrintProduct(text);
-  return kFailed;
+  return true;
 }
 
-ExitCode InputList(const Request&) {
+ExitCode Check(const Request& request) {
+  NameDeck(request);
+  const bool deck = TellOfDeck(DeckUse::Read);
+  try {
+    ReadDeck(DeckPath(), /*checkMode=*/true);
+  } catch (const Fault&) {
+    PrintCheckMessages();  // of the rows ahead of the one that ended the reading
+    throw;
+  }
+  if (PrintCheckMessages() || !deck) return kFailed;
+  TheHost().message("エラーはありませんでした。", "エラーチェック");
+  return kDone;
+}
+
+ExitCode InputList(const Request& request) {
+  NameDeck(request);
+  TellOfDeck(DeckUse::Listed);
   LoadDeck();
   MakeInputList();
   PrintProduct(ReadTextFile(WorkPath + "TmpFile.inp"));

@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "model/model_rec.h"
+
 namespace zorlan {
 
 /// The output unit of a model.
@@ -13,10 +15,10 @@ struct OutputForce {
   double gravity = 0;  // kN per t
 
   /// 0 t, 1 kg, 2 kN, 3 N.
-  int Index() const { return (forceUnit != 0 ? 1 : 0) + (outUnit != 0 ? 2 : 0); }
+  int Index() const { return (forceUnit != 0 ? 1 : 0) + (IsSI(outUnit) ? 2 : 0); }
   /// A force in t, or a moment in t*m, in the output unit.
   double Of(double value) const {
-    if (outUnit != 0) value *= gravity;
+    if (IsSI(outUnit)) value *= gravity;
     return forceUnit != 0 ? value * 1000 : value;
   }
 };

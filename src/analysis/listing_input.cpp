@@ -16,7 +16,7 @@ struct Heading {
 };
 
 std::string_view Units(const Heading& heading, const ModelRec& model) {
-  return heading.units[model.InUnit == 0 ? 0 : 1];
+  return heading.units[IsSI(model.InUnit) ? 1 : 0];
 }
 
 constexpr Heading kNodes[] = {

@@ -125,7 +125,7 @@ std::string SectionList(const ModelRec& model) {
       if (model.Sect[r].TYPE != type) continue;
       if (first) {
         AppendLine(list, block.names);
-        AppendLine(list, UnitLine(block.units, model.InUnit != 0));
+        AppendLine(list, UnitLine(block.units, IsSI(model.InUnit)));
         first = false;
       }
       AppendSection(list, model.Sect[r], block.fields);

@@ -52,10 +52,10 @@ int IndexOf(std::string_view cell, const ChoiceField& field, int firstValue) {
   return index >= 0 && index < static_cast<int>(field.choices.size()) ? index : kNotChosen;
 }
 
-/// The cells of a table's first row; none without one.
-Cells FirstRow(std::string_view key) {
+/// The cells of a table's last row, which counts for ReadDeck; none without one.
+Cells LastRow(std::string_view key) {
   TableIO(/*write=*/false, key);
-  return TableRowCount > 0 ? TableRows.front().cells : Cells();
+  return TableRowCount > 0 ? TableRows.back().cells : Cells();
 }
 
 void WriteRow(std::string_view key, Cells cells) {
@@ -86,10 +86,10 @@ std::string_view TitleWarning(std::string_view title) {
 std::string LoadTitle(std::string_view key) {
   if (!HasTable(key)) return {};
   const std::string text = ReadTextFile(WorkPath + std::string(key));
-  std::string_view rest = text;
+  std::string_view rest = text, title;  // of several lines the last one counts
   while (const std::optional<std::string_view> line = TakeLine(rest))
-    if (const std::string_view title = NoSpc(*line); !title.empty()) return std::string(title);
-  return {};
+    if (!NoSpc(*line).empty()) title = NoSpc(*line);
+  return std::string(title);
 }
 
 void SaveTitle(std::string_view key, std::string_view title) {
@@ -218,7 +218,7 @@ bool HasTable(std::string_view key) {
 }
 
 ControlEntry LoadControl() {
-  if (HasTable("CONT")) return ControlOfCells(FirstRow("CONT"));
+  if (HasTable("CONT")) return ControlOfCells(LastRow("CONT"));
   ControlEntry entry;
   for (std::size_t i = 0; i < kControlFields; ++i) {
     const std::int16_t value[] = {InpModel.ModelCode, InpModel.MaxLoadCase, InpModel.ListFlag,
@@ -229,7 +229,7 @@ ControlEntry LoadControl() {
 }
 
 UnitEntry LoadUnit() {
-  if (HasTable("UNIT")) return UnitOfCells(FirstRow("UNIT"));
+  if (HasTable("UNIT")) return UnitOfCells(LastRow("UNIT"));
   return UnitOfCells({std::to_string(InpModel.InUnit), std::to_string(InpModel.OutUnit),
                       RealText(InpModel.SIFactor), std::to_string(InpModel.ForceUnit)});
 }

@@ -95,7 +95,7 @@ Column ColumnOf(std::string_view cell, std::string_view mask) {
 FormSetting CurrentFormSetting() {
   // A deck may hold any number; a form has at least one page, and no more than anyone can leaf through.
   const int loadCases = std::clamp<int>(InpModel.MaxLoadCase, 1, kMaxTableRows);
-  return {InpModel.ModelCode, loadCases, InpModel.RollerFlag == 1, InpModel.InUnit == 1};
+  return {InpModel.ModelCode, loadCases, InpModel.RollerFlag == 1, IsSI(InpModel.InUnit)};
 }
 
 bool Applies(FormCase when, const FormSetting& setting) {

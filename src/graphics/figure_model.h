@@ -70,7 +70,7 @@ struct FigureModel {
   const DisplacementRecord* DisplacementOf(int loadCase, int node) const;
 
   /// From t and t*m to the unit in which results are shown.
-  double DisplayFactor() const { return outUnit == 1 ? gravityFactor : 1; }
+  double DisplayFactor() const { return IsSI(outUnit) ? gravityFactor : 1; }
 };
 
 /// The figure's copy of a model as entered. Total: rows beyond the arrays are left, numbers that lead nowhere

@@ -221,7 +221,7 @@ void DrawTitle(Plot& plot, const Figure& figure, int kind, LabelField& labels) {
   if (shown.hasCase) name += "  荷重ｹｰｽ=" + std::to_string(figure.loadCase);
   // Loads stand as they were entered, results in the unit of the output.
   const std::string_view unit =
-      (loads ? figure.model.inUnit : figure.model.outUnit) == 1 ? shown.unitSI : shown.unit;
+      IsSI(loads ? figure.model.inUnit : figure.model.outUnit) ? shown.unitSI : shown.unit;
 
   const double room = figure.cellWidth - 2 * kPad;
   const double wide = std::max(TextWidth(title, 1), TextWidth(name, 1) + TextWidth(unit, 1) + 1);

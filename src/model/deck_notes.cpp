@@ -32,11 +32,22 @@ double ValueOf(const DeckField& field, std::string_view text) {
   return value == 0 ? field.ifZero : value;
 }
 
+/// Whether the rule of the table files, by which ten blanks cut a cell or end a row, takes something of a row
+/// that ReadDeck uses.
+bool IsCutInTables(std::string_view line) {
+  constexpr std::string_view kTenBlanks = "          ";
+  for (std::optional<std::string_view> rest = line; rest;) {
+    const std::string_view field = TakeField(rest);
+    if (field.starts_with(kTenBlanks) || NoSpc(field).find(kTenBlanks) != std::string_view::npos) return true;
+  }
+  return false;
+}
+
 /// The cells of a deck that are no number in full, and the row of units in force.
 class CellNotes {
  public:
   void ReadLine(int number, std::string_view line);
-  void AppendTo(std::vector<std::string>& notes) const;
+  void AppendTo(std::vector<std::string>& notes, DeckUse use) const;
 
  private:
   void ReadRow(int number, std::string_view line);
@@ -44,6 +55,7 @@ class CellNotes {
   static constexpr std::size_t kMost = 10;  // that are told one by one
   std::vector<std::string> cells_;
   int more_ = 0;
+  int cut_ = 0, firstCut_ = 0;  // rows that the table files cut, and the line of the first
   std::vector<std::string> units_;
   const DeckSection* section_ = nullptr;
 };
@@ -80,6 +92,7 @@ void CellNotes::ReadRow(int number, std::string_view line) {
   Fields fields;
   const int count = SplitFields(line, fields);
   if (!section_->Takes(count)) return;
+  if (IsCutInTables(line) && ++cut_ == 1) firstCut_ = number;
   if (section_->name == "UNIT") units_ = UnitNotes(number, fields);
   const std::span<const DeckField> names = section_->numbers;
   const std::size_t numbers = section_->lastRepeats ? kMaxFields : names.size();
@@ -95,7 +108,12 @@ void CellNotes::ReadRow(int number, std::string_view line) {
   }
 }
 
-void CellNotes::AppendTo(std::vector<std::string>& notes) const {
+void CellNotes::AppendTo(std::vector<std::string>& notes, DeckUse use) const {
+  if (cut_ > 0 && use != DeckUse::Read)
+    notes.push_back("空白が 10 個続く行が " + std::to_string(cut_) + " 行あります（最初は " +
+                    std::to_string(firstCut_) +
+                    "行目）。表と入力データリストでは、そこで切れます（解析では、すべて使います）");
+
   notes.insert(notes.end(), cells_.begin(), cells_.end());
   if (more_ > 0) notes.push_back("数値ではない項目は、ほかに " + std::to_string(more_) + " 個あります");
   notes.insert(notes.end(), units_.begin(), units_.end());
@@ -136,7 +154,7 @@ std::vector<std::string> DeckNotes(std::string_view bytes, DeckUse use) {
     ++number;
     if (const std::string_view line = DeckLine(*whole); !line.empty()) cells.ReadLine(number, line);
   }
-  cells.AppendTo(notes);
+  cells.AppendTo(notes, use);
   if (!IsBlankDeck(bytes.substr(BeforeEndMark(bytes).size())))
     notes.push_back("ファイルの終わりを示す文字（1A）が途中にあります。" + std::to_string(number) +
                     " 行目までを読み込みます");

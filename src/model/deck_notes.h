@@ -13,9 +13,10 @@ namespace zorlan {
 enum class DeckUse { Read, Listed, Opened };
 
 /// What in the bytes of a deck is read otherwise than it may be meant, a line each in the user's words: text
-/// behind the end mark, sections that stand more than once, cells that are no number in full (by line and
-/// name of the field; some ten, then how many more), units out of their range. A row with a wrong number of
-/// fields, which nobody reads, is left to the input check, and a number out of range to ReadDeck.
+/// behind the end mark, sections that stand more than once, rows that the table files cut at ten blanks,
+/// cells that are no number in full (by line and name of the field; some ten, then how many more), units out
+/// of their range. A row with a wrong number of fields, which nobody reads, is left to the input check, and a
+/// number out of range to ReadDeck.
 std::vector<std::string> DeckNotes(std::string_view bytes, DeckUse use);
 
 }  // namespace zorlan

@@ -331,7 +331,7 @@ void ConvertForcesFromSI(ModelRec& model, double g) {
 
 void ConvertToAnalysisUnits(ModelRec& model, double g) {
   constexpr double kTonPerM2PerTonPerCm2 = 10000;
-  if (model.InUnit == 1) ConvertForcesFromSI(model, g);
+  if (IsSI(model.InUnit)) ConvertForcesFromSI(model, g);
   for (int r = 1; r <= model.SectCount; ++r) {
     SectRec& section = model.Sect[r];
     section.E *= kTonPerM2PerTonPerCm2;

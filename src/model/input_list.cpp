@@ -46,6 +46,8 @@ std::string Formatted(double value, const NumberPattern& pattern) {
 
 std::string ColumnText(const TableRow& row, const ListColumn& column) {
   switch (column.kind) {
+    case ListColumn::Kind::Whole:
+      return Formatted(Whole(row, column.cell), column.pattern);
     case ListColumn::Kind::Number:
       return Formatted(ReadReal(Cell(row, column.cell)), column.pattern);
     case ListColumn::Kind::Typed:
@@ -56,15 +58,15 @@ std::string ColumnText(const TableRow& row, const ListColumn& column) {
   return {};
 }
 
-/// The tables, and what the first rows of control data and units say to all parts.
+/// The tables, and what the last rows, which count, of control data and units say to all parts.
 class InputList {
  public:
   explicit InputList(const ModelTables& tables) : tables_(tables) {
-    if (const TableRow* const control = FirstRow("CONT")) {
+    if (const TableRow* const control = LastRow("CONT")) {
       grid_ = Whole(*control, 1) == kPlaneGrid;
       caseCount_ = Whole(*control, 2);
     }
-    if (const TableRow* const units = FirstRow("UNIT")) units_ = Whole(*units, 1) == 1 ? 1 : 0;
+    if (const TableRow* const units = LastRow("UNIT")) units_ = IsSI(Whole(*units, 1)) ? 1 : 0;
   }
   std::string Text() const;
 
@@ -74,9 +76,9 @@ class InputList {
     const auto table = tables_.find(key);
     return table == tables_.end() ? kNone : table->second;
   }
-  const TableRow* FirstRow(std::string_view key) const {
+  const TableRow* LastRow(std::string_view key) const {
     const std::vector<TableRow>& rows = Table(key);
-    return rows.empty() ? nullptr : &rows[0];
+    return rows.empty() ? nullptr : &rows.back();
   }
 
   std::string TitlePart() const;
@@ -113,7 +115,7 @@ std::string Lines(std::initializer_list<std::string> lines) {
 
 std::string InputList::TitlePart() const {
   const auto firstCell = [&](std::string_view key) {
-    const TableRow* const row = FirstRow(key);
+    const TableRow* const row = LastRow(key);
     return std::string(row == nullptr ? std::string_view() : Cell(*row, 1));
   };
   return Lines(
@@ -124,7 +126,7 @@ std::string InputList::ControlPart() const {
   constexpr std::string_view kModels[] = {"", "1:一般任意平面骨組み", "2:同一変形条件付平面骨組み",
                                           "3:平面格子梁"};
   constexpr std::string_view kListFlags[] = {"0：出力しない", "1：出力する"};
-  const TableRow* const control = FirstRow("CONT");
+  const TableRow* const control = LastRow("CONT");
   if (control == nullptr) return {};
   return Lines({"解析モデル番号 :" + NameOf(*control, 1, kModels),
                 "最大荷重ケース :" + std::to_string(caseCount_),
@@ -133,7 +135,7 @@ std::string InputList::ControlPart() const {
 
 std::string InputList::UnitPart() const {
   constexpr std::string_view kUnits[] = {"0:工学単位", "1:ＳＩ単位"};
-  const TableRow* const units = FirstRow("UNIT");
+  const TableRow* const units = LastRow("UNIT");
   if (units == nullptr) return {};
   const std::string_view factor = Cell(*units, 3);
   return Lines(
@@ -187,10 +189,10 @@ std::string InputList::GroupLines() const {
   if (rows.empty()) return {};
   std::string text = std::string(kGroupHead) + std::string(kLineEnd);
   for (const TableRow& row : rows) {
-    text += Formatted(ReadReal(Cell(row, 1)), kGroupNumber);
-    for (std::size_t node = 1; node < row.cells.size(); ++node) {
+    text += Formatted(Whole(row, 1), kGroupNumber);
+    for (int node = 1; node < static_cast<int>(row.cells.size()); ++node) {
       if (node > 1 && node % kGroupNodesInLine == 1) text.append(kLineEnd).append(kGroupIndent);
-      text += Formatted(ReadReal(row.cells[node]), kGroupNode);
+      text += Formatted(Whole(row, node + 1), kGroupNode);
     }
     text += kLineEnd;
   }

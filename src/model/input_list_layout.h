@@ -10,15 +10,19 @@
 
 namespace zorlan::input_list {
 
-/// One column of a block: a cell by a pattern, a cell as it was typed, or a text between cells.
+/// One column of a block: a cell by a pattern, as a real or as the whole number that is read from it, a cell
+/// as it was typed, or a text between cells.
 struct ListColumn {
-  enum class Kind { Number, Typed, Sign } kind;
+  enum class Kind { Number, Whole, Typed, Sign } kind;
   int cell;               // from 1
   NumberPattern pattern;  // its length is the column's width
   int width;              // of a typed cell
 };
 constexpr ListColumn Number(int cell, NumberPattern pattern) {
   return {ListColumn::Kind::Number, cell, pattern, 0};
+}
+constexpr ListColumn WholeNumber(int cell, NumberPattern pattern) {
+  return {ListColumn::Kind::Whole, cell, pattern, 0};
 }
 constexpr ListColumn Typed(int cell, int width) {
   return {ListColumn::Kind::Typed, cell, "", width};
@@ -47,8 +51,9 @@ constexpr ListBlock InEveryModel(const ListHead& head, std::span<const ListColum
 // Nodes. The spring constants stand behind the node's own cells (AppendSprings).
 inline constexpr int kNodeCells = 7, kSpringCells = 3;
 inline constexpr ListColumn kNodeColumns[] = {
-    Number(1, "###0"), Number(2, "  ##0.000"), Number(3, "  ##0.000"), Number(4, "   0"), Number(5, "   0"),
-    Number(6, "   0"), Typed(8, 14),           Typed(9, 14),           Typed(10, 14),
+    WholeNumber(1, "###0"), Number(2, "  ##0.000"), Number(3, "  ##0.000"),
+    WholeNumber(4, "   0"), WholeNumber(5, "   0"), WholeNumber(6, "   0"),
+    Typed(8, 14),           Typed(9, 14),           Typed(10, 14),
 };
 inline constexpr ListBlock kNodes = {
     {"NODE     XX       YY     U   V   θ         K-x           K-y          K-θ",
@@ -62,7 +67,7 @@ inline constexpr ListBlock kNodes = {
 
 inline constexpr std::string_view kGroupHead = "GROUP  SAME DISP-U NODE";
 inline constexpr NumberPattern kGroupNumber = " ###0", kGroupNode = "####0 ";
-inline constexpr std::size_t kGroupNodesInLine = 10;
+inline constexpr int kGroupNodesInLine = 10;
 inline constexpr std::string_view kGroupIndent = "     ";
 
 inline constexpr ListColumn kMagnificationColumns[] = {Sign("    "), Number(1, "  ##0.000"),
@@ -74,34 +79,40 @@ inline constexpr ListBlock kMagnifications = InEveryModel(
 // Elements. The length stands behind the element's own cells (AppendLength).
 inline constexpr int kElementCells = 7;
 inline constexpr ListColumn kElementColumns[] = {
-    Number(1, "###0"), Number(2, "  ###0"), Number(3, "  ###0"), Number(4, "  #0"),
-    Number(5, "  #0"), Number(6, "  ###0"), Number(7, "  ###0"), Number(8, "  ##0.000"),
+    WholeNumber(1, "###0"), WholeNumber(2, "  ###0"), WholeNumber(3, "  ###0"), WholeNumber(4, "  #0"),
+    WholeNumber(5, "  #0"), WholeNumber(6, "  ###0"), WholeNumber(7, "  ###0"), Number(8, "  ##0.000"),
 };
 inline constexpr ListBlock kElements = InEveryModel(
     {"ELEM     I     J  II  JJ  MATE  RIGI   LENGTH",
      {"                                         (m)", "                                         (m)"}},
     kElementColumns);
 
-inline constexpr ListColumn kRigidZoneColumns[] = {Number(1, "###0"), Number(2, "  ##0.000"),
+inline constexpr ListColumn kRigidZoneColumns[] = {WholeNumber(1, "###0"), Number(2, "  ##0.000"),
                                                    Number(3, "  ##0.000")};
 inline constexpr ListBlock kRigidZones = InEveryModel({"RIGI     λi      λj", {}}, kRigidZoneColumns);
 
 // Sections. Cells: number, TYPE, P1 to P4, φ, E, G.
 inline constexpr NumberPattern kSectionNumber = "###0";
 inline constexpr ListColumn kDirectColumns[] = {
-    Number(1, kSectionNumber), Number(3, "  ####0.0"), Number(4, " ##########0"),
-    Number(6, "  ####0.0"),    Typed(8, 10),           Typed(9, 10)};
+    WholeNumber(1, kSectionNumber), Number(3, "  ####0.0"), Number(4, " ##########0"),
+    Number(6, "  ####0.0"),         Typed(8, 10),           Typed(9, 10)};
 inline constexpr ListColumn kRectangleColumns[] = {
-    Number(1, kSectionNumber), Number(3, "  ##0.0"), Number(4, "  ##0.0"), Number(5, "  #0.00"),
-    Number(6, "  ####0.0"),    Number(7, "  #0.00"), Typed(8, 10),         Typed(9, 10)};
+    WholeNumber(1, kSectionNumber), Number(3, "  ##0.0"), Number(4, "  ##0.0"), Number(5, "  #0.00"),
+    Number(6, "  ####0.0"),         Number(7, "  #0.00"), Typed(8, 10),         Typed(9, 10)};
 inline constexpr ListColumn kPipeColumns[] = {
-    Number(1, kSectionNumber), Sign("  P-"), Number(3, "####0"), Number(4, " ###0.0"),
-    Number(7, "  #0.00"),      Typed(8, 10), Typed(9, 10)};
+    WholeNumber(1, kSectionNumber), Sign("  P-"), Number(3, "####0"), Number(4, " ###0.0"),
+    Number(7, "  #0.00"),           Typed(8, 10), Typed(9, 10)};
 /// A shape of plates: four sizes behind the sign of the shape.
 constexpr std::array<ListColumn, 9> PlateColumns(std::string_view sign) {
-  return {Number(1, kSectionNumber), Sign(sign),           Number(3, " ####0"),
-          Number(4, " ####0"),       Number(5, " ###0.0"), Number(6, " ###0.0"),
-          Number(7, "  #0.00"),      Typed(8, 10),         Typed(9, 10)};
+  return {WholeNumber(1, kSectionNumber),
+          Sign(sign),
+          Number(3, " ####0"),
+          Number(4, " ####0"),
+          Number(5, " ###0.0"),
+          Number(6, " ###0.0"),
+          Number(7, "  #0.00"),
+          Typed(8, 10),
+          Typed(9, 10)};
 }
 inline constexpr std::array kHColumns = PlateColumns("  H-");
 inline constexpr std::array kBoxColumns = PlateColumns("  B-");
@@ -162,15 +173,17 @@ struct LoadBlock {
   std::string_view key, title;
   ListBlock block;
 };
-inline constexpr ListColumn kNodalColumns[] = {Number(2, " ###0"), Typed(3, 10), Typed(4, 10), Typed(5, 10)};
-inline constexpr ListColumn kElementLoadColumns[] = {Number(2, " ###0"),  Typed(3, 10),
-                                                     Number(4, "   #0"),  Number(5, "   #0.00"),
-                                                     Number(6, "  #0.0"), Number(7, "   0")};
-inline constexpr ListColumn kCmqColumns[] = {Number(2, " ###0"), Typed(3, 10), Typed(4, 10),     Typed(5, 10),
-                                             Typed(6, 10),       Typed(7, 10), Number(8, "   0")};
+inline constexpr ListColumn kNodalColumns[] = {WholeNumber(2, " ###0"), Typed(3, 10), Typed(4, 10),
+                                               Typed(5, 10)};
+inline constexpr ListColumn kElementLoadColumns[] = {WholeNumber(2, " ###0"), Typed(3, 10),
+                                                     WholeNumber(4, "   #0"), Number(5, "   #0.00"),
+                                                     Number(6, "  #0.0"),     WholeNumber(7, "   0")};
+inline constexpr ListColumn kCmqColumns[] = {
+    WholeNumber(2, " ###0"), Typed(3, 10), Typed(4, 10), Typed(5, 10), Typed(6, 10), Typed(7, 10),
+    WholeNumber(8, "   0")};
 inline constexpr ListColumn kTemperatureColumns[] = {
-    Number(2, " ###0"),        Number(3, "  ##0.0"),  Number(4, "  ###0.0"), Number(5, "  ###0.0"),
-    Number(6, "  #0.0000000"), Number(7, "  ###0.0"), Number(8, "  #0")};
+    WholeNumber(2, " ###0"),   Number(3, "  ##0.0"),  Number(4, "  ###0.0"), Number(5, "  ###0.0"),
+    Number(6, "  #0.0000000"), Number(7, "  ###0.0"), WholeNumber(8, "  #0")};
 inline constexpr LoadBlock kLoads[] = {
     {"PLOD",
      " NODAL POINT LOADS",

@@ -25,6 +25,11 @@ inline constexpr double kMmPerM = 1000;              // section tables are in mm
 /// The three structural models, as `ModelCode` holds them.
 enum ModelKind : std::int16_t { kPlaneFrame = 1, kSameDisplacementFrame = 2, kPlaneGrid = 3 };
 
+/// Whether a unit of the table UNIT is SI; what is neither 0 nor 1 counts as gravitational.
+constexpr bool IsSI(int unit) {
+  return unit == 1;
+}
+
 /// Support codes of a degree of freedom.
 enum SupportCode : std::int16_t { kFree = 0, kFixed = 1, kSpring = 2, kInclinedRoller = 4 };
 

@@ -90,7 +90,12 @@ void CheckInput() {
   RunCommand("CheckInput", [] {
     if (!CloseInputForms()) return;
     SaveDeck(/*deleteTables=*/false, ScratchDeck());
-    ReadDeck(ScratchDeck(), /*checkMode=*/true);
+    try {
+      ReadDeck(ScratchDeck(), /*checkMode=*/true);
+    } catch (const Fault&) {  // which ends the check; what it found ahead of that row is shown all the same
+      if (!HasNoMessages(PrintFile(kPrintCheck))) ShowText(kPrintCheckRead, /*preview=*/false);
+      throw;
+    }
     if (HasNoMessages(PrintFile(kPrintCheck)))
       TheHost().message("エラーはありませんでした。", "エラーチェック");
     else

@@ -71,7 +71,7 @@ void AddForces(std::vector<PickFact>& facts, const Figure& figure, int index) {
   const FigureModel& model = figure.model;
   const StressRecord* const record = model.StressOf(figure.loadCase, index);
   if (record == nullptr) return;
-  const bool si = model.outUnit == 1;
+  const bool si = IsSI(model.outUnit);
   const auto add = [&](std::string caption, double value, bool moment) {
     const std::string_view unit = moment ? (si ? "(kN･m)" : "(t･m)") : (si ? "(kN)" : "(t)");
     facts.push_back({caption.append(unit), FormatNumber(value * model.DisplayFactor(), kResult)});

@@ -22,21 +22,21 @@ namespace {
 constexpr std::array<std::string_view, 4> kKinds = {"", "一般任意平面骨組み", "同一変形条件付平面骨組み",
                                                     "平面格子梁"};
 
-/// Cells of a table of one row in the work folder; none if it can't be read: the status bar is no place for
-/// an error.
+/// Cells of the row that counts, the last, of a table of one row in the work folder; none if it can't be
+/// read: the status bar is no place for an error.
 std::vector<std::string> CellsOf(std::string_view key) {
   try {
     const std::string path = WorkPath + std::string(key);
     if (!FileExists(path)) return {};
     std::vector<TableRow> rows = ParseTable(key, ReadTextFile(path));
-    if (!rows.empty()) return std::move(rows.front().cells);
+    if (!rows.empty()) return std::move(rows.back().cells);
   } catch (const std::exception&) {
   }
   return {};
 }
 
 std::string_view UnitName(const std::vector<std::string>& cells, std::size_t place) {
-  return place < cells.size() && ReadReal(cells[place]) != 0 ? "ＳＩ単位" : "工学単位";
+  return place < cells.size() && IsSI(ReadInt16(cells[place]).value_or(0)) ? "ＳＩ単位" : "工学単位";
 }
 
 /// The place of the deck and the stored results of the model in hand, which may have lost its name.

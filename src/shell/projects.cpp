@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "base/text_file.h"
 #include "model/deck.h"
+#include "model/deck_notes.h"
 #include "model/model_state.h"
 #include "model/table_file.h"
 #include "shell/command_guard.h"
@@ -57,7 +58,7 @@ void TakeHeaderOfTables() {
   StretchToLimits(InpModel);
   TableIO(/*write=*/false, "CONT");
   if (TableRowCount == 0) return;
-  const std::vector<std::string>& cells = TableRows.front().cells;
+  const std::vector<std::string>& cells = TableRows.back().cells;
   std::size_t place = 0;
   for (std::int16_t* const field :
        {&InpModel.ModelCode, &InpModel.MaxLoadCase, &InpModel.ListFlag, &InpModel.RollerFlag}) {
@@ -317,7 +318,14 @@ void ShowTakenModel() {
   TheWindows().dropFigureData();
   TheWindows().openInputMenu();
   TheWindows().openModelFigure();
-  if (const std::string why = WhyNoDeck(ReadBytes(DeckPath())); !why.empty()) Tell(DeckPath() + " ： " + why);
+  const std::string bytes = ReadBytes(DeckPath());
+  if (const std::string why = WhyNoDeck(bytes); !why.empty()) {
+    Tell(DeckPath() + " ： " + why);
+    return;
+  }
+  std::string text;
+  for (const std::string& note : DeckNotes(bytes, DeckUse::Opened)) text += "\n" + note;
+  if (!text.empty()) Tell(DeckPath() + " ： " + text);
 }
 
 void NameModel(const ModelPlace& place) {

@@ -41,6 +41,14 @@ TEST(OutputUnit, TakesTheUnitInForceAndItsFactor) {
   GravityFactor = kStandardGravity;
 }
 
+TEST(OutputUnit, WhatIsNeitherZeroNorOneIsGravitationalInLabelAndNumbers) {
+  for (const int outUnit : {2, -1, 5}) {
+    const OutputForce unit{outUnit, 0, 9.80665};
+    EXPECT_EQ(unit.Index(), 0);
+    EXPECT_DOUBLE_EQ(unit.Of(2), 2);
+  }
+}
+
 TEST(OutputUnit, LabelAndNumbersAgreeForAForceUnitOutsideTheList) {
   const OutputForce unit{0, 7, 9.80665};
   EXPECT_EQ(unit.Index(), 1);

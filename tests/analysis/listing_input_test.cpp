@@ -273,5 +273,14 @@ TEST_F(AnalysisInputListing, ShowsTheUnitsOfTheInput) {
               HasSubstr("     1     98.067      0.000      0.000\n"));
 }
 
+TEST_F(AnalysisInputListing, HeadsAUnitThatIsNeitherZeroNorOneAsItIsAnalysed) {
+  const auto list = [this](const char* unit) {
+    return ListOf("@CONT\n1,1,1,0\n@UNIT\n" + std::string(unit) +
+                  "\n@NODE\n1,0,0,2,0,0\n@SECT\n1,0,100,1000,0,50,1,2100,0\n@SPRG\n1,5\n@PLOD\n1,1,2\n");
+  };
+  EXPECT_EQ(list("2,0,0,0"), list("0,0,0,0"));
+  EXPECT_NE(list("1,0,0,0"), list("0,0,0,0"));
+}
+
 }  // namespace
 }  // namespace zorlan

@@ -109,10 +109,11 @@ TEST(BatchCommandLine, ADeckBehindTwoDashesMayBeginWithADash) {
 
 TEST(BatchCheck, PrintsItsLinesAndAnswersOneWhenThereAreAny) {
   const BatchProgram program;
-  program.Deck("bad.inp", CantileverDeck() + "@ELEM\n2,1,7,0,0,1\n");
+  program.Deck("bad.inp", CantileverDeck() + "@ELOD\n1,7,-1,0,0,1\n");
   const BatchResult result = program.Run({"check", "bad.inp"});
   EXPECT_EQ(result.exitCode, 1);
-  EXPECT_EQ(result.out, "要素データ　要素番号 2： 指定の節点番号(7)が存在しません \n");
+  EXPECT_EQ(result.out,
+            "要素荷重データ　　　： 未定義の要素に荷重入力があります　　荷重ケース番号=1   要素番号＝7\n");
   EXPECT_THAT(result.err, IsEmpty());
 }
 
@@ -123,6 +124,68 @@ TEST(BatchCheck, SaysThatNothingIsWrongAndPrintsNothing) {
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_THAT(result.out, IsEmpty());
   EXPECT_EQ(result.err, "エラーチェック: エラーはありませんでした。\n");
+}
+
+TEST(BatchCheck, AFileWithContentsThatIsNoDeckIsToldAndAnswersOne) {
+  const BatchProgram program;
+  const std::string deck = CantileverDeck();  // UTF-8 here
+  std::string wide = "\xFF\xFE";
+  for (const char c : std::string("@CONT\r\n1,1,0\r\n")) wide += {c, '\0'};
+  program.File("u16.inp", wide);
+  program.File("bin.inp", std::string("\x7F"
+                                      "ELF\x02\x01\0\0\x81\xFF\r@@@\xFE",
+                                      16));
+  program.File("bom.inp", "\xEF\xBB\xBF" + deck);
+  program.File("utf8.inp", "%節点と要素の表\n" + deck);
+  for (const char* const name : {"u16.inp", "bin.inp", "bom.inp", "utf8.inp"}) {
+    const std::string before = program.Bytes(name);
+    const BatchResult check = program.Run({"check", name});
+    EXPECT_EQ(check.exitCode, 1) << name;
+    EXPECT_THAT(check.err, HasSubstr(std::string(name) + " ： ")) << name;
+    EXPECT_THAT(check.err, testing::Not(HasSubstr("エラーはありませんでした"))) << name;
+    for (const char* const command : {"input-list", "analyze"})
+      EXPECT_THAT(program.Run({command, name}).err, HasSubstr(std::string(name) + " ： ")) << command << name;
+    EXPECT_EQ(program.Bytes(name), before);
+  }
+  program.File("blank.inp", "\r\n\x1A");
+  EXPECT_EQ(program.Run({"check", "blank.inp"}).exitCode, 0);
+}
+
+TEST(BatchCheck, TellsWhatIsReadOtherwiseThanItMayBeMeantAndAnswersByItsLinesAlone) {
+  const BatchProgram program;
+  program.Deck("odd.inp", CantileverDeck() + "@ELOD\n1,1,－2,0,0,1\n@ELOD\n1,1,-3,0,0,1\n");
+  for (const char* const command : {"check", "analyze", "input-list"}) {
+    const BatchResult result = program.Run({command, "odd.inp"});
+    EXPECT_EQ(result.exitCode, 0) << command;
+    EXPECT_THAT(result.err,
+                AllOf(HasSubstr("odd.inp ： "), HasSubstr("@ELOD のP 「－2」 は数値ではありません"),
+                      HasSubstr("@ELOD が 2 回あります")))
+        << command;
+  }
+  EXPECT_THAT(program.Run({"input-list", "odd.inp"}).err, HasSubstr("後のものだけをリストに出します"));
+}
+
+TEST(BatchCheck, NamesEachOfSeveralDecksAheadOfItsLines) {
+  const BatchProgram program;
+  program.Deck("a.inp", CantileverDeck() + "@ALFA\n0,1\n");
+  program.Deck("b.inp", CantileverDeck());
+  program.Deck("c.inp", CantileverDeck() + "@ALFA\n0,2\n");
+  const BatchResult result = program.Shell("\"$ZORLAN\" check a.inp b.inp c.inp 2>&1");
+  const std::string message = "フレーム倍率データ ： フレーム倍率データにエラー";
+  EXPECT_EQ(result.out, "a.inp\n" + message +
+                            "0,1\nb.inp\nエラーチェック: エラーはありませんでした。\nc.inp\n" + message +
+                            "0,2\n");
+  EXPECT_EQ(program.Run({"check", "b.inp"}).err, "エラーチェック: エラーはありませんでした。\n");
+  EXPECT_THAT(program.Run({"input-list", "a.inp", "b.inp"}).err, HasSubstr("a.inp\nb.inp\n"));
+}
+
+TEST(BatchCheck, PrintsWhatItFoundAheadOfARowThatEndsIt) {
+  const BatchProgram program;
+  program.Deck("end.inp", "@NODE\n1\n40000,0,0,0,0,0\n");
+  const BatchResult result = program.Run({"check", "end.inp"});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_EQ(result.out, "節点データ　　　　　： 節点データにエラー　　　　1\n");
+  EXPECT_THAT(result.err, HasSubstr("（3行目）"));
 }
 
 TEST(BatchCheck, LeavesNothingInTheProject) {

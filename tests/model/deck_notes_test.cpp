@@ -93,6 +93,18 @@ TEST(DeckNotes, ASectionThatStandsAgainIsToldWithWhatBecomesOfIt) {
           "@PLOD が 3 回あります。後のものだけを読み込みました。このまま保存すると、前のものは失われます"));
 }
 
+TEST(DeckNotes, RowsThatTheTableFilesCutAreToldWhereTheTablesAreUsed) {
+  constexpr std::string_view kDeck =
+      "@TITL\nA          B\n@NODE\n1,0,0,1,1,1          % end\n2,          6,0,0,0,0\n3,6          ,0,0,0,0\n"
+      "4,9,0,0,0,0,1          2\n";
+  EXPECT_THAT(NotesOf(kDeck, DeckUse::Read), ElementsAre(HasSubstr("「1          2」")));
+  for (const DeckUse use : {DeckUse::Listed, DeckUse::Opened})
+    EXPECT_EQ(
+        NotesOf(kDeck, use)[0],
+        "空白が 10 個続く行が 2 行あります（最初は 5行目）。表と入力データリストでは、そこで切れます（解析では、す"
+        "べて使います）");
+}
+
 TEST(DeckNotes, TextBehindTheEndMarkIsTold) {
   EXPECT_THAT(NotesOf("@CONT\n1,1,0\n\x1A\r\n"), IsEmpty());
   EXPECT_THAT(NotesOf("@CONT\n1,1,0\n\x1A@NODE\n1,x\n"),

@@ -66,6 +66,19 @@ TEST(InputList, UnitsStandOneItemALineWithAFactorOfZeroReplaced) {
   for (const HeaderCase& c : cases) EXPECT_EQ(Body(Tables({{"UNIT", c.row}})), c.lines) << c.row;
 }
 
+TEST(InputList, OfSeveralRowsOfTitleControlDataAndUnitsTheLastCounts) {
+  EXPECT_EQ(InputListText(Tables({{"TITL", "旧館\n新館"},
+                                  {"SUBT", "A\nB"},
+                                  {"CONT", "1,2,0,0\n3,1,0,0"},
+                                  {"UNIT", "0,0,9.8\n1,1,0"},
+                                  {"PLOD", "1,1,5,0,0\n2,1,7,0,0"}})),
+            "《 INPUT DATA LIST 》 新館 　（サブタイトル：B）\r\n\r\n"
+            "解析モデル番号 :3:平面格子梁\r\n最大荷重ケース :1\r\n入力リスト出力 :0：出力しない\r\n\r\n"
+            "入力単位 :1:ＳＩ単位\r\n出力単位 :1:ＳＩ単位\r\nＳＩ単位変換係数 :9.80665\r\n\r\n"
+            "LOAD CASE -  1\r\n NODAL POINT LOADS\r\n NODE      F-Z       M-X       M-Y\r\n"
+            "          (kN)    (kN*m)     (kN*m)\r\n    1         5         0         0\r\n");
+}
+
 /// The lines of the list behind control data and units.
 std::string Part(const char* control, const char* units, ModelTables tables) {
   tables["CONT"] = ParseTable("CONT", control);
@@ -86,6 +99,32 @@ TEST(InputList, NodesOfAFrameShowTheirSprings) {
       Part("2,1,0", "1,0", tables),
       testing::StartsWith(
           "NODE     XX       YY     U   V   θ         K-x           K-y          K-θ\n        (m)      (m)                     (kN/mm)       (kN/mm)   (kN*mm/rad)\n"));
+}
+
+// An integer field is cut when it is read: the list shows the number that is used.
+TEST(InputList, WholeNumbersAreShownAsTheyAreRead) {
+  const ModelTables tables = Tables({{"NODE", "2.6,0,3,0.9,1.6,-0.7\n3,4,3.9996,0,0,0"},
+                                     {"ELEM", "1.9,2.6,3,0.7,1.5,1.9,2.7"},
+                                     {"RIGD", "2.7,0.1996,0"},
+                                     {"SECT", "1.9,2.6,400,200,8,13,1,2100,810"},
+                                     {"PLOD", "1.7,2.9,1.96,0,0"},
+                                     {"ELOD", "1,1.9,-1,2.9,1.996,1,1.9"},
+                                     {"CLOD", "1,1.9,1,0,0,0,0,0.9"},
+                                     {"TLOD", "1,1.9,1,0,0,0,0,0.9"},
+                                     {"DISP", "1.9,2.6,3.7"}});
+  const std::string list = Part("2,1,0", "0,0", tables);
+  for (const char* const line : {
+           "   2    0.000    3.000   0   1   0  ",
+           "    1    2     3 \n",
+           "   1     2     3   0   1     1     2    4.123\n",  // 4 m by 0.9996 m
+           "   2    0.200    0.000\n",
+           "   1  H-   400   200    8.0   13.0   1.00      2100       810\n",
+           "    2      1.96         0         0\n",
+           "    1        -1    2    2.00   1.0   1\n",
+           "    1         1         0         0         0         0   0\n",
+           "    1    1.0     0.0     0.0   0.0000000     0.0   0\n",
+       })
+    EXPECT_THAT(list, testing::HasSubstr(line));
 }
 
 TEST(InputList, NodesOfAGridHaveTheirOwnHeads) {

@@ -189,6 +189,13 @@ TEST_F(CommandsTest, CheckOfATableThatCannotBeReadIsReported) {
   EXPECT_THAT(told, ElementsAre(HasSubstr("99999")));
 }
 
+TEST_F(CommandsTest, CheckShowsWhatItFoundAheadOfARowThatEndsIt) {
+  Write(WorkPath + "NODE", "1\n99999,0,0,0,0,0\n");
+  CheckInput();
+  EXPECT_THAT(told, ElementsAre(HasSubstr("99999")));
+  EXPECT_THAT(done, ElementsAre("read -1 " + WorkPath + "InputErr.txt"));
+}
+
 TEST_F(CommandsTest, InputListIsMadeFromTheTablesAndPreviewed) {
   Write(WorkPath + "TITL", "変更後\n");
   PrintInputList();

@@ -113,6 +113,8 @@ TEST_F(ModelStatusTest, TheNumberOfLoadCasesIsSaidAsANumber) {
 TEST_F(ModelStatusTest, UnitsComeFromTheTable) {
   WriteTable("UNIT", "1,0,9.80665,0\n");
   EXPECT_EQ(CurrentModelStatus().units, "入力 ＳＩ単位　出力 工学単位");
+  WriteTable("UNIT", "0,0,0\n2,1,0\n");  // the last row counts, and 2 is no SI
+  EXPECT_EQ(CurrentModelStatus().units, "入力 工学単位　出力 ＳＩ単位");
 }
 
 }  // namespace

@@ -170,6 +170,20 @@ TEST_F(ProjectsTest, OpeningBringsTablesAndResultsInHand) {
   EXPECT_THAT(RecentModels(), ElementsAre(Deck()));
 }
 
+TEST_F(ProjectsTest, OpeningTellsWhatOfADeckIsNotReadAsItMayBeMeant) {
+  Write(Sample() + "b.inp",
+        "@CONT\n1,1,0\n@NODE\n1,－2,0,1,1,1\n@PLOD\n1,1,1\n@PLOD\n1,1,2\n@UNIT\n2,0,9.8,0\n");
+  OnDialog("例題－１", "b");
+  OpenModel();
+  EXPECT_TRUE(ModelIsOpen);
+  EXPECT_THAT(told,
+              ElementsAre(testing::AllOf(
+                  HasSubstr(Sample() + "b.inp ： \n"),
+                  HasSubstr("\n@PLOD が 2 回あります。後のものだけを読み込みました。このまま保存すると"),
+                  HasSubstr("\n4行目 ： @NODE のＸ座標 「－2」 は数値ではありません。0 として"),
+                  HasSubstr("\n10行目 ： @UNIT の入力単位 2 は"))));
+}
+
 TEST_F(ProjectsTest, ModelWithoutResultsLeavesTheAnalysisFolderEmpty) {
   Write(AnalysisPath + "FT031", "of another model");
   OnDialog("例題－１", "門形");
