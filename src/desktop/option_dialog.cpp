@@ -93,8 +93,7 @@ void OptionDialog::Fill(Source source) {
 }
 
 void OptionDialog::Reset() {
-  if (TheHost().question("設定を初期化してよろしいですか？", kApplicationTitle, Buttons::YesNo) ==
-      Answer::Yes)
+  if (TheHost().question(kResetQuestion, kApplicationTitle, Buttons::YesNo) == Answer::Yes)
     Fill(Source::Defaults);
 }
 

@@ -15,6 +15,7 @@
 #include <QPushButton>
 
 #include "desktop/dialog_buttons.h"
+#include "desktop/shown_value.h"
 #include "render/qt_text.h"
 
 namespace zorlan {
@@ -77,14 +78,15 @@ void AskFont(QPushButton& button) {
   size->setSingleStep(0.5);
   size->setValue(old->points);
   size->selectAll();
-  const double shown = size->value();
+  ShownValue<double, double> shown;
+  shown.Set(old->points, size->value());
   auto* const buttons = OkCancelButtons();
   QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
   QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
   auto* const form = new QFormLayout(&dialog);
   form->addRow(ToQt(old->face) + QStringLiteral("の大きさ (pt)"), size);
   form->addRow(buttons);
-  if (dialog.exec() != QDialog::Accepted || size->value() == shown) return;
+  if (dialog.exec() != QDialog::Accepted || shown.Untouched(size->value())) return;
   ShowFont(button, ToQt(OptionFontText(old->face, size->value())));
 }
 
@@ -176,8 +178,11 @@ void OptionTable::AddRow(QGridLayout& grid, int line, std::size_t row, std::span
 }
 
 void OptionTable::SetRows(std::span<const std::string> rows) {
-  rows_.assign(rows.begin(), rows.end());
-  for (std::size_t row = 0; row < names_.size(); ++row) names_[row]->setText(NameOf(forms_[row], rows_[row]));
+  rows_.clear();
+  for (std::size_t row = 0; row < names_.size(); ++row) {
+    rows_.push_back(WrittenOptionRow(forms_[row], rows[row]));
+    names_[row]->setText(NameOf(forms_[row], rows_[row]));
+  }
   for (const Field& field : fields_)
     ShowField(*field.widget, field.part, OptionField(rows_[field.row], field.number));
 }

@@ -17,6 +17,7 @@ class OptionTable : public QWidget {
  public:
   explicit OptionTable(std::span<const OptionRow> forms);
 
+  /// A row a form; the fields are shown, and answered, in the form in which they are written.
   void SetRows(std::span<const std::string> rows);
   /// The rows as the widgets say; fields that aren't offered are as they were set.
   std::vector<std::string> Rows() const;

@@ -65,11 +65,10 @@ ResultOptions::ResultOptions() {
 }
 
 void ResultOptions::Fill(const AnalysisOptions& options) {
-  filled_ = options;
   std::size_t digits = 0;
   for (std::size_t r = 0; r < kDiagrams.size(); ++r) {
     heights_[r]->setValue(static_cast<double>(options.*kDiagrams[r].height));
-    shown_[r] = heights_[r]->value();
+    shownHeights_[r].Set(options.*kDiagrams[r].height, heights_[r]->value());
     if (kDiagrams[r].decimals == nullptr) continue;
     QComboBox* const box = decimals_[digits++];
     box->setCurrentIndex(std::max(0, box->findText(ToQt(options.*kDiagrams[r].decimals))));
@@ -82,10 +81,8 @@ void ResultOptions::Fill(const AnalysisOptions& options) {
 AnalysisOptions ResultOptions::Taken(AnalysisOptions options) const {
   std::size_t digits = 0;
   for (std::size_t r = 0; r < kDiagrams.size(); ++r) {
-    // A box rounds what it shows: a height that nobody has touched stays as it is.
     const double height = heights_[r]->value();
-    options.*kDiagrams[r].height =
-        height == shown_[r] ? filled_.*kDiagrams[r].height : static_cast<float>(height);
+    options.*kDiagrams[r].height = shownHeights_[r].Untouched(height).value_or(static_cast<float>(height));
     if (kDiagrams[r].decimals != nullptr)
       options.*kDiagrams[r].decimals = FromQt(decimals_[digits++]->currentText());
   }

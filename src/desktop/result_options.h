@@ -4,6 +4,7 @@
 #include <array>
 #include <QWidget>
 
+#include "desktop/shown_value.h"
 #include "graphics/options.h"
 
 class QCheckBox;
@@ -21,10 +22,9 @@ class ResultOptions : public QWidget {
   AnalysisOptions Taken(AnalysisOptions options) const;
 
  private:
-  AnalysisOptions filled_;
   std::array<QDoubleSpinBox*, 4> heights_{};  // displacement, axial force, shear, moment
-  std::array<double, 4> shown_{};             // what they showed of those filled in
-  std::array<QComboBox*, 3> decimals_{};      // axial force, shear, moment
+  std::array<ShownValue<float, double>, 4> shownHeights_;
+  std::array<QComboBox*, 3> decimals_{};  // axial force, shear, moment
   QWidget *tension_, *compression_;
   QCheckBox* allCases_;
 };

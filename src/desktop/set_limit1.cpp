@@ -56,10 +56,10 @@ QLineEdit* Box(const char* name) {
 SetLimit1::SetLimit1(ViewingRange& range, QWidget* parent) : QDialog(parent), range_(range) {
   setObjectName(QStringLiteral("SetLimit1"));
   setWindowTitle(QStringLiteral("表示範囲設定"));
-  xLower_ = Box("xLower");
-  xUpper_ = Box("xUpper");
-  yLower_ = Box("yLower");
-  yUpper_ = Box("yUpper");
+  limits_ = {{{&ViewingRange::xLower, Box("xLower"), {}},
+              {&ViewingRange::xUpper, Box("xUpper"), {}},
+              {&ViewingRange::yLower, Box("yLower"), {}},
+              {&ViewingRange::yUpper, Box("yUpper"), {}}}};
   bothEnds_ = new QRadioButton(QStringLiteral("線分が全て範囲内の時表示"));
   bothEnds_->setObjectName(QStringLiteral("bothEnds"));
   oneEnd_ = new QRadioButton(QStringLiteral("線分の片側節点が範囲内の時表示"));
@@ -74,8 +74,8 @@ SetLimit1::SetLimit1(ViewingRange& range, QWidget* parent) : QDialog(parent), ra
     grid->addWidget(new QLabel(QStringLiteral("～")), row, 2);
     grid->addWidget(upper, row, 3);
   };
-  addRow(1, QStringLiteral("Ｘ座標"), xLower_, xUpper_);
-  addRow(2, QStringLiteral("Ｙ座標"), yLower_, yUpper_);
+  addRow(1, QStringLiteral("Ｘ座標"), limits_[0].box, limits_[1].box);
+  addRow(2, QStringLiteral("Ｙ座標"), limits_[2].box, limits_[3].box);
   auto* const buttons = OkCancelButtons();
   auto* const none = buttons->addButton(QStringLiteral("制限なし"), QDialogButtonBox::ResetRole);
   none->setObjectName(QStringLiteral("none"));
@@ -95,35 +95,31 @@ SetLimit1::SetLimit1(ViewingRange& range, QWidget* parent) : QDialog(parent), ra
 }
 
 void SetLimit1::Fill(const ViewingRange& range) {
-  xLower_->setText(LimitText(range.xLower));
-  xUpper_->setText(LimitText(range.xUpper));
-  yLower_->setText(LimitText(range.yLower));
-  yUpper_->setText(LimitText(range.yUpper));
+  for (Limit& limit : limits_) {
+    limit.box->setText(LimitText(range.*limit.of));
+    limit.shown.Set(range.*limit.of, limit.box->text());
+  }
   (range.mode == RangeMode::OneEnd ? oneEnd_ : bothEnds_)->setChecked(true);
 }
 
 void SetLimit1::accept() {
   ViewingRange range;
-  const struct {
-    QLineEdit* box;
-    double& limit;
-  } limits[] = {
-      {xLower_, range.xLower}, {xUpper_, range.xUpper}, {yLower_, range.yLower}, {yUpper_, range.yUpper}};
-  for (const auto& [box, limit] : limits) {
-    const std::optional<double> typed = LimitOf(*box, limit);
-    if (!typed) {
-      Tell("「" + FromQt(box->text()) + "」 は数値ではありません");
-      box->setFocus();
-      box->selectAll();
+  for (const Limit& limit : limits_) {
+    std::optional<double> taken = limit.shown.Untouched(limit.box->text());
+    if (!taken) taken = LimitOf(*limit.box, range.*limit.of);
+    if (!taken) {
+      Tell("「" + FromQt(limit.box->text()) + "」 は数値ではありません");
+      limit.box->setFocus();
+      limit.box->selectAll();
       return;
     }
-    limit = *typed;
+    range.*limit.of = *taken;
   }
   range.mode = oneEnd_->isChecked() ? RangeMode::OneEnd : RangeMode::BothEnds;
   const bool crossed = range.xLower > range.xUpper || range.yLower > range.yUpper;
   if (crossed) {
     Tell("表示範囲の下限が上限を超えています");
-    (range.xLower > range.xUpper ? xLower_ : yLower_)->setFocus();
+    limits_[range.xLower > range.xUpper ? 0 : 2].box->setFocus();
     return;
   }
   range_ = range;

@@ -1,8 +1,11 @@
 // `SetLimit1`: which part of the model plane the figures show.
 #pragma once
 
+#include <array>
 #include <QDialog>
+#include <QString>
 
+#include "desktop/shown_value.h"
 #include "graphics/view.h"
 
 class QLineEdit;
@@ -19,10 +22,16 @@ class SetLimit1 : public QDialog {
   void accept() override;
 
  private:
+  /// A limit of the range and its box.
+  struct Limit {
+    double ViewingRange::*of = nullptr;
+    QLineEdit* box = nullptr;
+    ShownValue<double, QString> shown;
+  };
   void Fill(const ViewingRange& range);
 
   ViewingRange& range_;
-  QLineEdit *xLower_, *xUpper_, *yLower_, *yUpper_;
+  std::array<Limit, 4> limits_;  // x lower, upper, y lower, upper
   QRadioButton *bothEnds_, *oneEnd_;
 };
 

@@ -343,6 +343,20 @@ TEST_F(FiguresTest, OptionsAreTakenByOkAlone) {
   EXPECT_TRUE(FileExists(AppPath + "MODELEST.PRM"));
 }
 
+TEST_F(FiguresTest, OptionsAreWrittenInTheirOwnFormHoweverTheFileHadThem) {
+  DispOption.rows[0] = "節点番号,ＭＳ ゴシック(8pt),&hff,ON";
+  DispOption.rows[3] = "要素,03,実線,&HFF,ON";
+  DispOption.rows[4] = "節点荷重, 12dot ,実線,&H0000ff,ON";
+  Script().Expect(QStringLiteral("frmModelOption"), [](QWidget& dialog) {
+    EXPECT_EQ(Child<QComboBox>(&dialog, "row4field2")->currentText(), QStringLiteral("3dot"));
+    Click(dialog, "ok");
+  });
+  Tool("figure-options")->trigger();
+  EXPECT_EQ(DispOption.rows[0], "節点番号,ＭＳ ゴシック(8pt),&H0000FF,ON");
+  EXPECT_EQ(DispOption.rows[3], "要素,3dot,実線,&H0000FF,ON");
+  EXPECT_EQ(DispOption.rows[4], "節点荷重,12dot,実線,&H0000FF,ON");
+}
+
 TEST_F(FiguresTest, ResetAsksAndCancelBehindItChangesNothing) {
   Script().Expect(QStringLiteral("frmModelOption"), [](QWidget& dialog) {
     Child<QComboBox>(&dialog, "row1field4")->setCurrentText(QStringLiteral("OFF"));
@@ -521,6 +535,22 @@ TEST_F(FiguresTest, LimitsAreNumbersInAnyOfTheirForms) {
     Tool("figure-range")->trigger();
     EXPECT_EQ(DispOption.range.yUpper, c.limit) << c.typed;
   }
+}
+
+TEST_F(FiguresTest, LimitsThatNobodyTouchesKeepTheirLastDigit) {
+  const ViewingRange fine{.xLower = -7.0 / 3, .xUpper = 2.33333333, .yUpper = 1e-9};
+  DispOption.range = fine;
+  const auto ok = [](QWidget& dialog) { Click(dialog, "ok"); };
+  Script().Expect(QStringLiteral("SetLimit1"), ok);
+  Tool("figure-range")->trigger();
+  EXPECT_EQ(DispOption.range, fine);
+  Script().Expect(QStringLiteral("SetLimit1"), [](QWidget& dialog) {
+    Type(Child<QLineEdit>(&dialog, "xLower"), QStringLiteral("-2.5"));
+    Child<QLineEdit>(&dialog, "yUpper")->clear();
+    Click(dialog, "ok");
+  });
+  Tool("figure-range")->trigger();
+  EXPECT_EQ(DispOption.range, (ViewingRange{.xLower = -2.5, .xUpper = 2.33333333}));
 }
 
 /// The choice of figures for pages.
