@@ -38,6 +38,9 @@ void InstallSignalHandlers() {
   action.sa_flags = 0;
   ::sigaction(SIGPIPE, &action, nullptr);
   ::sigaction(SIGXFSZ, &action, nullptr);
+  // Whoever started this program may have ignored the ends of its children: these would then leave no status.
+  action.sa_handler = SIG_DFL;
+  ::sigaction(SIGCHLD, &action, nullptr);
 }
 
 /// The line of progress on a terminal.
@@ -111,24 +114,30 @@ int Spawn(const std::string& program, const std::string& folder, const sigset_t&
   return error;
 }
 
+/// Waits for a child's end. The child stays unreaped until the signal handler knows no longer of it: up to
+/// then its number is that of no other process.
+ProgramEnd EndOf(pid_t child) {
+  siginfo_t seen{};
+  while (::waitid(P_PID, static_cast<id_t>(child), &seen, WEXITED | WNOWAIT) < 0 && errno == EINTR) {
+  }
+  childProcess = 0;
+  int status = 0;
+  if (::waitpid(child, &status, 0) < 0) return {ProgramEnd::How::Killed, 0, std::strerror(errno)};
+  if (WIFSIGNALED(status)) return {ProgramEnd::How::Killed, WTERMSIG(status), {}};
+  return {ProgramEnd::How::Exited, WEXITSTATUS(status), {}};
+}
+
 ProgramEnd RunAndWait(const std::string& program, const std::string& folder) {
-  ProgramEnd end;
   pid_t child = 0;
   {
     const SignalsHeld held;
     if (const int error = Spawn(program, folder, held.Before(), child); error != 0) {
-      end.reason = std::strerror(error);
-      return end;
+      return {ProgramEnd::How::NotStarted, 0, std::strerror(error)};
     }
     childProcess = child;
   }
-  int status = 0;
-  while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
-  }
-  childProcess = 0;
+  const ProgramEnd end = EndOf(child);
   ThrowIfInterrupted();
-  end.how = WIFSIGNALED(status) ? ProgramEnd::How::Killed : ProgramEnd::How::Exited;
-  end.code = WIFSIGNALED(status) ? WTERMSIG(status) : WEXITSTATUS(status);
   return end;
 }
 

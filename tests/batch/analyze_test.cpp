@@ -323,6 +323,14 @@ TEST_F(BatchCompanion, OneThatFailsIsAMessage) {
   EXPECT_THAT(Results(program_), IsEmpty());
 }
 
+// Who ignores the ends of its children hands that on to the programs that it starts.
+TEST_F(BatchCompanion, OneThatFailsIsToldWithItsCodeWhateverTheParentIgnores) {
+  PutCompanion("exit 3\n");
+  const BatchResult result = program_.Shell("trap '' CHLD; exec bin/zorlan-batch analyze model.inp");
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.err, AllOf(HasSubstr("anaZorlan"), HasSubstr("終了コード 3")));
+}
+
 TEST_F(BatchCompanion, MayPrintWithoutDisturbingTheProduct) {
   PutCompanion("echo noise; exec \"$(dirname $ZORLAN)/anaZorlan\"\n");
   const BatchResult result = program_.Shell("bin/zorlan-batch analyze model.inp");
