@@ -42,36 +42,48 @@ std::string Complaint(const CLI::App& app, const CLI::ParseError& error) {
   if (!remaining.empty()) return "引数 「" + remaining.front() + "」 は使えません";
   if (app.get_subcommands().empty()) return "コマンドを指定してください";
   if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
-    if (app.get_subcommands().front()->get_option_no_throw("FILE") != nullptr)
-      return "リストのファイルを指定してください";
-    const bool convert = app.get_subcommands().front()->get_option_no_throw("FOLDER") != nullptr;
-    return convert ? "旧版のモデルのフォルダと入力データファイル（.inp）を指定してください"
-                   : "入力データファイル（.inp）を指定してください";
+    const std::string name = app.get_subcommands().front()->get_name();
+    for (const Command& command : Commands())
+      if (name == command.name) return command.incomplete;
   }
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) return "オプションの値がありません";
   return std::string("引数が正しくありません ： ") + error.what();
 }
 
-std::string FigureRefusal(const Request& request) {
-  if (request.decks.size() > 1) return "図は、入力データファイルを一つだけ指定して出力します";
-  if (request.output.empty()) return "出力するファイル（--output）を指定してください";
-  if (!FigureFormOf(request.output))
-    return request.output + " ： ファイルの種類は .dxf .pdf .svg .png .tmp のどれかです";
-  if (!FigureKindOf(request.figureKind))
-    return "図の種類（--kind）を " + FigureKindWords() + " から指定してください";
-  return {};
+void AddWord(CLI::App& level, const Word& word, Request& request) {
+  const bool isOption = std::string_view(word.name).starts_with("--");
+  const std::string description = word.description + (word.choices != nullptr ? word.choices() : "");
+  CLI::Option* added = nullptr;
+  if (const auto* const list = std::get_if<std::vector<std::string> Request::*>(&word.target)) {
+    added = level.add_option(word.name, request.**list, description);
+    if (!word.many) added->expected(1);
+  } else if (const auto* const text = std::get_if<std::string Request::*>(&word.target)) {
+    added = level.add_option(word.name, request.**text, description);
+  } else if (const auto* const number = std::get_if<int Request::*>(&word.target)) {
+    added = level.add_option(word.name, request.**number, description)->check(WholeNumberRefusal, "");
+  }
+  added->type_name(word.type);
+  if (isOption)
+    added->group(kOptionGroup);
+  else
+    added->required();
 }
 
-/// What keeps a well-formed command from being carried out; empty: nothing.
-std::string Refusal(const Request& request) {
-  if (request.command->words == Command::Words::ListingAndPdf && request.output.empty())
-    return "ＰＤＦファイル（--output）を指定してください";
-  if (request.command->words == Command::Words::DeckAndFigure) return FigureRefusal(request);
-  if (request.command->words != Command::Words::DecksAndCsv) return {};
-  if (request.csvFolder.empty()) return "出力先フォルダを指定してください";
-  if (!request.csvName.empty() && request.decks.size() > 1)
-    return "ファイル名（--name）は、入力データファイルが一つの時だけ指定できます";
-  return {};
+void AddHelp(CLI::App& level) {
+  level.set_help_flag("-h,--help", "この説明を表示します")->group(kOptionGroup);
+  level.set_version_flag("--version", std::string(kProgram) + " " + VersionText(), "版を表示します")
+      ->group(kOptionGroup);
+}
+
+void AddCommands(CLI::App& app, Request& request) {
+  for (const Command& command : Commands()) {
+    CLI::App* const level = app.add_subcommand(command.name, command.description);
+    level->group("コマンド");
+    level->fallthrough();
+    AddHelp(*level);
+    level->callback([&request, &command] { request.command = &command; });
+    for (const Word& word : command.words) AddWord(*level, word, request);
+  }
 }
 
 }  // namespace
@@ -81,69 +93,15 @@ std::variant<Request, ExitCode> ParseCommandLine(int argc, char** argv) {
   CLI::App app("任意平面骨組の応力解析をウィンドウなしで行います", kProgram);
   app.formatter(JapaneseFormatter());
   app.require_subcommand(1);
-  const std::string version = std::string(kProgram) + " " + VersionText();
-  const auto addCommon = [&](CLI::App& level) {
-    level.set_help_flag("-h,--help", "この説明を表示します")->group(kOptionGroup);
-    level.set_version_flag("--version", version, "版を表示します")->group(kOptionGroup);
-  };
-  addCommon(app);
+  AddHelp(app);
   app.add_option("--documents", request.documents, "ドキュメントフォルダ（断面テーブルの場所）")
       ->type_name("DIR")
       ->group(kOptionGroup);
-  for (const Command& command : Commands()) {
-    CLI::App* const level = app.add_subcommand(command.name, command.description);
-    level->group("コマンド");
-    level->fallthrough();
-    addCommon(*level);
-    level->callback([&request, &command] { request.command = &command; });
-    if (command.words == Command::Words::OldModelAndDeck) {
-      level->add_option("FOLDER", request.oldModel, "旧版のモデルのフォルダ")->required()->type_name("");
-      level
-          ->add_option_function<std::string>(
-              "DECK", [&request](const std::string& deck) { request.decks = {deck}; },
-              "作成する入力データファイル")
-          ->required()
-          ->type_name("");
-    } else if (command.words == Command::Words::ListingAndPdf) {
-      level
-          ->add_option_function<std::string>(
-              "FILE", [&request](const std::string& listing) { request.decks = {listing}; },
-              "リストのファイル")
-          ->required()
-          ->type_name("");
-      level->add_option("--output", request.output, "作成するＰＤＦファイル")
-          ->type_name("FILE.pdf")
-          ->group(kOptionGroup);
-    } else {
-      level->add_option("DECK", request.decks, "入力データファイル <model>.inp（いくつでも）")
-          ->required()
-          ->type_name("");
-    }
-    if (command.words == Command::Words::DeckAndFigure) {
-      level->add_option("--kind", request.figureKind, "図の種類 ： " + FigureKindWords())
-          ->type_name("KIND")
-          ->group(kOptionGroup);
-      level->add_option("--case", request.loadCase, "荷重ケース（省略時は 1）")
-          ->check(WholeNumberRefusal, "")
-          ->type_name("N")
-          ->group(kOptionGroup);
-      level->add_option("--output", request.output, "出力するファイル .dxf .pdf .svg .png .tmp")
-          ->type_name("FILE")
-          ->group(kOptionGroup);
-    }
-    if (command.words == Command::Words::DecksAndCsv) {
-      level->add_option("--folder", request.csvFolder, "出力先フォルダ")
-          ->type_name("DIR")
-          ->group(kOptionGroup);
-      level->add_option("--name", request.csvName, "ファイル名（省略時はモデル名）")
-          ->type_name("BASE")
-          ->group(kOptionGroup);
-    }
-  }
-
+  AddCommands(app, request);
   try {
     app.parse(argc, argv);
-    const std::string refusal = Refusal(request);
+    const auto refusalOf = request.command->refusal;
+    const std::string refusal = refusalOf != nullptr ? refusalOf(request) : std::string();
     if (refusal.empty()) return request;
     Tell(refusal);
     return kUsage;

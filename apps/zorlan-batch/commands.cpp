@@ -172,25 +172,72 @@ ExitCode DrawFigure(const Request& request) {
                  std::to_string(request.loadCase), request.output});
 }
 
+std::string CsvRefusal(const Request& request) {
+  if (request.csvFolder.empty()) return "出力先フォルダを指定してください";
+  if (!request.csvName.empty() && request.decks.size() > 1)
+    return "ファイル名（--name）は、入力データファイルが一つの時だけ指定できます";
+  return {};
+}
+
+std::string FigureRefusal(const Request& request) {
+  if (request.decks.size() > 1) return "図は、入力データファイルを一つだけ指定して出力します";
+  if (request.output.empty()) return "出力するファイル（--output）を指定してください";
+  if (!FigureFormOf(request.output))
+    return request.output + " ： ファイルの種類は .dxf .pdf .svg .png .tmp のどれかです";
+  if (!FigureKindOf(request.figureKind))
+    return "図の種類（--kind）を " + FigureKindWords() + " から指定してください";
+  return {};
+}
+
+std::string PrintRefusal(const Request& request) {
+  return request.output.empty() ? "ＰＤＦファイル（--output）を指定してください" : "";
+}
+
+constexpr Word kDecks{"DECK", "入力データファイル <model>.inp（いくつでも）", &Request::decks, "",
+                      /*many=*/true};
+constexpr Word kDeckWords[] = {kDecks};
+constexpr Word kCsvWords[] = {
+    kDecks,
+    {"--folder", "出力先フォルダ", &Request::csvFolder, "DIR"},
+    {"--name", "ファイル名（省略時はモデル名）", &Request::csvName, "BASE"},
+};
+constexpr Word kConvertWords[] = {
+    {"FOLDER", "旧版のモデルのフォルダ", &Request::oldModel},
+    {"DECK", "作成する入力データファイル", &Request::decks},
+};
+constexpr Word kFigureWords[] = {
+    kDecks,
+    {"--kind", "図の種類 ： ", &Request::figureKind, "KIND", false, FigureKindWords},
+    {"--case", "荷重ケース（省略時は 1）", &Request::loadCase, "N"},
+    {"--output", "出力するファイル .dxf .pdf .svg .png .tmp", &Request::output, "FILE"},
+};
+constexpr Word kPrintWords[] = {
+    {"FILE", "リストのファイル", &Request::decks},
+    {"--output", "作成するＰＤＦファイル", &Request::output, "FILE.pdf"},
+};
+
+constexpr const char* kNoDeckWord = "入力データファイル（.inp）を指定してください";
+constexpr const char* kNoDeck = " ： 入力データファイルがありません";
+constexpr const char* kNoListing = " ： リストのファイルがありません";
+
 constexpr Command kCommands[] = {
-    {"analyze", "静解析を行い、<model>.ANA と <model>.out を作成します", Analyze},
-    {"check", "入力データのエラーチェックを行います", Check},
-    {"input-list", "入力データリストを標準出力に書きます", InputList},
-    {"csv", "解析結果を３つのＣＳＶファイルに出力します", Csv, Command::Words::DecksAndCsv},
-    {"convert", "旧版（Ver1）のモデルのフォルダを入力データファイルに変換します", Convert,
-     Command::Words::OldModelAndDeck},
-    {"figure", "図を１つ、ファイル（.dxf .pdf .svg .png .tmp）に出力します", DrawFigure,
-     Command::Words::DeckAndFigure},
-    {"print", "リストを印刷の形でＰＤＦファイルに出力します", Print, Command::Words::ListingAndPdf},
+    {"analyze", "静解析を行い、<model>.ANA と <model>.out を作成します", Analyze, kDeckWords, kNoDeckWord,
+     kNoDeck},
+    {"check", "入力データのエラーチェックを行います", Check, kDeckWords, kNoDeckWord, kNoDeck},
+    {"input-list", "入力データリストを標準出力に書きます", InputList, kDeckWords, kNoDeckWord, kNoDeck},
+    {"csv", "解析結果を３つのＣＳＶファイルに出力します", Csv, kCsvWords, kNoDeckWord, kNoDeck, CsvRefusal},
+    {"convert", "旧版（Ver1）のモデルのフォルダを入力データファイルに変換します", Convert, kConvertWords,
+     "旧版のモデルのフォルダと入力データファイル（.inp）を指定してください", nullptr},
+    {"figure", "図を１つ、ファイル（.dxf .pdf .svg .png .tmp）に出力します", DrawFigure, kFigureWords,
+     kNoDeckWord, kNoDeck, FigureRefusal, /*becomesAnother=*/true},
+    {"print", "リストを印刷の形でＰＤＦファイルに出力します", Print, kPrintWords,
+     "リストのファイルを指定してください", kNoListing, PrintRefusal, /*becomesAnother=*/true},
 };
 
 ExitCode RunOnDeck(const Request& request, const std::string& deck) {
   try {
-    if (request.command->words != Command::Words::OldModelAndDeck && !FileExists(deck)) {
-      const bool listing = request.command->words == Command::Words::ListingAndPdf;
-      const std::string missing =
-          listing ? " ： リストのファイルがありません" : " ： 入力データファイルがありません";
-      Tell(deck + (FolderExists(deck) ? " ： フォルダです" : missing));
+    if (request.command->absent != nullptr && !FileExists(deck)) {
+      Tell(deck + (FolderExists(deck) ? " ： フォルダです" : request.command->absent));
       return kUsage;
     }
     SetModelInHand(deck);

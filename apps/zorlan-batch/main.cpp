@@ -35,10 +35,7 @@ int main(int argc, char** argv) {
     if (const ExitCode* const code = std::get_if<ExitCode>(&parsed)) return *code;
     const Request& request = std::get<Request>(parsed);
     std::optional<PrivateFolder> folder;
-    // Who becomes another program can't remove a folder behind it, and needs none.
-    const bool printed = request.command->words == Command::Words::ListingAndPdf ||
-                         request.command->words == Command::Words::DeckAndFigure;
-    if (!printed) folder.emplace();
+    if (!request.command->becomesAnother) folder.emplace();
     return RunCommand(request);
   } catch (const Interrupted& interrupted) {
     DieBySignal(interrupted.signal);

@@ -144,14 +144,23 @@ constexpr StartStep kStartSteps[] = {
 
 }  // namespace
 
-void SetFolders(const std::string& documents) {
+void SetTree(const std::string& documents) {
   AppPath = ProgramTree(documents.empty() ? DocumentsFolder() : documents);
   DefaultDataPath = FolderText(AppPath + "DATA");
+  for (const TableFolder& folder : kTableFolders)
+    folder.path = FolderText(AppPath + std::string(folder.name));
+}
+
+void UseSeedTables(const std::string& install) {
+  for (const TableFolder& folder : kTableFolders)
+    if (!FolderExists(folder.path)) folder.path = FolderText(FolderText(install) + std::string(folder.name));
+}
+
+void SetFolders(const std::string& documents) {
+  SetTree(documents);
   WorkPath = FolderText(AppPath + "WK");
   AnalysisPath = FolderText(AppPath + "AN");
   DataPath = DefaultDataPath;
-  for (const TableFolder& folder : kTableFolders)
-    folder.path = FolderText(AppPath + std::string(folder.name));
 }
 
 void SetUpFolders(const std::string& install) {

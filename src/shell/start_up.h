@@ -25,7 +25,14 @@ struct StartUp {
   SystemPrinters printers;  // installed printers
 };
 
-/// Sets AppPath and all folders that follow from it, the folders of the section tables included.
+/// Sets AppPath under the documents folder (empty: DocumentsFolder()), and the folders of the models and of
+/// the section tables in it. The work folders, which are one run's own, stay.
+void SetTree(const std::string& documents);
+
+/// Points the folders of the section tables that the tree lacks at the seed copies in the install folder.
+void UseSeedTables(const std::string& install);
+
+/// SetTree, and the work folders in the tree.
 void SetFolders(const std::string& documents);
 
 /// Makes the missing folders and brings the seed copies in, a deleted sample project included; then looks for
