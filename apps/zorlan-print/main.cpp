@@ -2,8 +2,8 @@
 // zorlan-print figure TREE DECK KIND CASE FILE: a figure of a deck as PDF, SVG or PNG.
 // The printer settings and display options are those of the program's tree. It serves `zorlan-batch`, which
 // has looked at the words already.
+#include <charconv>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <new>
 #include <QGuiApplication>
@@ -50,9 +50,16 @@ std::string FigureFile(const FigurePicture& picture, const std::string& path) {
   return PicturesPdf({&picture, 1});
 }
 
+/// A word that is no whole number is no case.
+int CaseOf(std::string_view word) {
+  int loadCase = 0;
+  std::from_chars(word.data(), word.data() + word.size(), loadCase);
+  return loadCase;
+}
+
 void WriteFigure(std::span<char*> words) {
   SetModelInHand(words[0]);
-  const SelectedFigure choice{FigureKindOf(words[1]).value_or(kModelFigure), std::atoi(words[2])};
+  const SelectedFigure choice{FigureKindOf(words[1]).value_or(kModelFigure), CaseOf(words[2])};
   FigurePicture picture(SheetOfFigure(choice).sheet);
   DrawFigureOfDeck(picture, choice);
   ReplaceBytes(words[3], FigureFile(picture, words[3]), Flush::No);

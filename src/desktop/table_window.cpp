@@ -14,6 +14,7 @@
 #include <QTabBar>
 
 #include "base/host.h"
+#include "base/number.h"
 #include "desktop/cell_box.h"
 #include "desktop/dialog_buttons.h"
 #include "desktop/main_window.h"
@@ -275,7 +276,7 @@ void TableWindow::ShowInFigure() {
   if (figure == nullptr) return;
   const bool beside = window_.Forms().ShowBeside(figure, this);
   const CellPlace at = view_->Current();
-  const int number = static_cast<int>(editor_.View(at.page, at.row).Real(1));
+  const int number = ReadInt16(editor_.View(at.page, at.row).Text(1)).value_or(0);
   const std::string_view key = editor_.Form().keyBlank;  // the word for what the rows are of
   for (const std::string_view table : {"NODE", "ELEM"})
     if (key == FindTableForm("Inp" + std::string(table))->keyBlank) TheWindows().markInFigure(table, number);
