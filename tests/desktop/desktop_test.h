@@ -16,9 +16,22 @@
 #include "desktop/modal_script.h"
 #include "model/model_state.h"
 #include "render/qt_text.h"
+#include "shell/windows.h"
 #include "temporary_folder.h"
 
 namespace zorlan::test {
+
+/// Brings the table of windows in force back at its end, however the test ends.
+class WindowsKept {
+ public:
+  WindowsKept() = default;
+  ~WindowsKept() { InstallWindows(windows_); }
+  WindowsKept(const WindowsKept&) = delete;
+  WindowsKept& operator=(const WindowsKept&) = delete;
+
+ private:
+  ShellWindows windows_ = TheWindows();
+};
 
 class DesktopTest : public testing::Test {
  protected:

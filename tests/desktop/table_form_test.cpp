@@ -194,6 +194,7 @@ TEST_F(TableFormTest, TheClipboardKeysWorkOnTheBoxWhileItIsOpen) {
 TEST_F(TableFormTest, TheEditMenuInsertsDeletesAddsAndAssigns) {
   OpenModel("1,2,0,0", "@NODE\n1,0,0,0,0,0\n2,6,0,0,0,0\n");
   OpenNodes();
+  const WindowsKept kept;
   ShellWindows windows = TheWindows();
   windows.addNum = [](std::string_view mode) { return mode == "Add" ? "1.5" : "1"; };
   InstallWindows(windows);
@@ -390,6 +391,7 @@ TEST_F(TableFormTest, ASavingWithABadRowStops) {
 TEST_F(TableFormTest, TheRedrawButtonHandsTheRowsToTheFigure) {
   OpenModel("1,2,0,0", "@NODE\n1,0,0,1,1,1\n2,6,0,0,0,0\n@ELEM\n1,1,2,0,0,1\n");
   std::vector<TypedTable> drawn;
+  const WindowsKept kept;
   ShellWindows windows = TheWindows();
   windows.drawTyped = [&](const std::vector<TypedTable>& tables) { drawn = tables; };
   InstallWindows(windows);
@@ -408,7 +410,6 @@ TEST_F(TableFormTest, TheRedrawButtonHandsTheRowsToTheFigure) {
   EXPECT_EQ(drawn[1].rows[2].cells, (std::vector<std::string>{"3", "6", "4"}));
   EXPECT_FALSE(FileExists(ListingPath()));
   EXPECT_EQ(TableFile("NODE"), "1,0,0,1,1,1\r\n2,6,0,0,0,0\r\n") << "the button writes nothing";
-  InstallWindows({});
 }
 
 TEST_F(TableFormTest, ARedrawLooksAtTheListingAloneAndLeavesTheEntriesOfTheResults) {
@@ -425,6 +426,7 @@ TEST_F(TableFormTest, ARedrawLooksAtTheListingAloneAndLeavesTheEntriesOfTheResul
 
 TEST_F(TableFormTest, AFigureThatCannotBeDrawnHoldsNoFormWhoseTableIsWritten) {
   OpenModel("1,2,0,0", "@NODE\n1,0,0,1,1,1\n");
+  const WindowsKept kept;
   ShellWindows windows = TheWindows();
   windows.drawTyped = [](const std::vector<TypedTable>&) { throw Fault("描けません"); };
   InstallWindows(windows);
@@ -434,11 +436,11 @@ TEST_F(TableFormTest, AFigureThatCannotBeDrawnHoldsNoFormWhoseTableIsWritten) {
   Table().CloseForm();
   EXPECT_EQ(OpenForm("InpNODE"), nullptr);
   EXPECT_EQ(TableFile("NODE"), "2,0,0,1,1,1\r\n");
-  InstallWindows({});
 }
 
 TEST_F(TableFormTest, TheSectionButtonWorksOnTheCurrentRow) {
   OpenModel("1,2,0,0", "@SECT\n1,1,30,60,0,0,1,210,90\n");
+  const WindowsKept kept;
   ShellWindows windows = TheWindows();
   windows.sectionEntry = [](std::vector<std::string>& cells) {
     EXPECT_EQ(cells[2], "30");
