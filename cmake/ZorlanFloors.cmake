@@ -22,7 +22,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(zorlan_options INTERFACE -Wno-restrict)
 endif()
 
-# zorlan_floor(NAME [LINKS target...]): the library zorlan_NAME of all sources in src/NAME.
+# zorlan_floor(NAME [LINKS target...] [PRIVATE_LINKS target...]): the library zorlan_NAME of all sources in src/NAME. What is
+# linked privately isn't seen by the floors above.
 function(zorlan_floor name)
   cmake_parse_arguments(FLOOR "" "" "LINKS;PRIVATE_LINKS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${name}/*.cpp)

@@ -45,8 +45,8 @@ std::string_view FrontWithin(std::string_view text, std::size_t width);
 std::string PadLeft(std::string_view text, std::size_t width);
 std::string PadRight(std::string_view text, std::size_t width);
 
-/// The text in pieces of at most `width` half-width columns (2 at least), broken between any two characters;
-/// one piece for an empty text.
+/// The text in pieces of at most `width` half-width columns, broken between any two characters; a character
+/// that is wider on its own is a piece. One piece for an empty text.
 std::vector<std::string_view> InPiecesOf(std::string_view text, std::size_t width);
 
 }  // namespace zorlan

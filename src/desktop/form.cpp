@@ -347,11 +347,6 @@ bool FormArea::CloseOthers() {
   return true;
 }
 
-void FormArea::SetFormsEnabled(bool enabled, const std::vector<std::string>& except) {
-  for (Form* const form : Forms())
-    if (std::ranges::find(except, FromQt(form->objectName())) == except.end()) form->setEnabled(enabled);
-}
-
 FormArea::~FormArea() {
   for (QMdiSubWindow* const frame : subWindowList()) delete frame;  // before the style that they draw with
 }

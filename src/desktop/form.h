@@ -116,8 +116,6 @@ class FormArea : public QMdiArea {
   /// Whether one of them holds what isn't committed.
   bool AnyChanged() const;
   void FollowState();
-  /// Every form but those named takes input, or takes none.
-  void SetFormsEnabled(bool enabled, const std::vector<std::string>& except);
 
   void ResetCascade();
   void CascadeForms();

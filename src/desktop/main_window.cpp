@@ -100,7 +100,7 @@ struct CommandRow {
   void (*run)(MainWindow& window);
 };
 
-/// The commands whose windows are there. The others' entries are off.
+/// Every command, and what it runs.
 constexpr std::array kCommands = {
     CommandRow{Command::New, "NewModel", [](MainWindow&) { NewModel(); }},
     CommandRow{Command::Open, "OpenModel", [](MainWindow&) { OpenModel(); }},

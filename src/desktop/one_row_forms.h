@@ -10,7 +10,6 @@
 #include "desktop/form.h"
 #include "forms/small_forms.h"
 
-class QBoxLayout;
 class QButtonGroup;
 class QComboBox;
 class QLabel;
@@ -85,7 +84,6 @@ class InpUNIT : public OneRowForm {
  private:
   QButtonGroup* AddGroup(UnitField field, const char* name);
   void Take(UnitField field, int index);
-  void ShowForces();
   UnitEntry Entry() const;
   void FocusOn(UnitField field);
 

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QToolTip>
+#include <utility>
 
 #include "desktop/cell_box.h"
 #include "desktop/ledger_delegate.h"

@@ -117,8 +117,7 @@ void WriteVariable(DxfFile& dxf, std::string_view name, double x, double y, bool
 void BeginEntity(DxfFile& dxf, std::string_view type, std::string_view layer, Rgb colour) {
   WriteDXFPair(dxf, 0, type);
   WriteDXFPair(dxf, 8, layer);
-  const int number = ColourToACI(colour);
-  if (number > 0) WriteDXFPair(dxf, 62, number);
+  WriteDXFPair(dxf, 62, ColourToACI(colour));
 }
 
 void WriteLineTypes(DxfFile& dxf) {

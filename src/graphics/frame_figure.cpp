@@ -276,10 +276,6 @@ double SupportSize(const FigureOptions& options) {
   return kSupportPerRadius * NodeRadius(options);
 }
 
-std::string_view FigureName(int kind) {
-  return KindOf(kind).name;
-}
-
 bool IsNodeShown(const Figure& figure, int number) {
   return number >= 0 && static_cast<std::size_t>(number) < figure.NodeShown.size() &&
          figure.NodeShown[static_cast<std::size_t>(number)] != 0;

@@ -27,9 +27,6 @@ enum FigureKind : int {
   kRcRatioFigure,
 };
 
-/// "荷重ﾁｪｯｸ図" ... ; empty for the model figure.
-std::string_view FigureName(int kind);
-
 /// A figure and its view, as its form keeps them from one redraw to the next.
 struct Figure {
   FigureModel model;

@@ -45,6 +45,7 @@ class LabelField {
   /// What a box covers; where that is no less than `limit` the count may stop at it.
   Covered CoveredBy(const Rectangle& box, const Covered& limit = Covered::Everything()) const;
 
+  /// How many cells along the way hold a line or mark.
   int LinesBetween(Point from, Point to) const;
 
   /// A text is there.
@@ -85,6 +86,7 @@ class Crowding {
   void Add(Point p, double width, double height) {
     if (!need_.empty()) need_[PartOf(p)] += width * height;
   }
+  /// Whether the labels of the point's part need more than `kFull` times its area.
   bool IsFull(Point p) const { return !need_.empty() && need_[PartOf(p)] > kFull * side_ * side_; }
 
  private:

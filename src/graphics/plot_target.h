@@ -45,8 +45,8 @@ struct Surface {
 };
 
 /// Text is measured by rule and not by a font file, so that a figure is the same on every machine: a
-/// half-width character is half as wide as the font is high, a full-width one as wide. The face that the
-/// program brings keeps this exactly.
+/// half-width character is half as wide as the font is high, a full-width one as wide. The gothic face
+/// of the figures (render/fonts.h) keeps this exactly.
 double TextWidth(std::string_view text, double height);
 inline double TextHeight(double height) {
   return height;

@@ -152,10 +152,6 @@ std::string_view SupportSymbol(const std::array<std::int16_t, 3>& code) {
   return known == std::end(kCodes) ? kCodes[0] : *known;
 }
 
-std::span<const std::string_view> SupportSymbols() {
-  return kCodes;
-}
-
 void DrawSpringX(Plot& plot, Point at, double size, Rgb colour, SupportSide side) {
   DrawStrokes(plot, Place(at, size, AngleOf(Ground::Aside, 0, side)), kSpring, colour);
 }

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <span>
 #include <string_view>
 
 #include "graphics/plot.h"
@@ -13,9 +12,6 @@ namespace zorlan {
 /// The symbol's code of a node: three digits for x, y and rotation; "3" becomes "1", "1", "2" in the first,
 /// second and third place; what is not recognised is "000", which draws nothing.
 std::string_view SupportSymbol(const std::array<std::int16_t, 3>& code);
-
-/// All codes that have a symbol, "000" first.
-std::span<const std::string_view> SupportSymbols();
 
 /// Where the ground of a support stands that holds its node in x.
 enum class SupportSide : std::uint8_t { Left, Right };

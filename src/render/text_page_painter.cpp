@@ -1,5 +1,6 @@
 #include "render/text_page_painter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <QBuffer>
 #include <QByteArray>

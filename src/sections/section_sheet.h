@@ -12,7 +12,6 @@ namespace zorlan {
 
 /// The first five are the steel families, in their order.
 enum class SheetKind { H, Box, Pipe, Channel, Angle, Grades, TimberSections };
-inline constexpr std::size_t kSheetKinds = 7;
 inline constexpr std::size_t kSheetRows = 10000;  // that a sheet shows
 
 struct SheetColumn {

@@ -40,7 +40,6 @@ struct SteelColumn {
 };
 
 inline constexpr std::size_t kMaxSteelColumns = 19;
-inline constexpr std::size_t kMaxKeyDimensions = 4;
 
 struct SteelFamilyForm {
   std::string_view word;   // names the family in section names and file names

@@ -53,10 +53,6 @@ void ShowText(int printFlag, bool preview, const std::string& path) {
                         path.empty() ? PrintFile(printFlag) : path);
 }
 
-int CurrentPrintFlag() {
-  return ReadInt16(GetPrivateSetting(kApp, kSection, kKey, "0")).value_or(kPrintCheck);
-}
-
 void ShowListing(const std::string& path) {
   ShowText(kPrintListing, /*preview=*/false, path);
 }

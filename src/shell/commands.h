@@ -11,8 +11,6 @@ namespace zorlan {
 
 /// Keeps the flag under ("ZOR", "PrnText", "PrintFlag") and shows its file. `path` empty: PrintFile(flag).
 void ShowText(int printFlag, bool preview, const std::string& path = {});
-/// The flag as it was kept.
-int CurrentPrintFlag();
 
 /// "静解析": closes the table forms, saves the model without asking, analyses, and follows the result files.
 /// True if it finished.

@@ -151,9 +151,9 @@ void CopyStoredResults(const ModelPlace& from, const ModelPlace& to) {
 /// again, by which the status tells them.
 void MakeOlderThanDeck(const ModelPlace& place, std::string_view name) {
   const std::string file = FolderText(BasePath(place) + kResultsEnding) + std::string(name);
-  std::error_code ignored;  // without the file there is nothing to be taken for new
-  const auto deck = std::filesystem::last_write_time(NativePath(place.Deck()), ignored);
-  if (!ignored) std::filesystem::last_write_time(NativePath(file), deck - std::chrono::seconds(1), ignored);
+  std::error_code error;  // without the file there is nothing to be taken for new
+  const auto deck = std::filesystem::last_write_time(NativePath(place.Deck()), error);
+  if (!error) std::filesystem::last_write_time(NativePath(file), deck - std::chrono::seconds(1), error);
 }
 
 bool MayOverwrite(const ModelPlace& place) {

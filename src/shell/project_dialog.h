@@ -61,7 +61,7 @@ void RemoveStoredResults(const ModelPlace& place);
 /// The message about a deck that can't be opened.
 void TellCannotOpen();
 
-/// Whether a name can be given to a project or a model in `folder`: nothing in it that a file system, the
+/// Whether a name can be given to a project or a model: nothing in it that a file system, the
 /// settings files or the result folder's name can't take.
 bool IsUsableName(std::string_view name);
 

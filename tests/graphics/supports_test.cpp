@@ -24,6 +24,16 @@ std::vector<std::string> Drawn(std::string_view code, double angle = 0,
   return surface.lines;
 }
 
+/// All codes that have a symbol, "000" among them.
+std::set<std::string_view> SupportSymbols() {
+  std::set<std::string_view> symbols;
+  for (std::int16_t code = 0; code < 1000; ++code)
+    symbols.insert(
+        SupportSymbol({static_cast<std::int16_t>(code / 100), static_cast<std::int16_t>(code / 10 % 10),
+                       static_cast<std::int16_t>(code % 10)}));
+  return symbols;
+}
+
 TEST(Supports, EveryNamedCodeIsRecognised) {
   EXPECT_THAT(SupportSymbols(), SizeIs(29));
   EXPECT_EQ(SupportSymbol({0, 0, 0}), "000");

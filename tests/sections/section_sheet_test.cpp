@@ -48,8 +48,9 @@ TEST_F(SheetPathTest, IsThatOfTheFileAsTheFolderNamesIt) {
 }
 
 TEST(SectionSheet, EveryShippedTableComesBackToTheByte) {
-  for (std::size_t i = 0; i < kSheetKinds; ++i) {
-    const SectionSheet sheet = SheetOf(static_cast<SheetKind>(i));
+  for (const SheetKind kind : {SheetKind::H, SheetKind::Box, SheetKind::Pipe, SheetKind::Channel,
+                               SheetKind::Angle, SheetKind::Grades, SheetKind::TimberSections}) {
+    const SectionSheet sheet = SheetOf(kind);
     const std::string folder =
         ZORLAN_SOURCE_DIR "/data/" + std::string(sheet.steel ? "鋼材" : "木材") + "TABLE/";
     const std::string bytes = ReadBytes(folder + sheet.file);

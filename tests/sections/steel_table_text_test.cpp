@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 
 std::string Name(SteelFamily family, std::vector<double> dimensions, double scale = 1) {
-  dimensions.resize(kMaxKeyDimensions);
+  dimensions.resize(kMaxSteelColumns);
   return SteelSectionName(family, dimensions, scale);
 }
 
