@@ -226,16 +226,20 @@ TEST_F(FigurePreviewTest, ADirectionThatCannotBeKeptIsToldAndHolds) {
   EXPECT_EQ(PrinterSettings.orientation, kLandscape);
 }
 
+int KeptPrintFlag() {
+  return std::stoi(GetPrivateSetting("ZOR", "PrnText", "PrintFlag", "0"));
+}
+
 TEST_F(FigurePreviewTest, AChoiceOfFiguresIsNoListing) {
   ShowText(kPrintListing, /*preview=*/true);
-  ASSERT_EQ(CurrentPrintFlag(), kPrintListing);
+  ASSERT_EQ(KeptPrintFlag(), kPrintListing);
   Open({1});
-  EXPECT_EQ(CurrentPrintFlag(), -1);
+  EXPECT_EQ(KeptPrintFlag(), -1);
   ShowText(kPrintListing, /*preview=*/true);
   auto* const figure = qobject_cast<Model*>(OpenForm("Model"));
   ASSERT_NE(figure, nullptr);
   figure->Use(Tool::Print);  // a figure alone
-  EXPECT_EQ(CurrentPrintFlag(), -1);
+  EXPECT_EQ(KeptPrintFlag(), -1);
 }
 
 // Files
