@@ -29,6 +29,7 @@ int FlowRow::heightForWidth(int width) const {
 QSize FlowRow::sizeHint() const {
   int width = 0, height = 0;
   for (const QLayoutItem* const item : items_) {
+    if (item->isEmpty()) continue;
     width += item->sizeHint().width() + (width > 0 ? Gap() : 0);
     height = std::max(height, item->sizeHint().height());
   }
@@ -37,7 +38,8 @@ QSize FlowRow::sizeHint() const {
 
 QSize FlowRow::minimumSize() const {
   QSize least;
-  for (const QLayoutItem* const item : items_) least = least.expandedTo(item->sizeHint());
+  for (const QLayoutItem* const item : items_)
+    if (!item->isEmpty()) least = least.expandedTo(item->sizeHint());
   return least;
 }
 
@@ -53,13 +55,15 @@ int FlowRow::LayOut(const QRect& place, bool move) const {
     int width = 0, height = 0;
     auto end = first;
     for (; end != items_.end(); ++end) {
+      if ((*end)->isEmpty()) continue;
       const QSize size = (*end)->sizeHint();
-      if (end != first && width + size.width() > place.width()) break;
+      if (width > 0 && width + size.width() > place.width()) break;
       width += size.width() + Gap();
       height = std::max(height, size.height());
     }
     int x = place.x();
     for (; first != end; ++first) {
+      if ((*first)->isEmpty()) continue;
       const QSize size = (*first)->sizeHint();
       if (move) (*first)->setGeometry(QRect(QPoint(x, y + (height - size.height()) / 2), size));
       x += size.width() + Gap();

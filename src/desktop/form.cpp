@@ -15,6 +15,7 @@
 
 #include "desktop/scroll_content.h"
 #include "render/qt_text.h"
+#include "shell/projects.h"
 #include "shell/settings.h"
 #include "shell/windows.h"
 
@@ -121,9 +122,18 @@ void Form::Unload() {
 }
 
 void Form::NoteEdit() {
-  if (IsChanged() == edited_) return;
-  edited_ = !edited_;
+  const Told now{IsChanged(), CanUndo(), CanRedo()};
+  if (told_ == now) return;
+  told_ = now;
   TheWindows().refresh();
+}
+
+bool Form::CanUndo() const {
+  return HasGrid() || IsTableForm(FromQt(objectName()));
+}
+
+bool Form::CanRedo() const {
+  return CanUndo();
 }
 
 void Form::closeEvent(QCloseEvent* event) {

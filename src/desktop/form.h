@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <QMdiArea>
 #include <QPoint>
 #include <QPointer>
@@ -52,6 +53,10 @@ class Form : public QWidget {
   /// Whether it holds what isn't committed to the model's tables.
   virtual bool IsChanged() const { return false; }
 
+  /// Whether its edits have a step to take back, or one that was taken back. A box of text knows it alone.
+  virtual bool CanUndo() const;
+  virtual bool CanRedo() const;
+
   /// Called whenever the state of the model in hand may have changed: what the form says of it follows.
   virtual void FollowState() {}
 
@@ -78,7 +83,11 @@ class Form : public QWidget {
  private:
   QWidget* first_ = nullptr;
   bool unloading_ = false;
-  bool edited_ = false;  // as the windows were told
+  struct Told {  // as the windows were told
+    bool changed = false, undo = false, redo = false;
+    bool operator==(const Told&) const = default;
+  };
+  std::optional<Told> told_;
 };
 
 class FormFrame;

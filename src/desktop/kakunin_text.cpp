@@ -20,6 +20,7 @@
 #include "base/text_file.h"
 #include "desktop/save_file.h"
 #include "forms/message_row.h"
+#include "model/model_state.h"
 #include "output/print_flag.h"
 #include "render/fonts.h"
 #include "render/qt_text.h"
@@ -39,6 +40,11 @@ QString TextOf(const std::string& path) {
   QString text = ToQt(ReadTextFile(path));
   text.remove(QLatin1Char('\r'));
   return text;
+}
+
+/// Where a copy of a shown file may be kept: the work folder is emptied at the end.
+std::string ProposedPath(const std::string& path) {
+  return path.starts_with(WorkPath) ? DataPath + ProjectName + path.substr(WorkPath.size()) : path;
 }
 
 }  // namespace
@@ -188,7 +194,8 @@ void frmKakuninText::Save() {
   Renew();
   try {
     const std::string shown = ReadBytes(file_.Path());  // another program may write it behind the dialog
-    const QString target = AskSaveFile(this, QStringLiteral("保存"), ToQt(file_.Path()), {}, {});
+    const QString target =
+        AskSaveFile(this, QStringLiteral("保存"), ToQt(ProposedPath(file_.Path())), {}, {});
     if (target.isEmpty()) return;
     ReplaceBytes(FromQt(target), shown);
     Tell("保存しました");
@@ -219,6 +226,8 @@ void frmKakuninText::keyPressEvent(QKeyEvent* event) {
   else if (messages_ && text_->hasFocus() &&
            (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
     ShowRowOfMessage();
+  else if (event->key() == Qt::Key_Escape && search_->hasFocus())
+    text_->setFocus();
   else
     Form::keyPressEvent(event);
 }

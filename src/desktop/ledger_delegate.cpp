@@ -5,10 +5,20 @@
 
 namespace zorlan {
 
-QColor Tint(const QPalette& palette, double share) {
-  const QColor full = palette.color(QPalette::Highlight), base = palette.color(QPalette::Base);
+namespace {
+
+constexpr double kIdleSelection = 0.2;  // of a grid without the keys, while a box asks what to do with it
+
+QColor Mixed(const QPalette& palette, QPalette::ColorRole role, double share) {
+  const QColor full = palette.color(role), base = palette.color(QPalette::Base);
   const auto mixed = [&](int a, int b) { return qRound(share * a + (1 - share) * b); };
   return {mixed(full.red(), base.red()), mixed(full.green(), base.green()), mixed(full.blue(), base.blue())};
+}
+
+}  // namespace
+
+QColor Tint(const QPalette& palette, double share) {
+  return Mixed(palette, QPalette::Highlight, share);
 }
 
 void LedgerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -21,7 +31,7 @@ void LedgerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   const bool selected = option.state.testFlag(QStyle::State_Selected);
   if (index.row() == current.row() && !selected)
     painter->fillRect(option.rect, Tint(QGuiApplication::palette(), 0.09));
-  if (selected && !active) painter->fillRect(option.rect, palette.color(QPalette::AlternateBase));
+  if (selected && !active) painter->fillRect(option.rect, Mixed(palette, QPalette::Text, kIdleSelection));
   const QString text = index.data(Qt::DisplayRole).toString();
   if (!text.isEmpty()) {
     const QRect room = option.rect.adjusted(kCellPadding, 0, -kCellPadding, 0);

@@ -1,6 +1,7 @@
 #include "desktop/main_menu.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
@@ -9,7 +10,7 @@
 
 namespace zorlan {
 
-MainMenu::MainMenu(QMenuBar* bar) : QObject(bar) {
+MainMenu::MainMenu(QMenuBar* bar) : QObject(bar), bar_(bar) {
   std::vector<QMenu*> open;  // the menu that takes the rows of each level, from level 1 on
   for (std::size_t i = 0; i < kMenu.size(); ++i) {
     const MenuRow& row = kMenu[i];
@@ -25,6 +26,7 @@ MainMenu::MainMenu(QMenuBar* bar) : QObject(bar) {
     if (i + 1 < kMenu.size() && kMenu[i + 1].level > row.level) {
       open.push_back(level == 0 ? bar->addMenu(caption) : open.back()->addMenu(caption));
       action = open.back()->menuAction();
+      if (level == 0) open.back()->installEventFilter(this);
     } else {
       action = open.back()->addAction(caption);
       connect(action, &QAction::triggered, this, [this, &row] { emit chosen(row.command); });
@@ -34,6 +36,25 @@ MainMenu::MainMenu(QMenuBar* bar) : QObject(bar) {
     if (!row.key.empty()) action->setShortcut(QKeySequence(ToQt(row.key)));
     entries_.emplace_back(&row, action);
   }
+}
+
+bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+  const auto* const key = static_cast<QKeyEvent*>(event);
+  auto* const menu = qobject_cast<QMenu*>(watched);
+  const QKeySequence pressed(Qt::ALT | key->key());
+  if (menu == nullptr || key->modifiers() != Qt::AltModifier ||
+      QKeySequence::mnemonic(menu->title()) != pressed)
+    return QObject::eventFilter(watched, event);
+  const QList<QAction*> actions = bar_->actions();
+  const qsizetype at = actions.indexOf(menu->menuAction());
+  for (qsizetype step = 1; step < actions.size(); ++step) {
+    QAction* const next = actions[(at + step) % actions.size()];
+    if (QKeySequence::mnemonic(next->text()) != pressed) continue;
+    bar_->setActiveAction(next);
+    return true;
+  }
+  return QObject::eventFilter(watched, event);
 }
 
 void MainMenu::Update(const MenuFacts& facts) {

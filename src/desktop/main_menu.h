@@ -25,11 +25,16 @@ class MainMenu : public QObject {
   /// The list of models opened last, full paths of decks.
   void ShowRecent(const std::vector<std::string>& decks);
 
+ protected:
+  /// The mnemonic of an open menu, pressed again, goes on to the next one that has it.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  signals:
   void chosen(zorlan::Command command);
   void recentChosen(const QString& deck);
 
  private:
+  QMenuBar* bar_;
   QMenu* recent_ = nullptr;
   std::vector<std::pair<const MenuRow*, QAction*>> entries_;
 };

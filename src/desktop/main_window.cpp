@@ -4,25 +4,23 @@
 #include <array>
 #include <exception>
 #include <QApplication>
-#include <QBoxLayout>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
+#include <QStatusTipEvent>
 #include <QToolButton>
 #include <QUrl>
 
 #include "base/host.h"
 #include "desktop/busy.h"
 #include "desktop/csv_file.h"
-#include "desktop/elided_label.h"
 #include "desktop/figure_windows.h"
 #include "desktop/form.h"
 #include "desktop/hand_over.h"
@@ -36,6 +34,7 @@
 #include "desktop/remark.h"
 #include "desktop/section_table_window.h"
 #include "desktop/shell_windows.h"
+#include "desktop/status_fields.h"
 #include "desktop/table_window.h"
 #include "desktop/to_zor2.h"
 #include "desktop/version_form.h"
@@ -52,6 +51,8 @@ namespace zorlan {
 namespace {
 
 constexpr std::string_view kPlaceName = "frmMain";
+constexpr int kTitleBar = 30;      // pixels above the window's own area
+constexpr int kMessageRoom = 230;  // pixels of the status bar that explain what is under the hand
 
 void SetUpPrinter(MainWindow& window) {
   if (frmPrinterSet(window.Printers(), &window).exec() != QDialog::Accepted) return;
@@ -78,10 +79,15 @@ std::string FrontForm(const FormArea& forms) {
                                                         : FromQt(front->widget()->objectName());
 }
 
+/// Null if there is none.
+const Form* FormInFront(const FormArea& forms) {
+  const QMdiSubWindow* const front = forms.activeSubWindow();
+  return front == nullptr ? nullptr : qobject_cast<const Form*>(front->widget());
+}
+
 /// Whether the Edit menu has something to work on.
 bool HasGridInFront(const FormArea& forms) {
-  const QMdiSubWindow* const front = forms.activeSubWindow();
-  const auto* const form = front == nullptr ? nullptr : qobject_cast<const Form*>(front->widget());
+  const Form* const form = FormInFront(forms);
   return form != nullptr && (form->HasGrid() || IsTableForm(FromQt(form->objectName())));
 }
 
@@ -193,6 +199,15 @@ bool AgreesToLoss() {
                             kApplicationTitle, Buttons::YesNo) == Answer::Yes;
 }
 
+/// A place as it was left, no larger than the screen, which may have another scale now, and all of it there.
+QRect WithinScreen(const QRect& place, const QRect& screen) {
+  const QRect room = screen.adjusted(0, kTitleBar, 0, 0);
+  const QSize size = place.size().boundedTo(room.size());
+  return {QPoint(std::clamp(place.x(), room.left(), room.left() + room.width() - size.width()),
+                 std::clamp(place.y(), room.top(), room.top() + room.height() - size.height())),
+          size};
+}
+
 /// The deck that is dragged over the window; empty for anything else.
 QString DraggedDeck(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
@@ -279,7 +294,10 @@ void MainWindow::ComeToFront(const QString& deck) {
 
 void MainWindow::Refresh() {
   setWindowTitle(ToQt(MainCaption()));
-  const MenuFacts facts = CurrentMenuFacts(HasGridInFront(*forms_));
+  MenuFacts facts = CurrentMenuFacts(HasGridInFront(*forms_));
+  const Form* const front = FormInFront(*forms_);
+  facts.undo = front != nullptr && front->CanUndo();
+  facts.redo = front != nullptr && front->CanRedo();
   menu_->Update(facts);
   if (auto* const tables = qobject_cast<frmInputMenu*>(forms_->Find("frmInputMenu"))) tables->Update(facts);
   FollowMenu(*this, facts);
@@ -289,39 +307,33 @@ void MainWindow::Refresh() {
 }
 
 void MainWindow::BuildStatusBar() {
-  fields_ = new QWidget;
-  auto* const row = new QHBoxLayout(fields_);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(0);
-  for (QLabel** const label : {&model_, &saved_, &results_, &kind_, &units_}) {
-    *label = new ElidedLabel;
-    (*label)->setContentsMargins(6, 0, 6, 0);
-    row->addWidget(*label);
-  }
+  fields_ = new StatusFields;
+  // Results and what isn't saved are cut last, the kind of the model, which nobody forgets, first.
+  fields_->Add("statusModel", 3);
+  fields_->Add("statusSaved", 5);
+  fields_->Add("statusResults", 4);
+  fields_->Add("statusKind", 0);
+  fields_->Add("statusCases", 1);
+  fields_->Add("statusUnits", 2);
   statusBar()->addPermanentWidget(fields_);
   connect(statusBar(), &QStatusBar::messageChanged, statusBar(),
           &QWidget::setToolTip);  // whole, if it is cut
-  model_->setObjectName(QStringLiteral("statusModel"));
-  saved_->setObjectName(QStringLiteral("statusSaved"));
-  results_->setObjectName(QStringLiteral("statusResults"));
 }
 
 void MainWindow::ShowStatus() {
   const ModelStatus status = CurrentModelStatus();
-  const std::pair<QLabel*, const std::string*> texts[] = {{model_, &status.model},
-                                                          {saved_, &status.saved},
-                                                          {results_, &status.results},
-                                                          {kind_, &status.kind},
-                                                          {units_, &status.units}};
-  for (const auto& [label, text] : texts) {
-    label->setText(ToQt(*text));
-    label->setVisible(!text->empty());
-  }
+  fields_->Show({ToQt(status.model), ToQt(status.saved), ToQt(status.results), ToQt(status.kind),
+                 ToQt(status.cases), ToQt(status.units)});
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  fields_->setMaximumWidth(width() * 3 / 5);  // the rest explains what is under the hand
+  fields_->setMaximumWidth(std::max(0, width() - kMessageRoom));
+}
+
+bool MainWindow::event(QEvent* event) {
+  if (event->type() == QEvent::StatusTip) hovered_ = static_cast<QStatusTipEvent*>(event)->tip();
+  return QMainWindow::event(event);
 }
 
 void MainWindow::ExplainFocus(const QWidget* now) {
@@ -332,10 +344,11 @@ void MainWindow::ExplainFocus(const QWidget* now) {
   const QAction* const action = tool == nullptr ? nullptr : tool->defaultAction();
   QString text = action != nullptr ? action->statusTip() : now->statusTip();
   if (text.isEmpty()) text = now->toolTip();
+  const QString shown = statusBar()->currentMessage();
   if (!text.isEmpty())
     statusBar()->showMessage(text);
-  else if (!explanation_.isEmpty() && statusBar()->currentMessage() == explanation_)
-    statusBar()->clearMessage();
+  else if (!shown.isEmpty() && (shown == explanation_ || shown == hovered_))
+    statusBar()->clearMessage();  // it is of what had the keys, or the mouse, before
   explanation_ = text;
 }
 
@@ -365,8 +378,8 @@ void MainWindow::RestorePlace() {
   const bool kept = LoadWindowPlace(kPlaceName, place);
   const QRect area(place.left, place.top, place.width, place.height);
   const QPoint grip(area.center().x(), area.top() + 10);
-  if (kept && area.isValid() && QGuiApplication::screenAt(grip) != nullptr) {
-    setGeometry(area);
+  if (const QScreen* const screen = QGuiApplication::screenAt(grip); kept && area.isValid() && screen) {
+    setGeometry(WithinScreen(area, screen->availableGeometry()));
     if (place.maximized) setWindowState(Qt::WindowMaximized);
     return;
   }

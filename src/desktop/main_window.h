@@ -9,12 +9,11 @@
 #include "shell/menu.h"
 #include "shell/start_up.h"
 
-class QLabel;
-
 namespace zorlan {
 
 class FormArea;
 class MainMenu;
+class StatusFields;
 
 class MainWindow : public QMainWindow {
   Q_OBJECT
@@ -46,6 +45,7 @@ class MainWindow : public QMainWindow {
   void Leave();
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -65,10 +65,10 @@ class MainWindow : public QMainWindow {
   StartUp start_;
   FormArea* forms_ = nullptr;
   MainMenu* menu_ = nullptr;
-  QLabel *model_ = nullptr, *saved_ = nullptr, *results_ = nullptr, *kind_ = nullptr, *units_ = nullptr;
-  QWidget* fields_ = nullptr;          // with these labels
+  StatusFields* fields_ = nullptr;
   QPointer<const QWidget> explained_;  // had the focus last
   QString explanation_;                // and what was said of it
+  QString hovered_;                    // what was said last of what is under the mouse
   bool loaded_ = false;                // the program's tree is held
   bool closing_ = false;               // the closing flag: without it a close request is refused
 };

@@ -5,17 +5,21 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QComboBox>
+#include <QFrame>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QToolBar>
+#include <QToolButton>
 #include <string_view>
 
 #include "base/host.h"
 #include "base/text_file.h"
 #include "desktop/figure_view.h"
+#include "desktop/flow_row.h"
 #include "desktop/hush.h"
+#include "desktop/main_window.h"
 #include "desktop/pick_panel.h"
+#include "desktop/table_window.h"
 #include "graphics/ratio_files.h"
 #include "model/model_state.h"
 #include "render/qt_text.h"
@@ -99,8 +103,10 @@ Model::Model(const char* name) : Form(name) {
 void Model::Build() {
   view_ = new FigureView;
   panel_ = new PickPanel(*view_);
-  bar_ = new QToolBar;
-  bar_->setIconSize(QSize(kIconSize, kIconSize));
+  bar_ = new QWidget;
+  auto* const row = new FlowRow(bar_);
+  row->setContentsMargins(2, 2, 2, 2);
+  row->setSpacing(1);
   bar_->setStyleSheet(QStringLiteral("QToolButton:focus { border: 2px solid palette(highlight); }"));
   AddTools();
   auto* const column = new QVBoxLayout(this);
@@ -108,7 +114,7 @@ void Model::Build() {
   column->setSpacing(0);
   column->addWidget(bar_);
   column->addWidget(view_, 1);
-  setTabOrder(view_, bar_->widgetForAction(tools_.front()));
+  setTabOrder(view_, bar_->findChild<QToolButton*>());
   SetFirst(view_);
   connect(view_, &FigureView::clicked, this, &Model::TakePick);
   view_->setStatusTip(
@@ -127,18 +133,23 @@ void Model::Build() {
 
 void Model::AddTools() {
   for (const ToolRow& row : kTools) {
-    if (row.gap) bar_->addSeparator();
+    if (row.gap) {
+      auto* const line = new QFrame;
+      line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+      line->setFixedHeight(kIconSize);
+      bar_->layout()->addWidget(line);
+    }
     if (row.tool == Tool::Print) {
       auto* const label = new QLabel(QStringLiteral("荷重ケース "));
       case_ = new QComboBox;
       case_->setObjectName(QStringLiteral("loadCase"));
       case_->setToolTip(QStringLiteral("荷重ケース (PageUp, PageDown)"));
-      auto* const list = new QWidget;
-      auto* const line = new QHBoxLayout(list);
+      caseList_ = new QWidget;
+      auto* const line = new QHBoxLayout(caseList_);
       line->setContentsMargins(4, 0, 4, 0);
       line->addWidget(label);
       line->addWidget(case_);
-      caseList_ = bar_->addWidget(list);
+      bar_->layout()->addWidget(caseList_);
       connect(case_, &QComboBox::activated, this, [this](int index) {
         ChooseCase(index + 1);
         view_->setFocus();
@@ -146,9 +157,9 @@ void Model::AddTools() {
     }
     const QString caption = ToQt(row.caption);
     auto* const action =
-        bar_->addAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(ToQt(row.icon))), caption);
+        new QAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(ToQt(row.icon))), caption, this);
     action->setObjectName(ToQt(row.icon));
-    bar_->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);  // for who works without a mouse
+    AddButton(action);
     const QString key = row.key.empty() ? QString() : QStringLiteral(" (%1)").arg(ToQt(row.key));
     action->setToolTip(caption + key);
     action->setStatusTip(ToQt(row.hint));
@@ -166,7 +177,17 @@ void Model::AddTools() {
   note_ = new QLabel;
   note_->setObjectName(QStringLiteral("note"));
   note_->setContentsMargins(8, 0, 8, 0);
-  bar_->addWidget(note_);
+  bar_->layout()->addWidget(note_);
+}
+
+void Model::AddButton(QAction* action) {
+  auto* const button = new QToolButton;
+  button->setDefaultAction(action);
+  button->setIconSize(QSize(kIconSize, kIconSize));
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::TabFocus);  // for who works without a mouse
+  bar_->layout()->addWidget(button);
+  connect(action, &QAction::changed, button, [action, button] { button->setVisible(action->isVisible()); });
 }
 
 void Model::FollowMenu(const MenuFacts& facts) {
@@ -391,9 +412,18 @@ void Model::OpenRow(const Pick& pick) {
 
 void Model::HandOver(const Pick& pick) {
   const bool node = pick.what == Pick::What::Node;
-  if (node ? TheWindows().takeNodes({pick.number}) : TheWindows().takeElement(pick.number)) return;
+  if (node ? TheWindows().takeNodes({pick.number}) : TheWindows().takeElement(pick.number)) {
+    if (auto* const main = qobject_cast<MainWindow*>(window())) taker_ = TableInFront(*main);
+    return NoteEdit();
+  }
   note_->setText(node ? QStringLiteral("節点を入れる表が開いていません")
                       : QStringLiteral("要素を入れる表が開いていません"));
+}
+
+void Model::Edit(Command command) {
+  if (taker_ == nullptr || (command != Command::Undo && command != Command::Redo)) return Form::Edit(command);
+  taker_->Edit(command);
+  NoteEdit();
 }
 
 void Model::keyPressEvent(QKeyEvent* event) {

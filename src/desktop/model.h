@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <QPointer>
 #include <QString>
 #include <string>
 #include <vector>
@@ -15,7 +16,6 @@
 class QAction;
 class QComboBox;
 class QLabel;
-class QToolBar;
 
 namespace zorlan {
 
@@ -66,6 +66,10 @@ class Model : public Form {
   void FollowOptions();
   void Renew() override;
   void FollowState() override;
+  /// Undo and redo walk the steps of the table that took the last pick.
+  void Edit(Command command) override;
+  bool CanUndo() const override { return taker_ != nullptr && taker_->CanUndo(); }
+  bool CanRedo() const override { return taker_ != nullptr && taker_->CanRedo(); }
 
   FigureView& View() { return *view_; }
   /// Does what a button of the bar does.
@@ -84,6 +88,7 @@ class Model : public Form {
  private:
   void Build();
   void AddTools();
+  void AddButton(QAction* action);
   template <class Act>
   void Noting(Asked asked, Act act);
   void Show(int kind);
@@ -103,11 +108,12 @@ class Model : public Form {
   /// To the table form in front.
   void HandOver(const Pick& pick);
 
-  QToolBar* bar_ = nullptr;
+  QWidget* bar_ = nullptr;
   std::vector<QAction*> tools_;  // by Tool
-  QAction* caseList_ = nullptr;
+  QWidget* caseList_ = nullptr;
   QComboBox* case_ = nullptr;
   QLabel* note_ = nullptr;
+  QPointer<Form> taker_;  // the table that took the last pick
   FigureView* view_ = nullptr;
   PickPanel* panel_ = nullptr;
   TypedRows typed_;

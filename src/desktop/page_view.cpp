@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <QImage>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
@@ -94,16 +95,37 @@ void PageView::NotePage() {
 
 void PageView::paintEvent(QPaintEvent* event) {
   if (count_ == 0) return;
-  QPainter painter(viewport());
+  if (!grey_) {
+    QPainter painter(viewport());
+    return PaintSheets(painter, event->rect());
+  }
+  const QRect part = event->rect();
+  const double dots = devicePixelRatioF();
+  QImage image(part.size() * dots, QImage::Format_RGB32);
+  image.setDevicePixelRatio(dots);
+  image.fill(viewport()->palette().color(viewport()->backgroundRole()));
+  QPainter painter(&image);
+  painter.translate(-part.topLeft());
+  PaintSheets(painter, part);
+  painter.end();
+  QPainter(viewport()).drawImage(part.topLeft(), image.convertToFormat(QImage::Format_Grayscale8));
+}
+
+void PageView::SetGrey(bool grey) {
+  grey_ = grey;
+  viewport()->update();
+}
+
+void PageView::PaintSheets(QPainter& painter, const QRect& part) {
   const double scale = Scale();
   const double sheetWidth = width_ * scale, sheetHeight = height_ * scale;
   const double left =
       std::max(double(kGap), (viewport()->width() - sheetWidth) / 2) - horizontalScrollBar()->value();
   const double scrolled = verticalScrollBar()->value();
-  const int first = std::max(0, static_cast<int>((scrolled + event->rect().top() - kGap) / SheetStep()));
+  const int first = std::max(0, static_cast<int>((scrolled + part.top() - kGap) / SheetStep()));
   for (int page = first; page < count_; ++page) {
     const double top = kGap + page * SheetStep() - scrolled;
-    if (top > event->rect().bottom()) break;
+    if (top > part.bottom()) break;
     const QRectF sheet(left, top, sheetWidth, sheetHeight);
     painter.fillRect(sheet.translated(3, 3), palette().color(QPalette::Dark));
     painter.fillRect(sheet, Qt::white);

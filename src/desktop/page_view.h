@@ -5,6 +5,7 @@
 #include <QAbstractScrollArea>
 
 class QPainter;
+class QRect;
 
 namespace zorlan {
 
@@ -24,6 +25,9 @@ class PageView : public QAbstractScrollArea {
   /// 1: as large as on paper; 0: the whole sheet in the window.
   void SetZoom(double zoom);
   double Zoom() const { return zoom_; }
+
+  /// Shows the sheets without colours.
+  void SetGrey(bool grey);
 
   /// The page in sight, from 0.
   int Page() const { return page_; }
@@ -46,11 +50,14 @@ class PageView : public QAbstractScrollArea {
   double Scale() const;
   double SheetStep() const;  // from one sheet's top to the next one's, in pixels
   void FitScrollBars();
+  /// The sheets of a part of the window.
+  void PaintSheets(QPainter& painter, const QRect& part);
   void NotePage();
 
   int count_ = 0, width_ = 0, height_ = 0;
   double zoom_ = 1;
   int page_ = 0;
+  bool grey_ = false;
   PaintPage paint_;
 };
 

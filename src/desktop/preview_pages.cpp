@@ -52,6 +52,11 @@ QString OneLine(const QString& message) {
   return message.section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QLatin1String("　"));
 }
 
+/// Of the model in hand, which may have no name yet.
+QString ModelName() {
+  return ModelFile.empty() ? QStringLiteral("NewData") : ToQt(ModelBaseName());
+}
+
 }  // namespace
 
 bool PreviewPages::Renew() {
@@ -96,6 +101,7 @@ void ListingPages::Clear() {
 }
 
 QString ListingPages::Caption() const {
+  if (flag_ == kPrintInputList) return QStringLiteral("入力ファイル　") + ModelName();
   return ToQt(file_.Path().substr(file_.Path().rfind('/') + 1));
 }
 
@@ -119,6 +125,7 @@ std::string ListingPages::Pdf(const std::function<void(double share)>& pageDone)
 }
 
 QString ListingPages::FileName() const {
+  if (flag_ == kPrintInputList) return ModelName() + QStringLiteral("_入力");  // beside that of its results
   return QFileInfo(ToQt(file_.Path())).completeBaseName();
 }
 

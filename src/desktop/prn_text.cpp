@@ -156,6 +156,7 @@ void frmPrnText::LayOut(PageView::Place place) {
   note_->setVisible(!note_->text().isEmpty());
   const int count = Count();
   const QSize sheet = pages_->Sheet();
+  view_->SetGrey(PrinterSettings.colourMode != kColour);  // as it will be printed
   view_->SetPages(
       count, sheet.width(), sheet.height(),
       [this](QPainter& painter, int page) { pages_->Paint(painter, page); }, place);

@@ -8,13 +8,13 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpression>
-#include <QRegularExpressionValidator>
 
 #include "base/host.h"
 #include "base/number.h"
 #include "base/number_format.h"
 #include "desktop/dialog_buttons.h"
+#include "desktop/number_box.h"
+#include "forms/table_form.h"
 #include "render/qt_text.h"
 
 namespace zorlan {
@@ -35,17 +35,13 @@ std::optional<double> LimitOf(const QLineEdit& box, double none) {
   const std::string text = FromQt(box.text().trimmed());
   if (text.empty()) return none;
   const double limit = ReadReal(text);
-  return box.hasAcceptableInput() && std::isfinite(limit) ? std::optional(limit) : std::nullopt;
+  return IsNumberText(text) && std::isfinite(limit) ? std::optional(limit) : std::nullopt;
 }
 
 QLineEdit* Box(const char* name) {
-  auto* const box = new QLineEdit;
+  auto* const box = new NumberBox(kReal);
   box->setObjectName(QString::fromLatin1(name));
   box->setAlignment(Qt::AlignRight);
-  // The beginning of a number may stand in the box, and is refused by "ＯＫ".
-  static const QRegularExpression real(
-      QStringLiteral(" *([-+]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][-+]?[0-9]+)?)? *"));
-  box->setValidator(new QRegularExpressionValidator(real, box));
   box->setPlaceholderText(QStringLiteral("制限なし"));
   box->setMinimumWidth(120);
   return box;

@@ -204,7 +204,9 @@ void TableWindow::Store(const CellPlace& place, const QString& text) {
 void TableWindow::Explain(const CellPlace& place) {
   const std::string tip =
       TipLine(CellTip(editor_.Form(), editor_.Setting(), place.column, editor_.View(place.page, place.row)));
-  window_.statusBar()->showMessage(ToQt(tip));
+  // A number that needs no words: what may be typed there.
+  window_.statusBar()->showMessage(
+      ToQt(tip.empty() ? MaskHint(editor_.ColumnAt(place.column).mask) : std::string_view(tip)));
 }
 
 void TableWindow::Edit(Command command) {
@@ -381,17 +383,12 @@ void FollowControl(MainWindow& window) {
     if (TableWindow* const form = OpenWindowOf(window, name)) form->Follow();
 }
 
-namespace {
-
-/// The table form that was in front last; null if there is none.
 TableWindow* TableInFront(MainWindow& window) {
   const QList<QMdiSubWindow*> frames = window.Forms().subWindowList(QMdiArea::StackingOrder);
   for (auto frame = frames.rbegin(); frame != frames.rend(); ++frame)
     if (auto* const form = qobject_cast<TableWindow*>((*frame)->widget())) return form;
   return nullptr;
 }
-
-}  // namespace
 
 bool TakePickedNodes(MainWindow& window, const std::vector<int>& nodes) {
   TableWindow* const form = TableInFront(window);

@@ -29,6 +29,8 @@ class TableWindow : public Form {
 
   void Edit(Command command) override;
   bool IsChanged() const override { return editor_.Changed(); }
+  bool CanUndo() const override { return editor_.CanUndo() || view_->IsBoxOpen(); }
+  bool CanRedo() const override { return editor_.CanRedo() || view_->IsBoxOpen(); }
   /// The header of the model in hand has changed.
   void Follow();
   /// Goes to the row of a number in the key column. False: there is none.
@@ -81,6 +83,8 @@ class TableWindow : public Form {
 TableWindow* OpenTableWindow(MainWindow& window, std::string_view name);
 /// What the shell and the figures ask of the table forms; for shell_windows.cpp.
 void FollowControl(MainWindow& window);
+/// The table form that was in front last; null if there is none.
+TableWindow* TableInFront(MainWindow& window);
 bool TakePickedNodes(MainWindow& window, const std::vector<int>& nodes);
 /// The same for a member.
 bool TakePickedElement(MainWindow& window, int element);

@@ -14,7 +14,9 @@ struct Spelling {
   char means;
 };
 constexpr Spelling kSpellings[] = {
-    {"ー", '-'}, {"−", '-'}, {"‐", '-'}, {"―", '-'}, {"ｰ", '-'}, {"。", '.'}, {"｡", '.'},
+    {"ー", '-'}, {"−", '-'},      {"‐", '-'},      {"―", '-'},      {"ｰ", '-'},      {"。", '.'},
+    {"｡", '.'},  {"\u2011", '-'}, {"\u2012", '-'}, {"\u2013", '-'}, {"\uFE63", '-'},  // dashes of documents
+                                                                                      // and of the web
 };
 
 /// Takes the first character off a UTF-8 text; a stray byte counts as one.

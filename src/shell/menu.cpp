@@ -50,6 +50,10 @@ bool IsMet(Needs needs, const MenuFacts& facts) {
       return HasTables(facts) && facts.rollerFlag != 1;
     case Needs::TableForm:
       return facts.tableForm;
+    case Needs::UndoStep:
+      return facts.undo;
+    case Needs::RedoStep:
+      return facts.redo;
     case Needs::Forces:
       return facts.modelOpen && facts.forces;
     case Needs::Listing:
@@ -99,7 +103,7 @@ MenuFacts CurrentMenuFacts(bool tableFormInFront) {
   facts.modelCode = InpModel.ModelCode;
   facts.maxLoadCase = InpModel.MaxLoadCase;
   facts.rollerFlag = InpModel.RollerFlag;
-  facts.tableForm = tableFormInFront;
+  facts.tableForm = facts.undo = facts.redo = tableFormInFront;
   facts.forces = Results.forces;
   facts.listing = Results.listing;
   facts.steelDesign = Results.steelDesign;

@@ -97,11 +97,13 @@ enum class Command {
 /// What an entry needs to be on.
 enum class Needs {
   Nothing,
-  Model,           // a model in hand
-  Tables,          // a model in hand whose control data are there
-  Forced,          // a model in hand that isn't a plane grid
-  Magnified,       // as Tables, without inclined rollers
-  TableForm,       // a table form in front
+  Model,      // a model in hand
+  Tables,     // a model in hand whose control data are there
+  Forced,     // a model in hand that isn't a plane grid
+  Magnified,  // as Tables, without inclined rollers
+  TableForm,  // a table form in front
+  UndoStep,   // an edit to take back, or one taken back, of what is in front
+  RedoStep,
   Forces,          // the member forces of an analysis
   Listing,         // a stored listing, or the forces
   SteelDesign,     // a steel design's result
@@ -146,8 +148,8 @@ inline constexpr MenuRow kRows[] = {
      "入力データのリストを印刷します"},
     {1, "ZORLAN for Windowsの終了(&X)", "mnuFileItem", 10, Exit, Nothing, "", "プログラムを終了します"},
     {0, "編集(&E)", "mnuEdit", -1, None, Nothing, "", ""},
-    {1, "元に戻す(&U)", "mnuUndo", -1, Undo, TableForm, "Ctrl+Z", "直前の編集を取り消します"},
-    {1, "やり直し(&R)", "mnuRedo", -1, Redo, TableForm, "Ctrl+Y", "取り消した編集をやり直します"},
+    {1, "元に戻す(&U)", "mnuUndo", -1, Undo, UndoStep, "Ctrl+Z", "直前の編集を取り消します"},
+    {1, "やり直し(&R)", "mnuRedo", -1, Redo, RedoStep, "Ctrl+Y", "取り消した編集をやり直します"},
     {1, "切り取り(&T)", "mnuEditItem", 0, Cut, TableForm, "Ctrl+X", "選択したセルを切り取ります"},
     {1, "ｺﾋﾟｰ(&C)", "mnuEditItem", 1, Copy, TableForm, "Ctrl+C", "選択したセルをコピーします"},
     {1, "貼り付け(&P)", "mnuEditItem", 2, Paste, TableForm, "Ctrl+V", "クリップボードの内容を貼り付けます"},
@@ -274,11 +276,12 @@ std::string_view TableFormOf(Command command);
 struct MenuFacts {
   bool modelOpen = false;
   std::int16_t modelCode = 0, maxLoadCase = 0, rollerFlag = 0;
-  bool tableForm = false;  // a table form is in front
+  bool tableForm = false;           // a table form is in front
+  bool undo = false, redo = false;  // what is in front has a step to walk
   bool forces = false, listing = false, steelDesign = false, concreteDesign = false;
 };
 
-/// The facts of the model in hand.
+/// The facts of the model in hand. Whoever knows the form in front says whether it has steps to undo.
 MenuFacts CurrentMenuFacts(bool tableFormInFront);
 
 /// Whether an entry is on. One that opens others is on if the model's state allows any of them.

@@ -107,15 +107,16 @@ void TellOfStaleResults(std::string_view designFile) {
 }
 
 ModelStatus CurrentModelStatus() {
-  if (!ModelIsOpen) return {"モデルなし", "", "", "", ""};
+  if (!ModelIsOpen) return {"モデルなし", "", "", "", "", ""};
   ModelStatus status;
   status.model = ModelFile.empty() ? "NewData" : ModelBaseName();
   status.saved = IsChanged() || ModelFile.empty() ? "未保存" : "保存済み";
   status.results = ResultText();
   const MenuFacts facts = CurrentMenuFacts(/*tableFormInFront=*/false);
-  if (facts.modelCode >= 1 && facts.modelCode <= 3)
-    status.kind = std::string(kKinds[static_cast<std::size_t>(facts.modelCode)]) + "　荷重ケース数 " +
-                  std::to_string(facts.maxLoadCase);
+  if (facts.modelCode >= 1 && facts.modelCode <= 3) {
+    status.kind = kKinds[static_cast<std::size_t>(facts.modelCode)];
+    status.cases = "荷重ケース数 " + std::to_string(facts.maxLoadCase);
+  }
   const std::vector<std::string> unit = CellsOf("UNIT");
   if (unit.size() >= 2)
     status.units = "入力 " + std::string(UnitName(unit, 0)) + "　出力 " + std::string(UnitName(unit, 1));

@@ -28,7 +28,8 @@ struct ModelStatus {
   std::string model;    // its name
   std::string saved;    // whether it has unsaved changes
   std::string results;  // whether there are results, and of the model as it stands
-  std::string kind;     // structural model and load cases
+  std::string kind;     // structural model
+  std::string cases;    // number of load cases
   std::string units;    // of input and output
 };
 ModelStatus CurrentModelStatus();

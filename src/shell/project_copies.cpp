@@ -64,7 +64,9 @@ bool Accept(const NameDialog& dialog) {
 
 /// Source, destination and name, one dialog after the other; a cancelled one ends it all.
 void CopyCommand(std::string_view command, const std::string& fixedTarget) {
-  const std::string source = AskFolder("コピー元のフォルダ", /*project=*/true, DataPath);
+  // A backup is mostly of the project in hand.
+  const std::string start = fixedTarget.empty() ? DataPath + ProjectName : DataPath;
+  const std::string source = AskFolder("コピー元のフォルダ", /*project=*/true, start);
   if (source.empty()) return;
   const std::string target =
       fixedTarget.empty() ? AskFolder("コピー先の指定", /*project=*/false, DataPath) : fixedTarget;

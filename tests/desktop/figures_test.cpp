@@ -17,7 +17,6 @@
 #include <QTableWidget>
 #include <QTabWidget>
 #include <QTimer>
-#include <QToolBar>
 #include <QToolButton>
 #include <QWheelEvent>
 
@@ -121,8 +120,9 @@ TEST_F(FiguresTest, TheBarChangesTheFigure) {
 }
 
 TEST_F(FiguresTest, EveryButtonOfTheBarHasAnIconATextAndATip) {
-  for (const QAction* const action : Child<QToolBar>(Window(), "")->actions()) {
-    if (action->isSeparator() || action->text().isEmpty()) continue;
+  for (const QToolButton* const button : Window()->findChildren<QToolButton*>()) {
+    const QAction* const action = button->defaultAction();
+    ASSERT_NE(action, nullptr);
     EXPECT_FALSE(action->icon().isNull()) << FromQt(action->text());
     EXPECT_FALSE(action->toolTip().isEmpty());
     EXPECT_FALSE(action->statusTip().isEmpty());

@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QToolButton>
 #include <set>
 

@@ -38,6 +38,8 @@ TEST(Typing, FullWidthDigitsAndSignsAreTakenAsTheirHalfWidthInNumberColumns) {
   EXPECT_EQ(FilterTyped(kReal, "－１２．５Ｅ３").text, "-12.5E3");
   EXPECT_EQ(FilterTyped(kDigits, "１０１").text, "101");
   EXPECT_EQ(FilterTyped(kReal, "ー１。５").text, "-1.5") << "the keys of minus and point in kana";
+  for (const char* const dash : {"\u2010", "\u2011", "\u2012", "\u2013", "\u2015", "\u2212", "\uFE63"})
+    EXPECT_EQ(PastedCell(kReal, dash + std::string("5")), "-5") << "it looks like a minus";
   EXPECT_EQ(FilterTyped(kAnyText, "１０５×１０５").text, "１０５×１０５") << "a name keeps its width";
 }
 

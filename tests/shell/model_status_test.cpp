@@ -32,7 +32,7 @@ TEST_F(ModelStatusTest, WithoutAModelThereIsNothingElseToSay) {
   ModelIsOpen = false;
   const ModelStatus status = CurrentModelStatus();
   EXPECT_EQ(status.model, "モデルなし");
-  EXPECT_EQ(status.saved + status.results + status.kind + status.units, "");
+  EXPECT_EQ(status.saved + status.results + status.kind + status.cases + status.units, "");
 }
 
 TEST_F(ModelStatusTest, ANewModelIsNotSavedYet) {
@@ -107,7 +107,8 @@ TEST_F(ModelStatusTest, ADesignOlderThanTheDeckIsToldBesideResultsThatAreNot) {
 TEST_F(ModelStatusTest, TheNumberOfLoadCasesIsSaidAsANumber) {
   InpModel.ModelCode = 1;
   InpModel.MaxLoadCase = 2;
-  EXPECT_EQ(CurrentModelStatus().kind, "一般任意平面骨組み　荷重ケース数 2");
+  EXPECT_EQ(CurrentModelStatus().kind, "一般任意平面骨組み");
+  EXPECT_EQ(CurrentModelStatus().cases, "荷重ケース数 2");
 }
 
 TEST_F(ModelStatusTest, UnitsComeFromTheTable) {
