@@ -74,15 +74,28 @@ Form* FormIn(const QMdiSubWindow* frame) {
 
 }  // namespace
 
-/// A form's frame. It knows where it stands while it is neither maximized nor minimized.
+/// A form's frame. It knows where the user wants it while it is neither maximized nor minimized: a place that
+/// the program gave for want of room is nobody's wish.
 class FormFrame : public QMdiSubWindow {
  public:
   using QMdiSubWindow::QMdiSubWindow;
-  const QRect& NormalPlace() const { return normal_; }
-  void Put(const QRect& place) {
-    setGeometry(place);
-    normal_ = place;
+
+  /// Where the user has put it; as far as it stands where the program did, what was wanted then.
+  QRect WantedPlace() const {
+    return {normal_.topLeft() == put_.topLeft() ? wanted_.topLeft() : normal_.topLeft(),
+            normal_.size() == put_.size() ? wanted_.size() : normal_.size()};
   }
+  void Put(const QRect& place, const QRect& wanted) {
+    wanted_ = wanted;
+    setGeometry(place);
+    put_ = normal_ = geometry();
+  }
+  /// Puts it elsewhere for the sake of another form or of its content.
+  void PutAside(const QRect& place) { Put(place, WantedPlace()); }
+
+  /// Whether it is maximized because the form that was in front before was.
+  bool IsCarried() const { return carried_; }
+  void SetCarried(bool carried) { carried_ = carried; }
 
  protected:
   void moveEvent(QMoveEvent* event) override {
@@ -99,8 +112,19 @@ class FormFrame : public QMdiSubWindow {
     if (isVisible() && !isMaximized() && !isMinimized()) normal_ = geometry();
   }
 
-  QRect normal_;
+  QRect normal_;        // its geometry
+  QRect put_, wanted_;  // where the program put it last, and instead of what
+  bool carried_ = false;
 };
+
+namespace {
+
+/// Null of a form that isn't shown yet.
+FormFrame* FrameOf(const Form* form) {
+  return dynamic_cast<FormFrame*>(form->parentWidget());
+}
+
+}  // namespace
 
 void ShowHint(QStatusBar& bar, const QString& text) {
   bar.showMessage(text, kHintTime);
@@ -233,7 +257,9 @@ void FormArea::Show(std::unique_ptr<Form> made) {
   frame->setWindowIcon(window()->windowIcon());
   frame->installEventFilter(this);
   connect(frame, &QMdiSubWindow::windowStateChanged, this,
-          [this](Qt::WindowStates before, Qt::WindowStates now) {
+          [this, frame](Qt::WindowStates before, Qt::WindowStates now) {
+            if ((before ^ now) & Qt::WindowMaximized)
+              frame->SetCarried(now.testFlag(Qt::WindowMaximized) && frame != front_);
             if ((before ^ now) & (Qt::WindowMaximized | Qt::WindowMinimized)) GiveKeys();
           });
   ScrollWhereTooLarge(*form, RoomInFrame());
@@ -277,22 +303,24 @@ void FormArea::Place(FormFrame* frame, const std::string& name) {
   const QRect beside = RoomToArrange();
   const bool fits = frame->minimumSizeHint().boundedTo(beside.size()) == frame->minimumSizeHint();
   const QRect room = kept || fixed || !fits ? viewport()->rect() : beside;
-  frame->Put(Within(room, QRect(place.left, place.top, place.width, place.height)));
+  QRect wanted(place.left, place.top, place.width, place.height);
+  if (FormIn(frame)->NeedsItsSize()) wanted.setSize(wanted.size().expandedTo(size));
+  frame->Put(Within(room, wanted), wanted);
   if (place.maximized) frame->setWindowState(Qt::WindowMaximized);
 }
 
 void FormArea::Fit(Form* form, Fitting fitting) {
-  auto* const frame = qobject_cast<QMdiSubWindow*>(form->parentWidget());
+  auto* const frame = FrameOf(form);
   if (frame == nullptr || frame->isMaximized() || frame->isMinimized()) return;
   QSize size = frame->sizeHint();
   if (fitting == Fitting::Grow) size = size.expandedTo(frame->size());
-  frame->setGeometry(Within(viewport()->rect(), QRect(frame->pos(), size)));
+  frame->PutAside(Within(viewport()->rect(), QRect(frame->pos(), size)));
 }
 
 bool FormArea::ShowBeside(Form* form, Form* front) {
-  auto* const other = qobject_cast<QMdiSubWindow*>(form->parentWidget());
-  auto* const kept = qobject_cast<QMdiSubWindow*>(front->parentWidget());
-  for (QMdiSubWindow* const frame : {other, kept})
+  FormFrame* const other = FrameOf(form);
+  FormFrame* const kept = FrameOf(front);
+  for (FormFrame* const frame : {other, kept})
     if (frame->isMinimized() || frame->isMaximized()) frame->showNormal();
   if (other->geometry().intersects(kept->geometry())) Part(other, kept);
   other->raise();
@@ -302,7 +330,7 @@ bool FormArea::ShowBeside(Form* form, Form* front) {
   return !other->geometry().intersects(kept->geometry());
 }
 
-void FormArea::Part(QMdiSubWindow* frame, QMdiSubWindow* kept) const {
+void FormArea::Part(FormFrame* frame, FormFrame* kept) const {
   const QRect room = RoomToArrange();
   QRect place = kept->geometry();
   const auto turnTo = [&](const QRect& wanted) {
@@ -315,9 +343,9 @@ void FormArea::Part(QMdiSubWindow* frame, QMdiSubWindow* kept) const {
   if (!turnTo(place) && !turnTo(QRect(room.topLeft(), place.size())) &&
       !turnTo(QRect(room.topLeft(), half.boundedTo(room.size()))))
     return;  // no room for both: the one in front hides the other
-  kept->setGeometry(place);
+  kept->PutAside(place);
   const QRect beside = RoomBeside(place, room);
-  frame->setGeometry(Within(beside, frame->geometry()));
+  frame->PutAside(Within(beside, frame->geometry()));
 }
 
 void FormArea::UnloadAll() {
@@ -427,10 +455,13 @@ bool FormArea::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Close)
     if (auto* const frame = dynamic_cast<FormFrame*>(watched))
       if (const Form* const form = FormIn(frame)) {
-        const QRect place = frame->NormalPlace();
+        const std::string name = FromQt(form->objectName());
+        const QRect place = frame->WantedPlace();
+        WindowPlace before;
+        const bool maximized =
+            frame->IsCarried() ? LoadWindowPlace(name, before) && before.maximized : frame->isMaximized();
         if (!frame->isMinimized())
-          SaveWindowPlace(FromQt(form->objectName()),
-                          {place.x(), place.y(), place.width(), place.height(), frame->isMaximized()});
+          SaveWindowPlace(name, {place.x(), place.y(), place.width(), place.height(), maximized});
       }
   return QMdiArea::eventFilter(watched, event);
 }

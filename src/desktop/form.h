@@ -37,6 +37,9 @@ class Form : public QWidget {
   /// arranged beside it.
   virtual bool KeepsItsSize() const { return false; }
 
+  /// A form that is of no use smaller than its content: it comes up no smaller, however it was left.
+  virtual bool NeedsItsSize() const { return false; }
+
   /// A grid that the Edit menu works on.
   virtual bool HasGrid() const { return false; }
 
@@ -144,7 +147,7 @@ class FormArea : public QMdiArea {
   void GiveKeys();
   void Place(FormFrame* frame, const std::string& name);
   /// Gives two frames places that don't overlap, if there is room for both.
-  void Part(QMdiSubWindow* frame, QMdiSubWindow* kept) const;
+  void Part(FormFrame* frame, FormFrame* kept) const;
 
   QPointer<QMdiSubWindow> front_;
   QPoint cascade_;  // of the form opened last, in twips

@@ -22,6 +22,9 @@ class NumberBox;
 /// What the four have in common.
 class OneRowForm : public Form {
   Q_OBJECT
+ public:
+  bool NeedsItsSize() const override { return true; }
+
  protected:
   OneRowForm(const char* name, const char* caption);
 

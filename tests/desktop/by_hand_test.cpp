@@ -223,7 +223,7 @@ TEST_F(ByHandTest, TheStatusBarCutsTheKindOfModelFirstAndLeavesRoomForAMessage) 
 
 TEST_F(ByHandTest, AHintGoesWhenAnotherFormTakesTheKeys) {
   OpenModel("1,1,0,0", kFrameByHand);
-  Window().Forms().Show(Figure());
+  Window().Forms().BringToFront(Figure());
   Figure()->View().setFocus();
   Settle();
   ASSERT_THAT(Status(), HasSubstr("次の節点"));
@@ -245,7 +245,7 @@ TEST_F(ByHandTest, TheCellsThatABoxAsksAboutStayToBeSeen) {
   OpenModel("1,1,0,0", kFrameByHand);
   OpenNodes();
   Table().View().Select({1, 1, 3, 2});
-  Window().Forms().Show(Figure());
+  Window().Forms().BringToFront(Figure());
   Settle();
   ASSERT_FALSE(Table().View().hasFocus());
   const QRect cell = Table().View().visualRect(Table().View().model()->index(1, 1));
@@ -271,7 +271,7 @@ TEST_F(ByHandTest, UndoIsOfferedWhereThereIsAStepAndTakesBackAPickOfTheFigure) {
   OpenModel("1,1,0,0", kFrameByHand);
   OpenTable("mnuLoad(1)", "InpELOD");
   EXPECT_FALSE(Entry("mnuUndo")->isEnabled());
-  Window().Forms().Show(Figure());
+  Window().Forms().BringToFront(Figure());
   Settle();
   EXPECT_FALSE(Entry("mnuUndo")->isEnabled());
   Figure()->findChild<QAction*>(QStringLiteral("figure-pick"))->trigger();
@@ -305,7 +305,7 @@ TEST_F(ByHandTest, EscInTheSearchOfAListingLeadsBackToItsText) {
 TEST_F(ByHandTest, TheToolsOfANarrowFigureGoOnInASecondLine) {
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuAnalysisStatic(0)");
-  Window().Forms().Show(Figure());
+  Window().Forms().BringToFront(Figure());
   Figure()->ShowFigure(kMomentFigure, Model::Asked::Yes);
   for (const int width : {1000, 420, 320}) {
     FrameOf("Model")->showNormal();

@@ -52,6 +52,47 @@ TEST_F(FormAreaTest, ASizeChangedBeforeMaximizingIsKept) {
   EXPECT_EQ(place, (WindowPlace{40, 30, 500, 420, true}));
 }
 
+TEST_F(FormAreaTest, AFormThatTheProgramPutElsewhereIsKeptAsTheUserHadIt) {
+  OpenSample(QStringLiteral("鉄骨ラーメン"));
+  TableWindow* form = OpenNodes();
+  const QRect wanted(300, 20, 620, 600);
+  FrameOf(form)->setGeometry(wanted);
+  form->ShowInFigure();
+  ASSERT_NE(FrameOf(form)->geometry(), wanted) << "the figure needs room";
+  CloseOf(form);
+  WindowPlace place;
+  ASSERT_TRUE(LoadWindowPlace("InpNODE", place));
+  EXPECT_EQ(place, (WindowPlace{300, 20, 620, 600, false}));
+  Window().resize(500, 400);
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  form = OpenNodes();
+  ASSERT_LT(FrameOf(form)->width(), 620);
+  CloseOf(form);
+  ASSERT_TRUE(LoadWindowPlace("InpNODE", place));
+  EXPECT_EQ(place, (WindowPlace{300, 20, 620, 600, false}))
+      << "nor does a small window make it small for good";
+}
+
+TEST_F(FormAreaTest, AFormThatIsMaximizedBecauseTheOneBeforeWasIsNotKeptSo) {
+  OpenSample(QStringLiteral("連続梁"));
+  FrameOf(OpenNodes())->showMaximized();
+  Choose("mnuDataItem(5)");
+  Form* const carried = OpenForm("InpELEM");
+  ASSERT_TRUE(FrameOf(carried)->isMaximized());
+  CloseOf(carried);
+  WindowPlace place;
+  ASSERT_TRUE(LoadWindowPlace("InpELEM", place));
+  EXPECT_FALSE(place.maximized);
+}
+
+TEST_F(FormAreaTest, AFormOfOneRowIsNeverSmallerThanItsContent) {
+  OpenSample(QStringLiteral("連続梁"));
+  SaveWindowPlace("InpCONT", {10, 10, 120, 60, false});
+  Choose("mnuDataItem(2)");
+  const QMdiSubWindow* const frame = FrameOf(OpenForm("InpCONT"));
+  EXPECT_EQ(frame->size(), frame->size().expandedTo(frame->sizeHint()));
+}
+
 /// Counts those that live.
 class CountedForm : public Form {
  public:

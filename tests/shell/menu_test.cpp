@@ -275,8 +275,17 @@ TEST(MenuState, DesignResultsSwitchTheirPrintingOn) {
 
 TEST(MenuState, EditingIsOnWithATableFormInFront) {
   MenuFacts facts = WithTables();
-  facts.tableForm = true;
+  facts.tableForm = facts.undo = facts.redo = true;
   EXPECT_EQ(EntriesOn(facts), Union({kAlways, kWithModel, kWithTables, kWithTableForm}));
+}
+
+TEST(MenuState, UndoAndRedoAreOnWhereThereIsAStep) {
+  MenuFacts facts = WithTables();
+  facts.undo = true;
+  EXPECT_EQ(EntriesOn(facts), Union({kAlways, kWithModel, kWithTables, {Command::Undo}}));
+  facts.undo = false;
+  facts.redo = true;
+  EXPECT_EQ(EntriesOn(facts), Union({kAlways, kWithModel, kWithTables, {Command::Redo}}));
 }
 
 TEST(MenuState, MenuThatOpensIsOnWithAnyOfItsEntries) {
