@@ -68,7 +68,7 @@ void TellSummary(double seconds) {
                          report.cases, RoadName(report.road), seconds * 1000));
   PrintError(CaseTable(report, CalcModel.ModelCode == kPlaneGrid));
   PrintError("  結果 " + ResultFolder() + "  リスト " + ListingPath());
-  for (const std::string& doubt : Doubts(report.trust)) Tell(DeckPath() + " ： " + doubt);
+  for (const std::string& doubt : DoubtsAbout(report.trust).sentences) Tell(DeckPath() + " ： " + doubt);
 }
 
 }  // namespace zorlan::batch

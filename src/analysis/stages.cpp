@@ -29,6 +29,7 @@ struct StageResults {
   std::optional<CaseTable> displacements;
   std::optional<CaseTable> reactions;
   std::optional<std::vector<double>> forces;
+  bool unstable = false;
 };
 StageResults Stage;
 
@@ -45,6 +46,7 @@ bool IsGrid() {
 
 void TellInstability(const NoStiffness& fault) {
   Tell(InstabilityText(fault));
+  Stage.unstable = true;
 }
 
 /// An overflow doesn't stop a real; it is a fault all the same.
@@ -87,6 +89,10 @@ void SubstituteStage() {
 
 void ClearStages() {
   Stage = {};
+}
+
+bool IsUnstable() {
+  return Stage.unstable;
 }
 
 void DMATRIX() {

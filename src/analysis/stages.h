@@ -13,6 +13,9 @@ namespace zorlan {
 /// Forgets what a former solve has left.
 void ClearStages();
 
+/// Whether the solve in hand has found the structure unstable, and told so.
+bool IsUnstable();
+
 // Element stage: from CalcModel to equations.
 void DMATRIX();   // file road
 void DSOLVE_1();  // in-memory road

@@ -10,6 +10,7 @@
 #include "analysis/stages.h"
 #include "base/fault.h"
 #include "base/host.h"
+#include "base/text.h"
 #include "base/text_file.h"
 #include "model/deck.h"
 #include "model/model_state.h"
@@ -24,8 +25,14 @@ constexpr double kPivotTolerance = 1e-20;
 
 /// FT031 is the last to come: who finds it finds all of them, also after a run that was killed.
 constexpr std::string_view kResultFiles[] = {"FT021", "FT022", "FT022A", "FT031"};
+/// The verdict on the results and its sentences; only where there is one.
+constexpr const char* kVerdictFile = "DOUBTS";
 /// What follows from the forces goes before them, and FT031 before its neighbours.
-constexpr std::string_view kStaleAfterAnalysis[] = {"SIG_S", "DSNS", "DSNRC", "FT031", "FT021"};
+constexpr std::string_view kStaleAfterAnalysis[] = {"SIG_S", "DSNS", "DSNRC", "FT031", "FT021", kVerdictFile};
+
+/// Told behind an unstable first solve of a case-by-case analysis.
+constexpr std::string_view kFirstSolveHint =
+    "傾斜ローラーと強制変位は、最初の解析では自由として扱います。それらがなくても安定な構造にしてください";
 
 // The parts of a run.
 constexpr std::string_view kSolving = "応力解析", kSolvingOutside = "応力解析（外部解析プログラム）",
@@ -73,12 +80,14 @@ std::string_view ModelObstacle() {
   return {};
 }
 
-void TellFailure() {
-  TheHost().message(AnalysisErrorDetail + " " + AnalysisError, "解析失敗");
+void TellFailure(std::string_view hint = {}) {
+  std::string text = AnalysisErrorDetail + " " + AnalysisError;
+  if (!hint.empty()) text += "\n" + std::string(hint);
+  TheHost().message(text, "解析失敗");
 }
 
-/// One solve of all load cases, results in memory.
-bool Solve() {
+/// One solve of all load cases, results in memory. The hint is for an unstable structure.
+bool Solve(std::string_view hint = {}) {
   PivotTolerance = kPivotTolerance;
   AnalysisError.clear();
   AnalysisErrorDetail.clear();
@@ -93,9 +102,18 @@ bool Solve() {
     else
       RunInMemoryRoad(groups);
   }
-  if (!AnalysisError.empty()) TellFailure();
+  if (!AnalysisError.empty()) TellFailure(IsUnstable() ? hint : std::string_view());
   TheHost().hourglass(false);
   return AnalysisError.empty();
+}
+
+bool SolveAndWrite(std::string_view hint = {}) {
+  if (!Solve(hint)) return false;
+  BeginPart(kResults);
+  RunStage("DSTRESS2", WriteStageResults);  // the stage that leaves the last of the files
+  if (AnalysisError.empty()) return true;
+  TellFailure();
+  return false;
 }
 
 /// An in-program analysis is solved twice; the second run overwrites the first, so only its files are
@@ -104,7 +122,7 @@ bool SolveTwice() {
   BeginPart(kFirstSolve);
   if (!Solve()) return false;
   BeginPart(kSecondSolve);
-  if (SolveStatic() == kFalse) return false;
+  if (!SolveAndWrite()) return false;
   Report.trust = AssessStages();
   return true;
 }
@@ -114,7 +132,7 @@ bool SolveTwice() {
 /// the unchanged model for each case of the second kind would give those files again.
 bool SolveCaseByCase(bool roller) {
   BeginPart(kFirstSolve);
-  if (SolveStatic() == kFalse) return false;
+  if (!SolveAndWrite(kFirstSolveHint)) return false;
   Report.road = Road::External;
   Report.trust = AssessStages();
   MergedResults results(CalcModel.MaxLoadCase, CalcModel.NodeCount, CalcModel.ElemCount);
@@ -142,6 +160,16 @@ bool SolveCaseByCase(bool roller) {
 void CopyResultFiles(const std::string& from, const std::string& to) {
   for (const std::string_view name : kResultFiles)
     ShareFileOver(from + std::string(name), to + std::string(name));
+}
+
+/// Leaves the verdict in both folders, for FT031 to come to.
+void WriteVerdict() {
+  const Doubts doubts = DoubtsAbout(Report.trust);
+  if (doubts.verdict.empty()) return;
+  std::string text = doubts.verdict + "\r\n";
+  for (const std::string& sentence : doubts.sentences) text += sentence + "\r\n";
+  ReplaceTextFile(AnalysisPath + kVerdictFile, text, Flush::No);
+  ShareFileOver(AnalysisPath + kVerdictFile, ResultFolder() + kVerdictFile);
 }
 
 /// What a new analysis of the model in hand makes untrue, listing included.
@@ -196,6 +224,7 @@ bool Analyse() {
   const bool solved = roller || forced ? SolveCaseByCase(roller) : SolveTwice();
   ClearStages();
   if (!solved) return false;
+  WriteVerdict();
   CopyResultFiles(AnalysisPath, ResultFolder());
   WriteListing();
   return true;
@@ -207,13 +236,14 @@ const AnalysisReport& LastAnalysis() {
   return Report;
 }
 
+std::string VerdictOnResults() {
+  const std::string text = ReadTextFileIfAny(AnalysisPath + kVerdictFile).value_or("");
+  std::string_view rest = text;
+  return std::string(TakeLine(rest).value_or(std::string_view()));
+}
+
 std::int16_t SolveStatic() {
-  if (!Solve()) return kFalse;
-  BeginPart(kResults);
-  RunStage("DSTRESS2", WriteStageResults);  // the stage that leaves the last of the files
-  if (AnalysisError.empty()) return kTrue;
-  TellFailure();
-  return kFalse;
+  return SolveAndWrite() ? kTrue : kFalse;
 }
 
 std::int16_t RunStaticAnalysis() {

@@ -176,17 +176,21 @@ std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTabl
   return trust;
 }
 
-std::vector<std::string> Doubts(const std::vector<CaseTrust>& trust) {
-  std::vector<std::string> doubts;
+Doubts DoubtsAbout(const std::vector<CaseTrust>& trust) {
+  Doubts doubts;
   for (std::size_t c = 0; c < trust.size(); ++c) {
     const std::string loadCase = "荷重ケース " + std::to_string(c + 1);
-    if (trust[c].lost)
-      doubts.push_back(loadCase + " の節点 " + std::to_string(trust[c].residualNode) +
-                       " で釣り合いが失われています。不安定な構造の可能性があり、結果は信頼できません");
-    else if (trust[c].unbalanced)
-      doubts.push_back(
+    if (trust[c].lost) {
+      doubts.verdict = "解析結果は信頼できません";
+      doubts.sentences.push_back(
+          loadCase + " の節点 " + std::to_string(trust[c].residualNode) +
+          " で釣り合いが失われています。不安定な構造の可能性があり、結果は信頼できません");
+    } else if (trust[c].unbalanced) {
+      if (doubts.verdict.empty()) doubts.verdict = "荷重と反力の合計が一致しません";
+      doubts.sentences.push_back(
           loadCase +
           " の荷重と反力の合計が一致しません。反力のリストに現れない支持力がないか、確かめてください");
+    }
   }
   return doubts;
 }

@@ -49,7 +49,11 @@ struct TrustRules {
 std::vector<CaseTrust> AssessSolution(const Equations& equations, const CaseTable& displacements,
                                       const CaseTable& reactions, const TrustRules& rules = {});
 
-/// What the user must hear of the cases before their numbers: a sentence for each that isn't sound.
-std::vector<std::string> Doubts(const std::vector<CaseTrust>& trust);
+/// What the user must hear of the cases before their numbers.
+struct Doubts {
+  std::string verdict;                 // in a few words; empty: there is nothing to hear
+  std::vector<std::string> sentences;  // for each case that isn't sound
+};
+Doubts DoubtsAbout(const std::vector<CaseTrust>& trust);
 
 }  // namespace zorlan

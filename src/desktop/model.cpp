@@ -370,8 +370,9 @@ void Model::ShowNote() {
   const bool noRatios = IsRatio(figure.DiagramType) && figure.model.ratios.empty();
   const bool results = (IsRatio(figure.DiagramType) || IsResult(figure.DiagramType)) && !noRatios;
   QStringList notes;
-  if (const std::string_view stale = StaleWords(RatioFileOf(figure.DiagramType)); results && !stale.empty())
-    notes += ToQt(stale);
+  if (const std::string remark = results ? ResultRemark(RatioFileOf(figure.DiagramType)) : "";
+      !remark.empty())
+    notes += ToQt(remark);
   if (noRatios) notes += QStringLiteral("断面算定の結果がありません");
   if (!typed_.empty()) notes += QStringLiteral("入力中の表を表示しています");
   if (figure.range != ViewingRange()) notes += QStringLiteral("表示範囲を限っています");

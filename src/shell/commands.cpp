@@ -34,6 +34,14 @@ bool HasNoMessages(const std::string& path) {
   return !FileExists(path) || ReadBytes(path).empty();
 }
 
+/// What the user must know of the last analysis before its numbers, all of it in one box.
+void TellDoubts() {
+  std::string text;
+  for (const std::string& sentence : DoubtsAbout(LastAnalysis().trust).sentences)
+    text += (text.empty() ? "" : "\n") + sentence;
+  if (!text.empty()) Tell(text);
+}
+
 /// A design whose wizard isn't there yet.
 void Design(std::string_view name) {
   RunCommand(name, [&] {
@@ -54,6 +62,7 @@ void ShowText(int printFlag, bool preview, const std::string& path) {
 }
 
 void ShowListing(const std::string& path) {
+  TellDoubts();
   ShowText(kPrintListing, /*preview=*/false, path);
 }
 

@@ -34,7 +34,7 @@ void ShowManual(const std::string& install);
 /// Whether the forced displacements can be entered; with the plane grid the user is told that they can't.
 bool MayEnterForcedDisplacements();
 
-/// The host's showListing: the analysis listing in the reader.
+/// The host's showListing: the analysis listing in the reader, behind a box with what makes it doubtful.
 void ShowListing(const std::string& path);
 
 }  // namespace zorlan

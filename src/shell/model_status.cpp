@@ -7,6 +7,7 @@
 #include <system_error>
 #include <vector>
 
+#include "analysis/static_analysis.h"
 #include "base/host.h"
 #include "base/number.h"
 #include "base/text_file.h"
@@ -72,14 +73,9 @@ constexpr std::string_view kForces = "FT031";
 constexpr std::array<std::string_view, 3> kAgedFiles = {kForces, "SIG_S", "SIG_RC"};
 
 std::string ResultText() {
-  switch (StateOfResults()) {
-    case ResultState::Stale:
-      return std::string(kStaleResults);
-    case ResultState::Current:
-      return "解析結果あり";
-    default:
-      return "解析結果なし";
-  }
+  if (!HasForces()) return "解析結果なし";
+  const std::string remark = ResultRemark();
+  return remark.empty() ? "解析結果あり" : remark;
 }
 
 }  // namespace
@@ -104,6 +100,11 @@ std::string_view StaleWords(std::string_view designFile) {
 void TellOfStaleResults(std::string_view designFile) {
   const std::string_view words = StaleWords(designFile);
   if (!words.empty()) Tell(DeckPath() + " ： " + std::string(words));
+}
+
+std::string ResultRemark(std::string_view designFile) {
+  if (const std::string_view stale = StaleWords(designFile); !stale.empty()) return std::string(stale);
+  return HasForces() ? VerdictOnResults() : "";
 }
 
 ModelStatus CurrentModelStatus() {

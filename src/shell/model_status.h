@@ -23,6 +23,10 @@ std::string_view StaleWords(std::string_view designFile = {});
 /// Tells them with the deck's name, where nobody sees the status.
 void TellOfStaleResults(std::string_view designFile = {});
 
+/// What must be said beside the results: that they are stale, in the words above, or can't be trusted. Empty:
+/// nothing.
+std::string ResultRemark(std::string_view designFile = {});
+
 /// Short texts for the user; an empty one has nothing to say.
 struct ModelStatus {
   std::string model;    // its name

@@ -219,9 +219,10 @@ TEST_F(ExternalProof, TheLoadsOfAFloorReachTheSupportOfItsOneNode) {
 
 // Walls of 0.6 m by 6 m: the residual is a kilogramme, the forces a hundred thousand tonnes.
 TEST_F(ExternalProof, ASettlementWithoutLoadsIsTrusted) {
-  ASSERT_TRUE(Analyse(Head(1, 1, 0) + "1,0.1,0,1,1,1\n2,8.3,0,1,1,1\n3,0.1,3.7,0,0,0\n4,8.3,3.7,0,0,0\n"
-                                      "\n@ELEM\n1,1,3,0,0,1\n2,2,4,0,0,1\n3,3,4,0,0,1\n"
-                                      "\n@SECT\n1,1,60,600,1.2,36000,1,227.123,94.58\n\n@SPEC\n2,1,0,-200,0\n"))
+  ASSERT_TRUE(Analyse(Head(1, 1, 0) +
+                      "1,0.1,0,1,1,1\n2,8.3,0,1,1,1\n3,0.1,3.7,0,0,0\n4,8.3,3.7,0,0,0\n"
+                      "\n@ELEM\n1,1,3,0,0,1\n2,2,4,0,0,1\n3,3,4,0,0,1\n"
+                      "\n@SECT\n1,1,60,600,1.2,36000,1,227.123,94.58\n\n@SPEC\n2,1,0,-200,0\n"))
       << testing::PrintToString(Told());
   EXPECT_GT(std::abs(F(1, 1)), 1e5);
   EXPECT_GT(LastAnalysis().trust[0].residual, kLostPrintedResidual) << "more than beside 1 t would pass";
@@ -240,6 +241,28 @@ TEST_F(ExternalProof, SpringsBalanceUnderMagnification) {
     EXPECT_NEAR(trust.loadSum[1], -7.5, 1e-9);
     EXPECT_FALSE(trust.unbalanced || trust.lost) << moved;
   }
+}
+
+// The first solve leaves rollers and forced displacements free.
+TEST_F(ExternalProof, WhatStandsOnlyByItsRollerFailsWithTheReason) {
+  const std::string truss =
+      "1,0,0,1,1,0\n2,2,2,0,0,0\n3,4,0,4,4,0,30\n\n@ELEM\n1,1,2,1,1,1\n2,2,3,1,1,1\n"
+      "3,1,3,1,1,1\n" +
+      std::string(kSection) + "\n@PLOD\n1,2,0,-10,0\n";
+  const std::string reason =
+      "傾斜ローラーと強制変位は、最初の解析では自由として扱います。それらがなくても安定な構造にしてください";
+  EXPECT_FALSE(Analyse(Head(1, 1, 1) + truss));
+  ASSERT_EQ(Told().size(), 2U);
+  EXPECT_THAT(Told()[0], testing::HasSubstr("不安定構造"));
+  EXPECT_THAT(Told()[1], testing::AllOf(testing::StartsWith("解析失敗: "), testing::EndsWith("\n" + reason)));
+  EXPECT_FALSE(Analyse(Head(1, 1, 0) + truss)) << "no inclined roller is in force";
+  EXPECT_THAT(Told().back(), testing::Not(testing::HasSubstr(reason)));
+  EXPECT_FALSE(Analyse(Head(1, 1, 0) + truss + "\n@SPEC\n3,1,0,-1,0\n"));
+  EXPECT_THAT(Told().back(), testing::HasSubstr(reason));
+  std::string wrong = Head(1, 1, 1) + truss;  // another fault has another reason
+  wrong.replace(wrong.find("3,1,3,1,1,1"), 11, "3,1,3,1,1,7");
+  EXPECT_FALSE(Analyse(wrong));
+  EXPECT_THAT(Told().back(), testing::Not(testing::HasSubstr(reason)));
 }
 
 TEST_F(ExternalProof, AnUnstressedBarKeepsItsNodesRotationsAtZero) {

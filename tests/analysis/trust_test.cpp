@@ -294,11 +294,14 @@ TEST(Trust, CountsASpringTimesTheMagnificationOfItsNode) {
 
 TEST(Trust, IsToldInASentenceACase) {
   std::vector<CaseTrust> trust(3);
-  EXPECT_TRUE(Doubts(trust).empty());
+  EXPECT_EQ(DoubtsAbout(trust).verdict, "");
+  EXPECT_TRUE(DoubtsAbout(trust).sentences.empty());
   trust[0].unbalanced = true;
+  EXPECT_EQ(DoubtsAbout(trust).verdict, "荷重と反力の合計が一致しません");
   trust[2].lost = trust[2].unbalanced = true;
   trust[2].residualNode = 12;
-  const std::vector<std::string> doubts = Doubts(trust);
+  EXPECT_EQ(DoubtsAbout(trust).verdict, "解析結果は信頼できません");
+  const std::vector<std::string> doubts = DoubtsAbout(trust).sentences;
   ASSERT_EQ(doubts.size(), 2U);
   EXPECT_EQ(
       doubts[0],

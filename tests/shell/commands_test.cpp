@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/menu.h"
+#include "shell/model_status.h"
 #include "shell/settings.h"
 #include "support/shell_folder.h"
 
@@ -149,6 +150,46 @@ TEST_F(CommandsTest, ListingOfTheAnalysisGoesToTheReader) {
   ShowListing("/somewhere/m.out");
   EXPECT_EQ(Flag(), "2");
   EXPECT_THAT(done, ElementsAre("read 2 /somewhere/m.out"));
+}
+
+/// Three members in a row, pinned where they fall: rounding hides it from the solver.
+constexpr std::string_view kHiddenMechanism =
+    "@CONT\n1,1,0,0\n@UNIT\n1,1,9.80665,0\n@NODE\n1,0,0,1,1,0\n2,3,0.7,0,0,0\n3,7,1.9,0,1,0\n4,9,4.1,0,0,0\n"
+    "@ELEM\n1,1,2,0,1,1\n2,2,3,1,0,1\n3,3,4,0,0,1\n@SECT\n1,0,100,20000,0,0,1,205000,79000\n"
+    "@PLOD\n1,2,0,-10,0\n1,4,0,-10,0\n";
+
+TEST_F(CommandsTest, DoubtsAreToldInOneBoxBeforeTheListingOpens) {
+  Write(Sample() + "門形.inp", kHiddenMechanism);
+  TakeModel({Data(), "例題－１.zor/", "門形.inp"});
+  Host host = TheHost();
+  host.showListing = ShowListing;
+  host.message = [this](std::string_view text, std::string_view) {
+    done.push_back("told " + std::string(text));
+  };
+  InstallHost(host);
+  Forget();
+  EXPECT_TRUE(AnalyseModel());
+  ASSERT_GE(done.size(), 2U);
+  EXPECT_EQ(
+      done[0],
+      "told 荷重ケース 1 の節点 2 で釣り合いが失われています。不安定な構造の可能性があり、結果は信頼できません");
+  EXPECT_EQ(done[1], "read 2 " + Listing());
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果は信頼できません");
+}
+
+TEST_F(CommandsTest, ADoubtfulResultIsSaidAgainWhenItsModelIsOpened) {
+  Write(Sample() + "門形.inp", kHiddenMechanism);
+  TakeModel({Data(), "例題－１.zor/", "門形.inp"});
+  ASSERT_TRUE(AnalyseModel());
+  EndProgram();
+  StartWithModel();
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果は信頼できません");
+  Write(Sample() + "門形.inp", kPortal);
+  TakeModel({Data(), "例題－１.zor/", "門形.inp"});
+  EXPECT_EQ(CurrentModelStatus().results, kStaleResults);
+  ASSERT_TRUE(AnalyseModel());
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果あり");
+  EXPECT_FALSE(FileExists(Sample() + "門形.ANA/DOUBTS"));
 }
 
 TEST_F(CommandsTest, ListingIsShownAlthoughItsFlagCannotBeKept) {
