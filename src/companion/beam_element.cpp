@@ -34,7 +34,7 @@ BeamElement MakeBeamElement(const Deck& deck, const Beam& beam, const std::array
   element.c = x / element.L;
   element.s = z / element.L;
 
-  const Real E = ModulusOf(material);
+  const double E = ModulusOf(material);
   element.stiffness[0][0] = E * section.A / element.L;
   if (section.I > kNone) {
     const Real EI = E * section.I, rate = EI / element.L;

@@ -149,6 +149,30 @@ TEST_F(ListingsTest, AnOpenListingIsThatOfTheLastAnalysis) {
   EXPECT_EQ(Child<QPlainTextEdit>(OpenForm("frmKakuninText"), "text")->toPlainText(), QString());
 }
 
+// Members pinned where they fall: rounding hides it from the solver.
+TEST_F(ListingsTest, WhatCannotBeTrustedIsToldBeforeItsListingOpens) {
+  const std::string deck = Sample("崩れる梁.inp");
+  ReplaceTextFile(deck,
+                  "@CONT\r\n1,1,0,0\r\n@UNIT\r\n1,1,9.80665,0\r\n@NODE\r\n1,0,0,1,1,0\r\n2,3,0.7,0,0,0\r\n"
+                  "3,7,1.9,0,1,0\r\n4,9,4.1,0,0,0\r\n@ELEM\r\n1,1,2,0,1,1\r\n2,2,3,1,0,1\r\n3,3,4,0,0,1\r\n"
+                  "@SECT\r\n1,0,100,20000,0,0,1,205000,79000\r\n@PLOD\r\n1,2,0,-10,0\r\n1,4,0,-10,0\r\n");
+  Window().OpenDeck(ToQt(deck));
+  bool listingOpen = true;
+  Script().Expect(QStringLiteral("釣り合いが失われています"), [&](QWidget& box) {
+    listingOpen = OpenForm("frmKakuninText") != nullptr;
+    static_cast<QDialog&>(box).accept();
+  });
+  Choose("mnuAnalysisStatic(0)");
+  EXPECT_FALSE(listingOpen);
+  EXPECT_NE(OpenForm("frmKakuninText"), nullptr);
+  const auto* const results = Child<QLabel>(&Window(), "statusResults");
+  EXPECT_EQ(FromQt(results->text()), "解析結果は信頼できません");
+  OpenSample(QStringLiteral("連続梁"));
+  EXPECT_EQ(FromQt(results->text()), "解析結果なし");
+  Window().OpenDeck(ToQt(deck));
+  EXPECT_EQ(FromQt(results->text()), "解析結果は信頼できません") << "it stands beside the results";
+}
+
 TEST_F(ListingsTest, EscClosesTheReader) {
   Form* const reader = Show(kPrintCheck, false, "a\r\n");
   QTest::keyClick(Child<QPlainTextEdit>(reader, "text"), Qt::Key_Escape);
