@@ -135,20 +135,35 @@ constexpr std::array kTwins = {Twin{0x301C, 0xFF5E}, Twin{0x2212, 0xFF0D}, Twin{
                                Twin{0x2014, 0x2015}, Twin{0x00A2, 0xFFE0}, Twin{0x00A3, 0xFFE1},
                                Twin{0x00AC, 0xFFE2}};
 
-/// The code that a character is printed by.
-std::uint16_t PrintCodeOf(char32_t c) {
+char32_t OwnCharacter(char32_t c) {
   for (const Twin& twin : kTwins)
-    if (twin.other == c) return CodeOf(twin.ours);
-  return CodeOf(c);
+    if (twin.other == c) return twin.ours;
+  return c;
 }
 
 std::size_t ColumnsOf(char32_t c) {
-  return c >= 0x80 && PrintCodeOf(c) > 0xFF ? 2 : 1;
+  return c >= 0x80 && CodeOf(OwnCharacter(c)) > 0xFF ? 2 : 1;
 }
 
-/// The text by `codeOf`, "?" for a character without a code.
-template <class CodeOfCharacter>
-Cp932Text Encoded(std::string_view text, CodeOfCharacter codeOf) {
+}  // namespace
+
+std::string WithOwnCharacters(std::string_view text) {
+  std::string result;
+  result.reserve(text.size() + text.size() / 2);
+  for (std::size_t at = 0; at < text.size();) {
+    char32_t c = 0;
+    const std::size_t run = PlainRun(text, at);
+    const std::size_t length = run > 0 ? run : DecodeUtf8(text, at, c);
+    if (const char32_t own = OwnCharacter(c); own != c)
+      AppendUtf8(result, own);
+    else
+      result.append(text, at, length);
+    at += length;
+  }
+  return result;
+}
+
+Cp932Text Cp932FromUtf8(std::string_view text) {
   Cp932Text result;
   result.bytes.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
@@ -159,7 +174,7 @@ Cp932Text Encoded(std::string_view text, CodeOfCharacter codeOf) {
     }
     char32_t c = 0;
     const std::size_t length = DecodeUtf8(text, at, c);
-    const std::uint16_t code = codeOf(c);
+    const std::uint16_t code = CodeOf(c);
     if (code == 0) {
       if (result.lost.empty()) result.lost = text.substr(at, length);
       result.bytes += '?';
@@ -171,6 +186,8 @@ Cp932Text Encoded(std::string_view text, CodeOfCharacter codeOf) {
   }
   return result;
 }
+
+namespace {
 
 /// Whether bytes are whole and defined characters of code page 932. 80, A0 and FD to FF stand in no text.
 bool IsCp932(std::string_view bytes) {
@@ -234,12 +251,8 @@ std::string Utf8FromCp932(std::string_view bytes) {
   return out;
 }
 
-Cp932Text Cp932FromUtf8(std::string_view text) {
-  return Encoded(text, CodeOf);
-}
-
 std::string Cp932ForPrint(std::string_view text) {
-  return Encoded(text, PrintCodeOf).bytes;
+  return Cp932FromUtf8(WithOwnCharacters(text)).bytes;
 }
 
 std::size_t HalfWidth(std::string_view text) {

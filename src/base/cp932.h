@@ -30,9 +30,12 @@ struct Cp932Text {
 };
 Cp932Text Cp932FromUtf8(std::string_view text);
 
-/// The bytes of a text for people and drawing programs to read, which never comes back as data. A character
-/// that other systems write for one of the code page (U+301C for ～, U+2212 for －) goes as that one; what
-/// the code page lacks otherwise is "?".
+/// The text with the characters that other systems write for one of the code page (U+301C for ～, U+2212 for
+/// －, and those for ∥ ― ￠ ￡ ￢) as that one: for all that is typed or pasted.
+std::string WithOwnCharacters(std::string_view text);
+
+/// The bytes of a text for people and drawing programs to read, which never comes back as data: with its own
+/// characters, and "?" for what the code page lacks otherwise.
 std::string Cp932ForPrint(std::string_view text);
 
 /// Width of a UTF-8 text in half-width columns: its length in bytes of code page 932, as it is printed.

@@ -10,6 +10,7 @@
 #include "base/text_file.h"
 #include "desktop/busy.h"
 #include "desktop/dialog_buttons.h"
+#include "desktop/own_characters.h"
 #include "model/model_state.h"
 #include "output/csv_output.h"
 #include "render/qt_text.h"
@@ -27,6 +28,7 @@ frmCsvFile::frmCsvFile(QWidget* parent) : QDialog(parent) {
   connect(browse, &QPushButton::clicked, this, &frmCsvFile::Browse);
   name_ = new QLineEdit(ToQt(CsvBaseName()));
   name_->setObjectName(QStringLiteral("name"));
+  KeepOwnCharacters(*name_);
   auto* const folderRow = new QHBoxLayout;
   folderRow->addWidget(folder_, 1);
   folderRow->addWidget(browse);

@@ -1,5 +1,6 @@
 #include "desktop/figure_windows.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,6 +18,7 @@
 #include "desktop/show_define.h"
 #include "graphics/options.h"
 #include "model/model_state.h"
+#include "shell/commands.h"
 #include "shell/settings.h"
 
 namespace zorlan {
@@ -132,20 +134,10 @@ void OpenRange(MainWindow& window) {
 
 namespace {
 
-/// The figure of the model in hand with its results.
-std::optional<Figure> FigureOfPages(bool results) {
-  Figure figure;
-  figure.model = ReadFigureTables();
-  if (results && !LoadFigureResults(figure.model, AnalysisPath)) {
-    Tell(kNoFittingResults);
-    return std::nullopt;
-  }
-  return figure;
-}
-
 void ShowPages(MainWindow& window, Figure figure, std::vector<SelectedFigure> figures, int layout,
                std::optional<View> shown) {
   auto pages = std::make_unique<FigurePreview>(std::move(figure), std::move(figures), layout, shown);
+  KeepPrintFlag(kPrintFigures);
   FormToShow<frmPrnText> preview = PreviewToShow(window);
   preview->ShowFigures(std::move(pages));
   preview.Show();
@@ -169,16 +161,33 @@ std::optional<View> PartInSight(Model& figure) {
   return figure.View().TheFigure().view;
 }
 
+/// The sheets lie this way from now on. What can't be kept is told, and holds until the program ends.
+void KeepOrientation(int orientation) {
+  if (PrinterSettings.orientation == orientation) return;
+  PrinterSettings.orientation = static_cast<std::int16_t>(orientation);
+  try {
+    PrinterInfo(/*write=*/true);
+  } catch (const std::exception& fault) {
+    Tell(fault.what());
+  }
+}
+
 /// Asks which figures go on pages, hands the choice over and shows them: `shown` of each, or all.
 void ChoosePages(MainWindow& window, FigureSelection choice, std::optional<View> shown) {
-  std::optional<Figure> figure = FigureOfPages(choice.batch || choice.figureKind != kLoadCheck);
-  if (!figure) return;
-  const int cases = figure->model.maxLoadCase;
+  Figure figure;
+  figure.model = ReadFigureTables();
+  const int cases = figure.model.maxLoadCase;
   choice = WithinCases(std::move(choice), cases);
   if (frmSelctLC(choice, cases, &window).exec() != QDialog::Accepted) return;
   const FigureSelection handed = HandOver(choice);
-  PrinterSettings.orientation = static_cast<std::int16_t>(handed.orientation);
-  ShowPages(window, std::move(*figure), SelectedFigures(handed), handed.layout, shown);
+  std::vector<SelectedFigure> figures = SelectedFigures(handed);
+  if (std::ranges::any_of(figures, NeedsResults) && !LoadFigureResults(figure.model, AnalysisPath)) {
+    Tell(kNoFittingResults);
+    RemoveSelection();
+    return;
+  }
+  KeepOrientation(handed.orientation);
+  ShowPages(window, std::move(figure), std::move(figures), handed.layout, shown);
 }
 
 }  // namespace

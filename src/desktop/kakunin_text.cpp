@@ -18,6 +18,7 @@
 
 #include "base/host.h"
 #include "base/text_file.h"
+#include "desktop/own_characters.h"
 #include "desktop/save_file.h"
 #include "forms/message_row.h"
 #include "model/model_state.h"
@@ -60,6 +61,7 @@ frmKakuninText::frmKakuninText() : Form("frmKakuninText"), points_(kPoints) {
   text_->viewport()->installEventFilter(this);
   search_ = new QLineEdit;
   search_->setObjectName(QStringLiteral("search"));
+  KeepOwnCharacters(*search_);
   search_->setPlaceholderText(QStringLiteral("検索"));
   search_->setClearButtonEnabled(true);
   search_->setMaximumWidth(220);

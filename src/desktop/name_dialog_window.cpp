@@ -6,6 +6,7 @@
 #include <QLineEdit>
 
 #include "desktop/dialog_buttons.h"
+#include "desktop/own_characters.h"
 #include "render/qt_text.h"
 #include "shell/project_copies.h"
 
@@ -19,6 +20,7 @@ NameDialogWindow::NameDialogWindow(NameDialog& dialog, QWidget* parent) : QDialo
   folder->setWordWrap(true);
   name_ = new QLineEdit(ToQt(dialog.name));
   name_->setObjectName(QStringLiteral("name"));
+  KeepOwnCharacters(*name_);
   name_->setMinimumWidth(320);
   name_->selectAll();
   auto* const rows = new QFormLayout;

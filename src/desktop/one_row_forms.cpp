@@ -20,6 +20,7 @@
 #include "base/cp932.h"
 #include "base/host.h"
 #include "desktop/number_box.h"
+#include "desktop/own_characters.h"
 #include "model/model_state.h"
 #include "render/fonts.h"
 #include "render/qt_text.h"
@@ -135,6 +136,7 @@ TitleForm::TitleForm(std::string_view key)
       loaded_(LoadTitle(key)) {
   title_ = new QLineEdit(ToQt(loaded_));
   title_->setObjectName(QStringLiteral("title"));
+  KeepOwnCharacters(*title_);
   title_->setFont(FixedFont(kTitlePoints));
   const QFontMetricsF metrics(title_->font());
   title_->setMinimumWidth(static_cast<int>(metrics.horizontalAdvance(QLatin1Char('0')) * kMaxTitleWidth) +

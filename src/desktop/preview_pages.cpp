@@ -163,13 +163,11 @@ std::optional<std::string_view> FigurePreview::ReadData() {
   FigureModel& model = figure_.model;
   model = ReadFigureTables();
   if (model.nodes.empty()) return "表示するモデルがありません";
-  const auto among = [this](int first, int last) {
-    return std::ranges::find_if(
-        chosen_, [&](const SelectedFigure& figure) { return figure.kind >= first && figure.kind <= last; });
-  };
-  if (among(kDisplacementFigure, kMomentFigure) != chosen_.end() && !LoadFigureResults(model, AnalysisPath))
+  if (std::ranges::any_of(chosen_, NeedsResults) && !LoadFigureResults(model, AnalysisPath))
     return kNoFittingResults;
-  const auto ratios = among(kSteelRatioFigure, kRcRatioFigure);
+  const auto ratios = std::ranges::find_if(chosen_, [](const SelectedFigure& figure) {
+    return figure.kind >= kSteelRatioFigure && figure.kind <= kRcRatioFigure;
+  });
   if (ratios != chosen_.end() && !LoadFigureRatios(model, ratios->kind, AnalysisPath))
     return "断面算定の結果がありません";
   sheets_.figures = chosen_;

@@ -12,6 +12,7 @@
 #include "desktop/dialog_place.h"
 #include "desktop/folder_tree_view.h"
 #include "desktop/model_picture.h"
+#include "desktop/own_characters.h"
 #include "render/fonts.h"
 #include "render/qt_text.h"
 #include "shell/node_picking.h"
@@ -44,6 +45,7 @@ ProjectDialogWindow::ProjectDialogWindow(ProjectDialog& dialog, QWidget* parent)
     Pick(node);
     accept();
   });
+  for (QLineEdit* const box : {project_, model_}) KeepOwnCharacters(*box);
   for (QLineEdit* const box : {dataPath_, project_, model_})
     connect(box, &QLineEdit::textEdited, this, [this] {
       TakeBoxes();

@@ -14,6 +14,7 @@
 
 #include "base/cp932.h"
 #include "base/text.h"
+#include "desktop/own_characters.h"
 #include "render/fonts.h"
 #include "render/qt_text.h"
 
@@ -101,6 +102,7 @@ class ChoiceModel : public QAbstractTableModel {
 SectionList::SectionList(QWidget* parent) : QWidget(parent) {
   search_ = new QLineEdit;
   search_->setObjectName(QStringLiteral("search"));
+  KeepOwnCharacters(*search_);
   search_->setPlaceholderText(QStringLiteral("400x200 など"));
   search_->setClearButtonEnabled(true);
   model_ = new ChoiceModel(this);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/cp932.h"
 #include "base/text.h"
 #include "forms/table_form.h"
 
@@ -74,7 +75,7 @@ std::string NumberText(std::string_view text) {
 
 Typed FilterTyped(std::string_view mask, std::string_view text) {
   Typed typed;
-  const std::string keys = mask == kAnyText ? std::string(text) : NumberText(text);
+  const std::string keys = mask == kAnyText ? WithOwnCharacters(text) : NumberText(text);
   std::string_view rest = keys;
   while (!rest.empty()) {
     const std::string_view character = TakeCharacter(rest);
@@ -90,7 +91,7 @@ Typed FilterTyped(std::string_view mask, std::string_view text) {
 }
 
 std::string PastedCell(std::string_view mask, std::string_view text) {
-  if (mask == kAnyText) return std::string(NoSpc(text));
+  if (mask == kAnyText) return WithOwnCharacters(NoSpc(text));
   std::string number = NumberText(text);
   number = std::string(NoSpc(number));
   if (HasThousands(number)) std::erase(number, ',');

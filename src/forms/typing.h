@@ -14,13 +14,13 @@ std::string NumberText(std::string_view text);
 
 /// What of a typed text a column takes.
 struct Typed {
-  std::string text;      // in half width where the column is for numbers
+  std::string text;      // in half width where the column is for numbers, else in the code page's characters
   bool refused = false;  // a character was swallowed
 };
 Typed FilterTyped(std::string_view mask, std::string_view text);
 
 /// A pasted cell as a column takes it: without blanks around it; in a number column in half width and without
-/// the commas between thousands.
+/// the commas between thousands; in a text column in the code page's own characters.
 std::string PastedCell(std::string_view mask, std::string_view text);
 
 /// What the column takes, for the status bar: "数字を入力します".

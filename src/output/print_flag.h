@@ -19,6 +19,7 @@ enum PrintFlag : int {
   kPrintTimberDesign = 6,
   kPrintOther = 7,
   kPrintCheckRead = -1,  // the input check's own mark for the text reader
+  kPrintFigures = -1,    // the preview's for a choice of figures: no listing
 };
 
 /// The path of a flag's listing for the model in hand; empty for an unknown flag.

@@ -51,12 +51,16 @@ void Design(std::string_view name) {
 
 }  // namespace
 
-void ShowText(int printFlag, bool preview, const std::string& path) {
+void KeepPrintFlag(int printFlag) {
   try {
     SavePrivateSetting(kApp, kSection, kKey, std::to_string(printFlag));
   } catch (const Fault&) {
-    // The window is told the flag as well; a text isn't withheld for it.
+    // nothing is withheld for it
   }
+}
+
+void ShowText(int printFlag, bool preview, const std::string& path) {
+  KeepPrintFlag(printFlag);
   TheWindows().showText(preview ? TextWindow::Preview : TextWindow::Reader, printFlag,
                         path.empty() ? PrintFile(printFlag) : path);
 }

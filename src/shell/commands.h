@@ -11,6 +11,8 @@ namespace zorlan {
 
 /// Keeps the flag under ("ZOR", "PrnText", "PrintFlag") and shows its file. `path` empty: PrintFile(flag).
 void ShowText(int printFlag, bool preview, const std::string& path = {});
+/// Keeps a flag alone. What fails is passed over: the window is told the flag as well.
+void KeepPrintFlag(int printFlag);
 
 /// "静解析": closes the table forms, saves the model without asking, analyses, and follows the result files.
 /// True if it finished.

@@ -93,6 +93,10 @@ bool HasLoadCase(int kind) {
   return kind >= kLoadCheck && kind <= kMomentFigure;
 }
 
+bool NeedsResults(const SelectedFigure& figure) {
+  return figure.kind >= kDisplacementFigure && figure.kind <= kMomentFigure;
+}
+
 void LoadDisplayOptions() {
   LoadModelOptions();
   LoadDesignOptions();

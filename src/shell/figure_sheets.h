@@ -31,6 +31,8 @@ FigureSheets SheetsOf(const PrinterRec& printer, std::vector<SelectedFigure> fig
 
 /// Whether a kind of figure is of one load case.
 bool HasLoadCase(int kind);
+/// Whether a figure is drawn from results of the analysis.
+bool NeedsResults(const SelectedFigure& figure);
 
 /// Reads the three option sets of the program's tree.
 void LoadDisplayOptions();

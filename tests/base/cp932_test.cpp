@@ -62,6 +62,13 @@ TEST(Cp932, PrintsWhatOtherSystemsWriteForItsOwnCharacters) {
   EXPECT_EQ(HalfWidth("é"), 1u);
 }
 
+TEST(Cp932, TakesWhatOtherSystemsWriteForItsOwnCharacters) {
+  EXPECT_EQ(WithOwnCharacters("梁〜1−‖—¢£¬é~-|"), "梁～1－∥―￠￡￢é~-|");
+  EXPECT_EQ(Cp932FromUtf8(WithOwnCharacters("〜−‖—¢£¬")).lost, "");
+  EXPECT_EQ(WithOwnCharacters(""), "");
+  EXPECT_EQ(WithOwnCharacters("\xE3\x80"), "\xE3\x80") << "half a character stays";
+}
+
 TEST(HalfWidth, CutsATextBetweenCharacters) {
   EXPECT_EQ(FrontWithin("節点ab", 6), "節点ab");
   EXPECT_EQ(FrontWithin("節点ab", 5), "節点a");

@@ -41,6 +41,8 @@ TEST(Typing, FullWidthDigitsAndSignsAreTakenAsTheirHalfWidthInNumberColumns) {
   for (const char* const dash : {"\u2010", "\u2011", "\u2012", "\u2013", "\u2015", "\u2212", "\uFE63"})
     EXPECT_EQ(PastedCell(kReal, dash + std::string("5")), "-5") << "it looks like a minus";
   EXPECT_EQ(FilterTyped(kAnyText, "１０５×１０５").text, "１０５×１０５") << "a name keeps its width";
+  EXPECT_EQ(FilterTyped(kAnyText, "２〜３−").text, "２～３－") << "as the files write them";
+  EXPECT_EQ(PastedCell(kAnyText, " ２〜３− "), "２～３－");
 }
 
 TEST(Typing, OfAMixedTextThePassingCharactersStay) {
