@@ -98,6 +98,8 @@ void frmPrnText::Build() {
   column->setContentsMargins(6, 6, 6, 6);
   note_ = new QLabel;
   note_->setObjectName(QStringLiteral("note"));
+  note_->setTextFormat(Qt::PlainText);
+  note_->setWordWrap(true);
   column->addLayout(row);
   column->addWidget(note_);
   column->addWidget(view_, 1);
