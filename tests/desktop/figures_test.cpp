@@ -1,5 +1,7 @@
 // The windows of figures, as a person uses them.
 #include <algorithm>
+#include <chrono>
+#include <filesystem>
 #include <functional>
 #include <QCheckBox>
 #include <QClipboard>
@@ -250,6 +252,18 @@ TEST_F(FiguresTest, ADesignFigureInWhichNoMemberHasARatioSaysSo) {
   ReplaceBytes(AnalysisPath + "SIG_S", "0.5\r\n");
   Choose("mnuDesignModelItem(0)");
   EXPECT_EQ(note(), QString());
+}
+
+TEST_F(FiguresTest, ADesignFigureOfTheModelBeforeItWasChangedSaysSo) {
+  Analyse();
+  ReplaceBytes(AnalysisPath + "SIG_S", "0.5\r\n");
+  const auto deck = std::filesystem::last_write_time(NativePath(DeckPath()));
+  std::filesystem::last_write_time(NativePath(AnalysisPath + "SIG_S"), deck - std::chrono::seconds(1));
+  Choose("mnuDesignModelItem(0)");
+  EXPECT_EQ(Child<QLabel>(Window("ModelS"), "note")->text(),
+            QStringLiteral("断面算定の結果は変更前のものです"));
+  Choose("mnuViewDiagramMoment");
+  EXPECT_EQ(Child<QLabel>(Window("Model"), "note")->text(), QString());
 }
 
 TEST_F(FiguresTest, TheDefinitionShowsTheStoredData) {
