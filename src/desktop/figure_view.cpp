@@ -160,13 +160,11 @@ void FigureView::PaintMark(QPainter& painter) const {
     return;
   }
   const FigureElement& element = figure_.model.elements[static_cast<std::size_t>(marked_->index)];
-  const auto end = [this](int row) {
-    return ToPixels(figure_.view.ToFigure(figure_.place[static_cast<std::size_t>(row)]));
-  };
+  const auto [i, j] = figure_.EndsOf(element);
   QColor band = kMarkColour;
   band.setAlpha(150);
   painter.setPen(QPen(band, kBand, Qt::SolidLine, Qt::RoundCap));
-  painter.drawLine(end(element.rowI), end(element.rowJ));
+  painter.drawLine(ToPixels(i), ToPixels(j));
 }
 
 void FigureView::paintEvent(QPaintEvent*) {

@@ -69,10 +69,6 @@ int LinesBefore(const LabelField& field, const LabelPlace& place, const Try& t, 
   return field.LinesBetween(off(kOwn), off(edge));
 }
 
-bool Holds(const Rectangle& area, Point p) {
-  return p.x >= area.left && p.x <= area.right && p.y >= area.top && p.y <= area.bottom;
-}
-
 }  // namespace
 
 ValueLabels::ValueLabels(Plot& plot, LabelField& field, const TextOption& option, int decimals, double factor)
@@ -83,9 +79,7 @@ ValueLabels::ValueLabels(Plot& plot, LabelField& field, const TextOption& option
       number_(pattern_),
       factor_(factor),
       height_(kHeight * option.points / kFont),
-      crowding_(field.Area()) {
-  PlotSetFont(plot, height_);
-}
+      crowding_(field.Area()) {}
 
 void ValueLabels::Add(const LabelPlace& place, double value) {
   if (!option_.visible || !std::isfinite(value)) return;
@@ -93,13 +87,14 @@ void ValueLabels::Add(const LabelPlace& place, double value) {
   const double width = TextWidth(text, height_);
   const TextCover cover(width, height_, place.angle, place.anchor);
   const Point own = PointOf(place, TriesOf(place)[0]);
-  if (!cover.Meets(field_.Area(), own) && !Holds(field_.Area(), place.ordinate)) return;
+  if (!cover.Meets(field_.Area(), own) && !field_.Area().Holds(place.ordinate)) return;
   crowding_.Add(place.ordinate, width, height_);
   labels_.push_back({place, std::move(text), cover, own, {}});
 }
 
 void ValueLabels::Write() {
   Place(StandInCrowds());
+  PlotSetFont(plot_, height_);
   for (const Label& label : labels_)
     PlotTextRotated(plot_, label.at.x, label.at.y, label.text, label.place.angle, option_.colour,
                     label.place.anchor);

@@ -76,15 +76,6 @@ void PlaceCell(Plot& plot, std::string_view control, Figure& figure, int layout,
   figure.cellHeight = place.height;
 }
 
-/// The ends of a shown member in the figure.
-struct Ends {
-  Point i, j;
-};
-Ends EndsOf(const Figure& figure, const FigureElement& element) {
-  return {figure.view.ToFigure(figure.place[static_cast<std::size_t>(element.rowI)]),
-          figure.view.ToFigure(figure.place[static_cast<std::size_t>(element.rowJ)])};
-}
-
 /// Tells of a member without length, once for the data in hand: redraws come with every move of the view.
 void TellLength(FigureModel& model, const FigureElement& element) {
   if (model.lengthFaultTold) return;
@@ -108,7 +99,7 @@ bool DrawMembers(Plot& plot, Figure& figure, LabelField& labels, bool visible) {
       TellLength(figure.model, element);
       return false;
     }
-    const Ends ends = EndsOf(figure, element);
+    const Figure::Ends ends = figure.EndsOf(element);
     labels.TakeLine(ends.i, ends.j);
     if (visible) PlotDashedLine(plot, ends.i.x, ends.i.y, ends.j.x, ends.j.y, option.colour);
   }
@@ -122,7 +113,7 @@ void DrawHinges(Plot& plot, const Figure& figure) {
   for (std::size_t e = 0; e < figure.shown.size(); ++e) {
     const FigureElement& element = figure.model.elements[e];
     if (figure.shown[e] == 0 || (element.II != 1 && element.JJ != 1)) continue;
-    const auto [i, j] = EndsOf(figure, element);
+    const auto [i, j] = figure.EndsOf(element);
     const double length = std::hypot(j.x - i.x, j.y - i.y);
     if (!(length > 6 * away)) continue;  // it would hide the member
     const double dx = (j.x - i.x) / length * away, dy = (j.y - i.y) / length * away;

@@ -51,6 +51,15 @@ struct Figure {
   }
   /// The same in twips.
   Point FigureOf(double x, double y, double z = 0) const { return view.ToFigure(PlaneOf(x, y, z)); }
+
+  struct Ends {
+    Point i, j;
+  };
+  /// The ends of a member, whose nodes must be there, in twips.
+  Ends EndsOf(const FigureElement& element) const {
+    return {view.ToFigure(place[static_cast<std::size_t>(element.rowI)]),
+            view.ToFigure(place[static_cast<std::size_t>(element.rowJ)])};
+  }
 };
 
 /// Radius of a node's circle, and height of a support's triangle, in twips: both follow the node's size.

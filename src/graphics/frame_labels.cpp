@@ -85,10 +85,6 @@ class NumberPainter {
   void ForNodes(Use use) const;
   template <class Use>
   void ForMembers(const Kind& kind, Use use) const;
-  bool Visible(Point p) const {
-    const Rectangle& area = labels_.Area();
-    return p.x >= area.left && p.x <= area.right && p.y >= area.top && p.y <= area.bottom;
-  }
   /// The places worth a try at a point.
   std::span<const Rectangle> Worth(std::span<const Rectangle> boxes, Point p) const {
     return crowding_.IsFull(p) ? boxes.first(1) : boxes;
@@ -108,7 +104,7 @@ void NumberPainter::ForNodes(Use use) const {
     const int number = figure_.model.nodes[n].number;
     if (!IsNodeShown(figure_, number)) continue;
     const Point p = figure_.view.ToFigure(figure_.place[n]);
-    if (Visible(p)) use(NumberText(number), p);
+    if (labels_.Area().Holds(p)) use(NumberText(number), p);
   }
 }
 
@@ -119,9 +115,8 @@ void NumberPainter::ForMembers(const Kind& kind, Use use) const {
   for (std::size_t e = 0; e < figure_.shown.size(); ++e) {
     if (figure_.shown[e] == 0) continue;
     const FigureElement& element = figure_.model.elements[e];
-    const Point a = figure_.view.ToFigure(figure_.place[static_cast<std::size_t>(element.rowI)]);
-    const Point b = figure_.view.ToFigure(figure_.place[static_cast<std::size_t>(element.rowJ)]);
-    if (Visible(Middle(a, b))) use(NumberText(element.*kind.number), a, b);
+    const auto [a, b] = figure_.EndsOf(element);
+    if (labels_.Area().Holds(Middle(a, b))) use(NumberText(element.*kind.number), a, b);
   }
 }
 

@@ -46,9 +46,8 @@ int LabelField::Count(const Cells& c, std::uint64_t Word::*bits, int limit) cons
   int count = 0;
   for (int word = c.left / kBits; word <= c.right / kBits; ++word) {
     const std::uint64_t mask = Mask(word, c.left, c.right);
-    const Word* at = words_.data() + c.top * wordsOfRow_ + word;
-    for (int row = c.top; row <= c.bottom; ++row, at += wordsOfRow_) {
-      const std::uint64_t found = at->*bits & mask;
+    for (int row = c.top; row <= c.bottom; ++row) {
+      const std::uint64_t found = words_[WordAt(row, word)].*bits & mask;
       if (found == 0) continue;
       count += std::popcount(found);
       if (count > limit) return count;
@@ -73,8 +72,7 @@ void LabelField::Fill(const Rectangle& box, std::uint64_t Word::*bits) {
   if (c.left > c.right) return;
   for (int word = c.left / kBits; word <= c.right / kBits; ++word) {
     const std::uint64_t mask = Mask(word, c.left, c.right);
-    Word* at = words_.data() + c.top * wordsOfRow_ + word;
-    for (int row = c.top; row <= c.bottom; ++row, at += wordsOfRow_) at->*bits |= mask;
+    for (int row = c.top; row <= c.bottom; ++row) words_[WordAt(row, word)].*bits |= mask;
   }
 }
 
@@ -101,7 +99,7 @@ void LabelField::ForCellsOn(Point from, Point to, Use use) const {
   const std::int64_t columnStep = whole(dx / steps), rowStep = whole(dy / steps);
   for (int k = 0; k <= steps; ++k, column += columnStep, row += rowStep) {
     const int c = static_cast<int>(column >> kFraction), r = static_cast<int>(row >> kFraction);
-    use(static_cast<std::size_t>(r * wordsOfRow_ + c / kBits), std::uint64_t{1} << (c % kBits));
+    use(WordAt(r, c / kBits), std::uint64_t{1} << (c % kBits));
   }
 }
 

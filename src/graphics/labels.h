@@ -65,6 +65,7 @@ class LabelField {
     int left, top, right, bottom;
   };
   Cells CellsOf(const Rectangle& box) const;
+  std::size_t WordAt(int row, int word) const { return static_cast<std::size_t>(row * wordsOfRow_ + word); }
   /// The cells of a kind, or some number above `limit`.
   int Count(const Cells& cells, std::uint64_t Word::*bits, int limit) const;
   template <class Use>

@@ -50,9 +50,8 @@ std::optional<Pick> PickElement(const Figure& figure, Point at, double tolerance
   for (std::size_t e = 0; e < figure.shown.size(); ++e) {
     if (figure.shown[e] == 0) continue;
     const FigureElement& element = figure.model.elements[e];
-    const double distance =
-        LinePointDist(figure.view.ToFigure(figure.place[static_cast<std::size_t>(element.rowI)]),
-                      figure.view.ToFigure(figure.place[static_cast<std::size_t>(element.rowJ)]), at);
+    const auto [i, j] = figure.EndsOf(element);
+    const double distance = LinePointDist(i, j, at);
     if (!(distance < tolerance || (!pick && distance == tolerance))) continue;
     tolerance = distance;
     pick = {Pick::What::Element, static_cast<int>(e), element.number};

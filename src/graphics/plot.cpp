@@ -188,17 +188,12 @@ void PlotShade(Plot& plot, std::span<const Point> polygon, Rgb colour) {
   box = {box.left + plot.OffsetX, box.top + plot.OffsetY, box.right + plot.OffsetX,
          box.bottom + plot.OffsetY};
   if (!box.Meets(plot.clip)) return;
-  const Rectangle& clip = plot.clip;
-  if (box.left < clip.left || box.right > clip.right || box.top < clip.top || box.bottom > clip.bottom)
-    placed = CutPolygon(std::move(placed), clip);
+  if (!plot.clip.Holds(box)) placed = CutPolygon(std::move(placed), plot.clip);
   if (placed.size() >= 3) plot.target->Shade(placed, colour);
 }
 
 bool Clipping(const Rectangle& area, Point& from, Point& to) {
-  const auto inside = [&](Point p) {
-    return p.x >= area.left && p.x <= area.right && p.y >= area.top && p.y <= area.bottom;
-  };
-  if (inside(from) && inside(to)) return true;
+  if (area.Holds(from) && area.Holds(to)) return true;
   const double dx = to.x - from.x, dy = to.y - from.y;
   if (!std::isfinite(dx) || !std::isfinite(dy) || !std::isfinite(from.x) || !std::isfinite(from.y))
     return false;

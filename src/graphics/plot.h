@@ -20,6 +20,11 @@ struct Rectangle {
   bool Meets(const Rectangle& other) const {
     return left <= other.right && other.left <= right && top <= other.bottom && other.top <= bottom;
   }
+  /// Whether a point or a whole rectangle lies inside or on the edge; false for what is no number.
+  bool Holds(Point p) const { return p.x >= left && p.x <= right && p.y >= top && p.y <= bottom; }
+  bool Holds(const Rectangle& other) const {
+    return other.left >= left && other.right <= right && other.top >= top && other.bottom <= bottom;
+  }
 };
 
 /// The rectangle of this size at a corner; without breadth where a side is below 0 or no number.

@@ -26,10 +26,8 @@ std::vector<RatioMember> RatioMembers(const Figure& figure) {
     const double ratio = e < model.ratios.size() ? model.ratios[e] : std::nan("");
     const LineOption& line = classes[RatioClassOf(ratio, classes)].line;
     if (!line.visible) continue;
-    const auto place = [&](int row) {
-      return figure.view.ToFigure(figure.place[static_cast<std::size_t>(row)]);
-    };
-    members.push_back({place(model.elements[e].rowI), place(model.elements[e].rowJ), ratio, &line});
+    const auto [i, j] = figure.EndsOf(model.elements[e]);
+    members.push_back({i, j, ratio, &line});
   }
   return members;
 }

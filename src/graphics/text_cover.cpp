@@ -36,11 +36,8 @@ void TextCover::Take(LabelField& field, Point anchor) const {
 }
 
 bool TextCover::LiesIn(const Rectangle& area, Point anchor) const {
-  for (int k = 0; k < count_; ++k) {
-    const Rectangle box = Box(anchor, k);
-    if (box.left < area.left || box.top < area.top || box.right > area.right || box.bottom > area.bottom)
-      return false;
-  }
+  for (int k = 0; k < count_; ++k)
+    if (!area.Holds(Box(anchor, k))) return false;
   return true;
 }
 
