@@ -176,8 +176,8 @@ constexpr std::array<KindOfFigure, 8> kKinds = {{
     {"軸力図", layer::kForce, "(単位:t)", "(単位:kN)", "DrawNormalData", DrawNormalData, true},
     {"せん断力図", layer::kShear, "(単位:t)", "(単位:kN)", "DrawNormalShearData", DrawNormalShearData, true},
     {"ﾓｰﾒﾝﾄ図", layer::kMoment, "(単位:t･m)", "(単位:kN･m)", "DrawMomentData", DrawMomentData, true},
-    {"Ｓ断面算定図", layer::kModel, {}, {}, "DrawRatioData", DrawRatioData, false},
-    {"ＲＣ断面算定図", layer::kModel, {}, {}, "DrawRatioData", DrawRatioData, false},
+    {"Ｓ断面算定用モデル図", layer::kModel, {}, {}, "DrawRatioData", DrawRatioData, false},
+    {"ＲＣ断面算定用モデル図", layer::kModel, {}, {}, "DrawRatioData", DrawRatioData, false},
 }};
 
 const KindOfFigure& KindOf(int kind) {

@@ -117,6 +117,8 @@ TEST(FrameFigure, TheTitleNamesModelFigureAndCase) {
       {kMomentFigure,
        {first, "TEXT, TITLE_TXT, 100, 334, ﾓｰﾒﾝﾄ図  荷重ｹｰｽ=1, 1620, 180, 0",
         "TEXT, TITLE_TXT, 12000, 334, (単位:t･m), 900, 180, 0"}},
+      {kSteelRatioFigure, {first, "TEXT, TITLE_TXT, 100, 334, Ｓ断面算定用モデル図, 1800, 180, 0"}},
+      {kRcRatioFigure, {first, "TEXT, TITLE_TXT, 100, 334, ＲＣ断面算定用モデル図, 1980, 180, 0"}},
   };
   for (const TitleCase& c : kCases) {
     Figure figure = FigureOf(TitledBeam().model);
