@@ -163,15 +163,15 @@ void DrawNodes(Plot& plot, const Figure& figure, LabelField& labels) {
 struct KindOfFigure {
   std::string_view name;
   std::string_view layer;
-  std::string_view unit, unitSI;  // of the values in it
-  std::string_view routine;
-  void (*draw)(Plot&, const Figure&, LabelField&);
+  std::string_view unit, unitSI;                    // of the values in it
+  std::string_view routine;                         // that a fault names
+  void (*draw)(Plot&, const Figure&, LabelField&);  // null: nothing stands on the frame, or loads
   bool hasCase;
 };
 
 constexpr std::array<KindOfFigure, 8> kKinds = {{
     {{}, layer::kModel, {}, {}, {}, nullptr, false},
-    {"荷重ﾁｪｯｸ図", layer::kLoad, "(単位:t)", "(単位:kN)", "DrawLoads", DrawLoads, true},
+    {"荷重ﾁｪｯｸ図", layer::kLoad, "(単位:t)", "(単位:kN)", {}, nullptr, true},
     {"変位図", layer::kDisplacement, {}, {}, "DrawDisplacementData", DrawDisplacementData, true},
     {"軸力図", layer::kForce, "(単位:t)", "(単位:kN)", "DrawNormalData", DrawNormalData, true},
     {"せん断力図", layer::kShear, "(単位:t)", "(単位:kN)", "DrawNormalShearData", DrawNormalShearData, true},
@@ -233,6 +233,13 @@ void DrawTitle(Plot& plot, const Figure& figure, int kind, LabelField& labels) {
   write(figure.cellWidth - kPad - TextWidth(unit, height), y, unit);
 }
 
+/// What the figure shows on the frame; false when a routine ended by a fault, which has been told then.
+bool DrawContents(Plot& plot, const Figure& figure, int kind, LabelField& labels) {
+  if (kind == kLoadCheck) return DrawLoads(plot, figure, labels);
+  const KindOfFigure& shown = KindOf(kind);
+  return shown.draw == nullptr || RunFigureRoutine(shown.routine, [&] { shown.draw(plot, figure, labels); });
+}
+
 void DrawFigure(Plot& plot, std::string_view control, Figure& figure, int kind, int layout, int cell) {
   if ((figure.FigureFlags & kReadTables) != 0 && (figure.FigureFlags & kDataUnchanged) == 0)
     figure.model = ReadFigureTables();
@@ -249,10 +256,8 @@ void DrawFigure(Plot& plot, std::string_view control, Figure& figure, int kind, 
   if (kind == kModelFigure || kind == kLoadCheck) DrawHinges(plot, figure);
   DrawNodes(plot, figure, labels);
 
-  if (shown.draw != nullptr) {
-    plot.DrawLayer = shown.layer;
-    if (!RunFigureRoutine(shown.routine, [&] { shown.draw(plot, figure, labels); })) return;
-  }
+  plot.DrawLayer = shown.layer;
+  if (!DrawContents(plot, figure, kind, labels)) return;
   plot.DrawLayer = layer::kModel;
   DrawNumbers(plot, figure, labels);
 }

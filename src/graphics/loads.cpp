@@ -7,6 +7,7 @@
 
 #include "base/number_format.h"
 #include "graphics/diagram_curves.h"
+#include "graphics/figure_fault.h"
 #include "graphics/load_arrows.h"
 #include "graphics/load_shapes.h"
 
@@ -346,11 +347,13 @@ void ForShownLoads(const Figure& figure, const std::vector<Load>& loads, const s
 
 }  // namespace
 
-void DrawLoads(Plot& plot, const Figure& figure, LabelField& labels) {
+bool DrawLoads(Plot& plot, const Figure& figure, LabelField& labels) {
   DrawnLoads drawn(figure.place.size());
-  DrawElementForceData(plot, figure, labels, drawn);
-  DrawNodalForceData(plot, figure, labels, drawn);
+  if (!RunFigureRoutine("DrawElementForceData", [&] { DrawElementForceData(plot, figure, labels, drawn); }) ||
+      !RunFigureRoutine("DrawNodalForceData", [&] { DrawNodalForceData(plot, figure, labels, drawn); }))
+    return false;
   WriteNotes(plot, figure, labels, drawn.notes);
+  return true;
 }
 
 void DrawElementForceData(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoads& drawn) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <stdexcept>
+#include <utility>
 
 #include "figures.h"
 #include "graphics/option_figures.h"
@@ -278,6 +279,35 @@ TEST(FrameFigure, AFaultIsReportedAndTheFigureStaysAsFarAsItWasDrawn) {
   EXPECT_THAT(messages.texts,
               ElementsAre("エラーが発生しました: エラー番号： 5\nモジュール名： ModelData\n関数名： "
                           "DrawFrameFigure\n紙がありません"));
+}
+
+/// A surface that has no pen of one colour.
+class WithoutColour : public Recorder {
+ public:
+  explicit WithoutColour(Rgb theColour) : colour(theColour) {}
+  void Line(Point from, Point to, const Pen& pen) override {
+    if (pen.colour == colour) throw std::runtime_error("紙がありません");
+    Recorder::Line(from, to, pen);
+  }
+  Rgb colour;
+};
+
+TEST(FrameFigure, AFaultInTheLoadCheckNamesTheRoutineOfTheLoad) {
+  constexpr Rgb kOnMembers = 0x111111, kOnNodes = 0x222222;
+  for (const auto& [colour, routine] :
+       {std::pair(kOnMembers, "DrawElementForceData"), std::pair(kOnNodes, "DrawNodalForceData")}) {
+    Messages messages;
+    ModelBuilder b = TitledBeam();
+    b.ElementLoad(1, -1);
+    b.NodalLoad(1, 2, 0, 0);
+    Figure figure = FigureOf(b.model);
+    figure.options.elementLoad.colour = kOnMembers;
+    figure.options.nodalLoad.colour = kOnNodes;
+    WithoutColour surface(colour);
+    Plot plot(surface);
+    DrawFrameFigure(plot, "", figure, kLoadCheck);
+    EXPECT_THAT(messages.texts, ElementsAre(HasSubstr("\n関数名： " + std::string(routine) + "\n")));
+  }
 }
 
 TEST(FrameFigure, APageFigureLiesInItsCellWithinTheMargins) {
