@@ -11,6 +11,7 @@
 #include "graphics/figure_fault.h"
 #include "graphics/frame_labels.h"
 #include "graphics/loads.h"
+#include "graphics/sides.h"
 #include "graphics/supports.h"
 
 namespace zorlan {
@@ -122,37 +123,24 @@ void DrawHinges(Plot& plot, const Figure& figure) {
   }
 }
 
-/// Which side each node's support stands on: the left, unless members reach there and none to the right.
-std::vector<SupportSide> SupportSides(const Figure& figure) {
-  constexpr unsigned kLeft = 1, kRight = 2;
-  std::vector<unsigned> reach(figure.place.size());
-  for (std::size_t e = 0; e < figure.shown.size(); ++e) {
-    if (figure.shown[e] == 0) continue;
-    const auto i = static_cast<std::size_t>(figure.model.elements[e].rowI);
-    const auto j = static_cast<std::size_t>(figure.model.elements[e].rowJ);
-    const double dx = figure.place[j].x - figure.place[i].x, dy = figure.place[j].y - figure.place[i].y;
-    if (std::abs(dx) < std::abs(dy)) continue;
-    reach[i] |= dx > 0 ? kRight : kLeft;
-    reach[j] |= dx > 0 ? kLeft : kRight;
-  }
-  std::vector<SupportSide> sides;
-  for (const unsigned r : reach) sides.push_back(r == kLeft ? SupportSide::Right : SupportSide::Left);
-  return sides;
+/// Where a node's support stands: to the left, unless members reach there and none to the right.
+SupportSide SupportSideOf(const Sides& members) {
+  return members.Has(Side::Left) && !members.Has(Side::Right) ? SupportSide::Right : SupportSide::Left;
 }
 
 void DrawNodes(Plot& plot, const Figure& figure, LabelField& labels) {
   const LineOption& option = figure.options.node;
   const double radius = NodeRadius(figure.options), size = SupportSize(figure.options);
-  const std::vector<SupportSide> sides = SupportSides(figure);
+  const std::vector<Sides> members = MemberSides(figure, /*most=*/1);
   PlotSetPen(plot, LineStyle::Solid, 1);
   for (std::size_t n = 0; n < figure.place.size(); ++n) {
     const FigureNode& node = figure.model.nodes[n];
     if (!IsNodeShown(figure, node.number)) continue;
     const Point p = figure.view.ToFigure(figure.place[n]);
     if (const std::string_view code = SupportSymbol(node.code); code != "000") {
-      DrawSupport(plot, p, code, size, node.rollerAngle, option.colour, sides[n]);
-      for (const Rectangle& box : SupportBoxes(p, code, size, node.rollerAngle, sides[n]))
-        labels.TakeMark(box);
+      const SupportSide side = SupportSideOf(members[n]);
+      DrawSupport(plot, p, code, size, node.rollerAngle, option.colour, side);
+      for (const Rectangle& box : SupportBoxes(p, code, size, node.rollerAngle, side)) labels.TakeMark(box);
     }
     if (!option.visible) continue;
     PlotCircle(plot, p.x, p.y, radius, option.colour, /*filled=*/true);

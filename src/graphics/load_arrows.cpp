@@ -1,7 +1,6 @@
 #include "graphics/load_arrows.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <functional>
 #include <numbers>
@@ -14,7 +13,7 @@ namespace {
 
 constexpr double kArrowShare = 0.05;  // of the drawing area's smaller side
 constexpr double kHeadShare = 0.15;   // of the arrow
-constexpr double kSideShare = 0.4;    // of the arrow, or of its head: to the side
+constexpr double kHeadSide = 0.4;     // of its head: to either side
 constexpr double kGap = 30;           // twips between a stroke and its text
 
 /// Draws something too small for a broken line to tell its shape, whatever the style of the pen.
@@ -27,7 +26,7 @@ void DrawSolid(const LoadPen& pen, Draw draw) {
 
 void DrawHead(const LoadPen& pen, Point tip, Point along, double head) {
   const Point back = {tip.x - head * along.x, tip.y - head * along.y};
-  const Point side = {-along.y * kSideShare * head, along.x * kSideShare * head};
+  const Point side = {-along.y * kHeadSide * head, along.x * kHeadSide * head};
   DrawSolid(pen, [&] {
     PlotLine(pen.plot, tip.x, tip.y, back.x + side.x, back.y + side.y, pen.line.colour);
     PlotLine(pen.plot, tip.x, tip.y, back.x - side.x, back.y - side.y, pen.line.colour);
@@ -38,7 +37,8 @@ double ArrowLength(const Figure& figure) {
   return kArrowShare * std::min(figure.cellWidth, figure.cellHeight);
 }
 
-/// Boxes for a note's text, w by h: beyond its strokes' ends, beside them (`side` off), further out.
+/// Boxes for a note's text, w by h: beyond its strokes' ends, beside them (`side` off), further out; at last
+/// before their roots, with room for a node's number there.
 void PlacesOfNote(const LoadNote& note, double w, double h, double side, std::vector<Rectangle>& boxes) {
   boxes.clear();
   const auto add = [&](Point from, Point way, double gap) {
@@ -60,30 +60,21 @@ void PlacesOfNote(const LoadNote& note, double w, double h, double side, std::ve
     add(stroke.end, {out.y, -out.x}, kGap);
     add(stroke.end, {-out.y, out.x}, kGap);
   }
-  for (const LoadStroke& stroke : note.strokes)
-    for (int lines = 1; lines <= 3; ++lines) add(stroke.end, outward(stroke), kGap + lines * h);
+  for (int lines = 1; lines <= 3; ++lines)
+    for (const LoadStroke& stroke : note.strokes) add(stroke.end, outward(stroke), kGap + lines * h);
+  for (const LoadStroke& stroke : note.strokes) {
+    const Point out = outward(stroke);
+    add(stroke.root, {-out.x, -out.y}, 2 * side);
+  }
 }
 
 }  // namespace
 
-Side SideOf(Point way) {
-  if (std::abs(way.x) > std::abs(way.y)) return way.x > 0 ? kRight : kLeft;
-  return way.y > 0 ? kBelow : kAbove;
-}
-
-void DrawnLoads::Reach(int node, Side side, double height) {
-  double& known =
-      reach[static_cast<std::size_t>(node)][static_cast<std::size_t>(std::countr_zero<unsigned>(side))];
-  known = std::max(known, height);
-}
-
-double DrawnLoads::ReachAt(int node, Side side) const {
-  return reach[static_cast<std::size_t>(node)][static_cast<std::size_t>(std::countr_zero<unsigned>(side))];
-}
-
 LoadPen LoadPenOf(Plot& plot, const Figure& figure, LabelField& labels, DrawnLoads& drawn,
                   const LineOption& line) {
-  return {plot, figure, labels, drawn, line, ArrowLength(figure)};
+  const TextOption& value = figure.options.loadValue;
+  const double numberRoom = value.visible ? TextHeight(value.Height()) + 2 * kGap : 0;
+  return {plot, figure, labels, drawn, line, ArrowLength(figure), numberRoom};
 }
 
 void DrawArrow(const LoadPen& pen, Point tip, Point along, double length, int heads) {
@@ -113,7 +104,7 @@ void DrawTurn(const LoadPen& pen, Point centre, double radius, bool counterClock
     }
   });
   const double end = (counterClockwise ? kStart + kSweep : kStart);
-  DrawHead(pen, from, {-way * std::sin(end), -way * std::cos(end)}, kSideShare * radius);
+  DrawHead(pen, from, {-way * std::sin(end), -way * std::cos(end)}, kSideOffset * radius);
   pen.labels.TakeMark({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
 }
 
@@ -125,15 +116,10 @@ void WriteNotes(Plot& plot, const Figure& figure, LabelField& labels, const std:
   const auto width = [&](const LoadNote& note) { return TextWidth(note.text, option.Height()); };
   Crowding crowding(labels.Area());
   for (const LoadNote& note : notes) crowding.Add(note.strokes[0].end, width(note), height);
-  const Rectangle visible = {plot.clip.left - plot.OffsetX, plot.clip.top - plot.OffsetY,
-                             plot.clip.right - plot.OffsetX, plot.clip.bottom - plot.OffsetY};
-  const auto liesIn = [&](const Rectangle& box) {
-    return box.left >= visible.left && box.right <= visible.right && box.top >= visible.top &&
-           box.bottom <= visible.bottom;
-  };
+  const auto liesIn = [&](const Rectangle& box) { return labels.Area().Holds(box); };
   std::vector<Rectangle> boxes;
   for (const LoadNote& note : notes) {
-    PlacesOfNote(note, width(note), height, kSideShare * ArrowLength(figure) / 2, boxes);
+    PlacesOfNote(note, width(note), height, kSideOffset * ArrowLength(figure) / 2, boxes);
     if (std::ranges::any_of(boxes, liesIn)) std::erase_if(boxes, std::not_fn(liesIn));
     if (crowding.IsFull(note.strokes[0].end)) boxes.resize(1);
     const Rectangle& place = boxes[labels.Place(boxes)];

@@ -44,6 +44,29 @@ inline std::vector<std::string> LayerLines(Figure figure, int kind, std::string_
   return lines;
 }
 
+/// An arrow as it was drawn: a shaft, and two barbs that start at its tip.
+struct Arrow {
+  Point tail, tip;
+};
+
+/// The arrows of a figure's loads.
+inline std::vector<Arrow> ArrowsOf(Figure figure) {
+  Recorder surface;
+  Plot plot(surface);
+  plot.RecordDrawing = true;
+  DrawFrameFigure(plot, "", figure, kLoadCheck);
+  std::vector<Arrow> arrows;
+  const auto& list = plot.drawingList;
+  for (std::size_t k = 0; k + 2 < list.size(); ++k) {
+    const auto barb = [&](const DrawOperation& o) {
+      return o.kind == DrawOperation::Kind::Line && o.x == list[k].x2 && o.y == list[k].y2;
+    };
+    if (list[k].layer == layer::kLoad && barb(list[k + 1]) && barb(list[k + 2]))
+      arrows.push_back({{list[k].x, list[k].y}, {list[k].x2, list[k].y2}});
+  }
+  return arrows;
+}
+
 /// Keeps the messages of a scope.
 class Messages {
  public:
