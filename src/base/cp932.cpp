@@ -145,6 +145,26 @@ std::size_t ColumnsOf(char32_t c) {
   return c >= 0x80 && CodeOf(OwnCharacter(c)) > 0xFF ? 2 : 1;
 }
 
+/// Whether bytes are whole and defined characters of code page 932. 80, A0 and FD to FF stand in no text.
+bool IsCp932(std::string_view bytes) {
+  for (std::size_t at = 0; at < bytes.size(); ++at) {
+    const unsigned byte = static_cast<unsigned char>(bytes[at]);
+    if (byte < 0x80 || (byte >= 0xA1 && byte <= 0xDF)) continue;
+    if (!IsLead(byte) || ++at == bytes.size()) return false;
+    const int trail = TrailIndex(static_cast<unsigned char>(bytes[at]));
+    if (trail < 0 || DoubleByte(byte, trail) == 0) return false;
+  }
+  return true;
+}
+
+/// Whether a decoded sequence is one of UTF-8: whole, no longer than it needs to be, a character.
+bool IsSequence(char32_t c, std::size_t length) {
+  constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+  return length > 1 && c >= kLeast[length] && c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF);
+}
+
+constexpr std::uint16_t kSecondLevel = 0x989F;  // first code of the kanji beyond everyday ones
+
 }  // namespace
 
 std::string WithOwnCharacters(std::string_view text) {
@@ -186,30 +206,6 @@ Cp932Text Cp932FromUtf8(std::string_view text) {
   }
   return result;
 }
-
-namespace {
-
-/// Whether bytes are whole and defined characters of code page 932. 80, A0 and FD to FF stand in no text.
-bool IsCp932(std::string_view bytes) {
-  for (std::size_t at = 0; at < bytes.size(); ++at) {
-    const unsigned byte = static_cast<unsigned char>(bytes[at]);
-    if (byte < 0x80 || (byte >= 0xA1 && byte <= 0xDF)) continue;
-    if (!IsLead(byte) || ++at == bytes.size()) return false;
-    const int trail = TrailIndex(static_cast<unsigned char>(bytes[at]));
-    if (trail < 0 || DoubleByte(byte, trail) == 0) return false;
-  }
-  return true;
-}
-
-/// Whether a decoded sequence is one of UTF-8: whole, no longer than it needs to be, a character.
-bool IsSequence(char32_t c, std::size_t length) {
-  constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
-  return length > 1 && c >= kLeast[length] && c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF);
-}
-
-constexpr std::uint16_t kSecondLevel = 0x989F;  // first code of the kanji beyond everyday ones
-
-}  // namespace
 
 bool IsMeantAsUtf8(std::string_view bytes) {
   int wide = 0;
