@@ -86,10 +86,10 @@ std::string_view TitleWarning(std::string_view title) {
 std::string LoadTitle(std::string_view key) {
   if (!HasTable(key)) return {};
   const std::string text = ReadTextFile(WorkPath + std::string(key));
-  std::string_view rest = text, title;  // of several lines the last one counts
+  std::string_view rest = text;
   while (const std::optional<std::string_view> line = TakeLine(rest))
-    if (!NoSpc(*line).empty()) title = NoSpc(*line);
-  return std::string(title);
+    if (const std::string_view title = NoSpc(*line); !title.empty()) return std::string(title);
+  return {};
 }
 
 void SaveTitle(std::string_view key, std::string_view title) {

@@ -115,8 +115,8 @@ std::string Lines(std::initializer_list<std::string> lines) {
 
 std::string InputList::TitlePart() const {
   const auto firstCell = [&](std::string_view key) {
-    const TableRow* const row = LastRow(key);
-    return std::string(row == nullptr ? std::string_view() : Cell(*row, 1));
+    const std::vector<TableRow>& rows = Table(key);
+    return std::string(rows.empty() ? std::string_view() : Cell(rows[0], 1));
   };
   return Lines(
       {"《 INPUT DATA LIST 》 " + firstCell("TITL") + " 　（サブタイトル：" + firstCell("SUBT") + "）"});

@@ -71,11 +71,9 @@ TEST_F(SmallFormsTest, ATitleIsItsWholeLine) {
 }
 
 // As they count for the analysis.
-TEST_F(SmallFormsTest, OfSeveralRowsOfAOneRowTableTheLastIsShown) {
-  WriteTable("TITL", "旧館\n新館\n\n");
+TEST_F(SmallFormsTest, OfSeveralRowsOfControlDataOrUnitsTheLastIsShown) {
   WriteTable("CONT", "1,2,0,0\n3,1,0,0\n");
   WriteTable("UNIT", "0,0,9.8\n1,1,9.81\n");
-  EXPECT_EQ(LoadTitle("TITL"), "新館");
   EXPECT_EQ(CellsOfControl(LoadControl())[0], "3");
   EXPECT_EQ(LoadUnit().factor, "9.81");
 }

@@ -66,13 +66,13 @@ TEST(InputList, UnitsStandOneItemALineWithAFactorOfZeroReplaced) {
   for (const HeaderCase& c : cases) EXPECT_EQ(Body(Tables({{"UNIT", c.row}})), c.lines) << c.row;
 }
 
-TEST(InputList, OfSeveralRowsOfTitleControlDataAndUnitsTheLastCounts) {
+TEST(InputList, OfSeveralRowsOfControlDataOrUnitsTheLastCounts) {
   EXPECT_EQ(InputListText(Tables({{"TITL", "旧館\n新館"},
                                   {"SUBT", "A\nB"},
                                   {"CONT", "1,2,0,0\n3,1,0,0"},
                                   {"UNIT", "0,0,9.8\n1,1,0"},
                                   {"PLOD", "1,1,5,0,0\n2,1,7,0,0"}})),
-            "《 INPUT DATA LIST 》 新館 　（サブタイトル：B）\r\n\r\n"
+            "《 INPUT DATA LIST 》 旧館 　（サブタイトル：A）\r\n\r\n"
             "解析モデル番号 :3:平面格子梁\r\n最大荷重ケース :1\r\n入力リスト出力 :0：出力しない\r\n\r\n"
             "入力単位 :1:ＳＩ単位\r\n出力単位 :1:ＳＩ単位\r\nＳＩ単位変換係数 :9.80665\r\n\r\n"
             "LOAD CASE -  1\r\n NODAL POINT LOADS\r\n NODE      F-Z       M-X       M-Y\r\n"

@@ -186,7 +186,7 @@ TEST_F(CommandsTest, ADoubtfulResultIsSaidAgainWhenItsModelIsOpened) {
   EXPECT_EQ(CurrentModelStatus().results, "解析結果は信頼できません");
   Write(Sample() + "門形.inp", kPortal);
   TakeModel({Data(), "例題－１.zor/", "門形.inp"});
-  EXPECT_EQ(CurrentModelStatus().results, kStaleResults);
+  EXPECT_EQ(CurrentModelStatus().results, "解析結果は変更前のものです");
   ASSERT_TRUE(AnalyseModel());
   EXPECT_EQ(CurrentModelStatus().results, "解析結果あり");
   EXPECT_FALSE(FileExists(Sample() + "門形.ANA/DOUBTS"));
