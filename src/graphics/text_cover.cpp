@@ -12,7 +12,8 @@ TextCover::TextCover(double width, double height, double angle, Anchor anchor) {
   const double a = angle * std::numbers::pi / 180, c = std::cos(a), s = std::sin(a);
   const double toMiddle = (anchor == kLeftCentre ? 0.5 : anchor == kRightCentre ? -0.5 : 0) * width;
   const bool upright = std::abs(c) < kUpright || std::abs(s) < kUpright;
-  count_ = upright ? 1 : std::clamp(static_cast<int>(std::ceil(2 * width / height)), 1, kMostPieces);
+  count_ =
+      upright ? 1 : static_cast<int>(std::clamp(std::ceil(2 * width / height), 1.0, double{kMostPieces}));
   const double piece = width / count_, toFirst = toMiddle + (piece - width) / 2;
   halfWidth_ = (piece * std::abs(c) + height * std::abs(s)) / 2;
   halfHeight_ = (piece * std::abs(s) + height * std::abs(c)) / 2;
