@@ -55,8 +55,9 @@ void AddWord(CLI::App& level, const Word& word, Request& request) {
   const std::string description = word.description + (word.choices != nullptr ? word.choices() : "");
   CLI::Option* added = nullptr;
   if (const auto* const list = std::get_if<std::vector<std::string> Request::*>(&word.target)) {
-    added = level.add_option(word.name, request.**list, description);
-    if (!word.many) added->expected(1);
+    const auto takeOne = [&request, list](const std::string& one) { request.** list = {one}; };
+    added = word.many ? level.add_option(word.name, request.**list, description)
+                      : level.add_option_function<std::string>(word.name, takeOne, description);
   } else if (const auto* const text = std::get_if<std::string Request::*>(&word.target)) {
     added = level.add_option(word.name, request.**text, description);
   } else if (const auto* const number = std::get_if<int Request::*>(&word.target)) {
