@@ -71,11 +71,6 @@ bool TellOfDeck(DeckUse use) {
   return true;
 }
 
-/// Names the deck in hand ahead of what is told and printed of it, where there are several.
-void NameDeck(const Request& request) {
-  if (request.decks.size() > 1) PrintError(DeckPath());
-}
-
 ExitCode Analyze(const Request&) {
   const DeckHeld held(DeckPath());
   TellOfDeck(DeckUse::Read);
@@ -99,7 +94,7 @@ bool PrintCheckMessages() {
 }
 
 ExitCode Check(const Request& request) {
-  NameDeck(request);
+  if (request.decks.size() > 1) PrintError(DeckPath());  // its messages don't name it
   const bool deck = TellOfDeck(DeckUse::Read);
   try {
     ReadDeck(DeckPath(), /*checkMode=*/true);
@@ -112,8 +107,7 @@ ExitCode Check(const Request& request) {
   return kDone;
 }
 
-ExitCode InputList(const Request& request) {
-  NameDeck(request);
+ExitCode InputList(const Request&) {
   TellOfDeck(DeckUse::Listed);
   LoadDeck();
   MakeInputList();
