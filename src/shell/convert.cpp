@@ -57,7 +57,7 @@ constexpr OldTable kOldTables[] = {
 /// The values of an old file one by one, across its lines.
 class OldValues {
  public:
-  explicit OldValues(const OldFile& file) : path_(file.path), rest_(file.text) {}
+  explicit OldValues(const OldFile& file) : path_(file.path), rest_(BeforeEndMark(file.text)) {}
 
   /// The next number as it was typed, whole for the kind 'i'; empty between two commas.
   std::string_view Next(char kind) {
