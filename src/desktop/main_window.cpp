@@ -52,7 +52,7 @@ namespace {
 
 constexpr std::string_view kPlaceName = "frmMain";
 constexpr int kTitleBar = 30;      // pixels above the window's own area
-constexpr int kMessageRoom = 230;  // pixels of the status bar that explain what is under the hand
+constexpr int kMessageRoom = 240;  // pixels of the status bar that explain what is under the hand
 
 void SetUpPrinter(MainWindow& window) {
   if (frmPrinterSet(window.Printers(), &window).exec() != QDialog::Accepted) return;
@@ -199,8 +199,9 @@ bool AgreesToLoss() {
                             kApplicationTitle, Buttons::YesNo) == Answer::Yes;
 }
 
-/// A place as it was left, no larger than the screen, which may have another scale now, and all of it there.
+/// A place as it was left; one that is larger than the screen, which has another scale now, is made to fit.
 QRect WithinScreen(const QRect& place, const QRect& screen) {
+  if (place.width() <= screen.width() && place.height() <= screen.height()) return place;
   const QRect room = screen.adjusted(0, kTitleBar, 0, 0);
   const QSize size = place.size().boundedTo(room.size());
   return {QPoint(std::clamp(place.x(), room.left(), room.left() + room.width() - size.width()),

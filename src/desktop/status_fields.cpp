@@ -1,6 +1,7 @@
 #include "desktop/status_fields.h"
 
 #include <algorithm>
+#include <QEvent>
 
 #include "desktop/elided_label.h"
 
@@ -8,6 +9,7 @@ namespace zorlan {
 namespace {
 
 constexpr int kMargin = 6;  // pixels beside a text
+constexpr int kSlack = 6;   // a text may ask for a pixel more once it is shown
 
 }  // namespace
 
@@ -29,7 +31,7 @@ void StatusFields::Show(const std::vector<QString>& texts) {
 }
 
 QSize StatusFields::sizeHint() const {
-  QSize size;
+  QSize size(kSlack, 0);
   for (const Field& field : fields_) {
     if (field.label->isHidden()) continue;
     const QSize wanted = field.label->sizeHint();
@@ -68,6 +70,14 @@ void StatusFields::LayOut() {
     field.label->setGeometry(x, 0, field.width, height());
     x += field.width;
   }
+}
+
+bool StatusFields::event(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) {
+    updateGeometry();
+    LayOut();
+  }
+  return QWidget::event(event);
 }
 
 void StatusFields::resizeEvent(QResizeEvent* event) {

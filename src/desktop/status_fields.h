@@ -22,6 +22,7 @@ class StatusFields : public QWidget {
   QSize minimumSizeHint() const override;
 
  protected:
+  bool event(QEvent* event) override;  // a label that asks for another size
   void resizeEvent(QResizeEvent* event) override;
 
  private:

@@ -131,7 +131,7 @@ TEST_F(DesktopTest, AMaximizedChildLeavesTheCaptionAsItIs) {
 }
 
 TEST_F(DesktopTest, WindowsComeUpWhereTheyWereLeft) {
-  Window().setGeometry(40, 50, 900, 640);
+  Window().setGeometry(40, 50, 700, 540);  // within the screen
   OpenSample(QStringLiteral("鉄骨ラーメン"));
   Choose("mnuAnalysisStatic(0)");
   const QRect reader(150, 40, 500, 300);
