@@ -214,7 +214,7 @@ TEST_F(ByHandTest, TheStatusBarCutsTheKindOfModelFirstAndLeavesRoomForAMessage) 
     EXPECT_FALSE(cut("statusSaved")) << width;
     EXPECT_FALSE(cut("statusResults")) << width;
     if (width >= 1200) {
-      EXPECT_FALSE(cut("statusKind")) << width
+      EXPECT_FALSE(cut("statusKind")) << width;
     }
     if (width >= 800) {
       EXPECT_FALSE(cut("statusUnits")) << width;
