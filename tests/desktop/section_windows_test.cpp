@@ -193,6 +193,7 @@ TEST_F(SectionWindowsTest, AFailedSaveIsToldAndTheChangesStay) {
 TEST_F(SectionWindowsTest, AForeignFileAndAMissingOneAreTold) {
   ReplaceBytes(Steel("PIPE.CSV"), "a\r\nb\r\nc\r\nこれは表ではない\r\n");
   ForgetSectionTables();
+  Script().ExpectBox(QStringLiteral("PIPE.CSV の 1 行は"), QStringLiteral("OK"));
   SectionTableWindow* form = Open("PIPE_Table");
   EXPECT_THAT(FromQt(Child<QLabel>(form, "notice")->text()),
               StartsWith("1 行が、先頭の値が 0 の行から後ろにあります"));
