@@ -16,6 +16,7 @@
 
 #include "desktop/dialog_buttons.h"
 #include "desktop/shown_value.h"
+#include "render/qt_colour.h"
 #include "render/qt_text.h"
 
 namespace zorlan {
@@ -26,10 +27,6 @@ constexpr std::array kColumns = {OptionPart::Font,   OptionPart::Width,   Option
                                  OptionPart::Colour, OptionPart::Visible, OptionPart::Mark};
 
 constexpr auto kValue = "value";  // the property that holds a button's field
-
-QColor QtColour(Rgb colour) {
-  return QColor(colour & 0xff, (colour >> 8) & 0xff, (colour >> 16) & 0xff);
-}
 
 void ShowColour(QPushButton& button, const QString& field) {
   button.setProperty(kValue, field);

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "desktop/own_characters.h"
 #include "render/qt_text.h"
 
 namespace zorlan {
@@ -39,6 +40,7 @@ ToZOR2::ToZOR2(QWidget* parent) : QDialog(parent), dialog_(StartConvertDialog())
   target_ = PathBox("target");
   subtitle_ = new QLineEdit(ToQt(dialog_.subtitle));
   subtitle_->setObjectName(QStringLiteral("subtitle"));
+  KeepOwnCharacters(*subtitle_);
   auto* const rows = new QFormLayout;
   QPushButton* const pickOld = AddPathRow(*rows, "変換前のモデル", old_, "pickOld");
   QPushButton* const pickTarget = AddPathRow(*rows, "変換後のモデル", target_, "pickTarget");

@@ -25,6 +25,7 @@
 #include "render/glyph_runs.h"
 #include "render/glyph_stamps.h"
 #include "render/ink.h"
+#include "render/qt_colour.h"
 #include "render/qt_text.h"
 #include "render/text_page_painter.h"
 
@@ -36,13 +37,9 @@ constexpr double kPixelsPerInch = 96;
 constexpr double kMmPerInch = 25.4;
 constexpr double kImageDotsPerInch = 200;
 
-QColor ColourOf(Rgb colour) {
-  return QColor(colour & 0xff, (colour >> 8) & 0xff, (colour >> 16) & 0xff);
-}
-
 QColor TintOf(Rgb colour) {
   const auto light = [](int part) { return static_cast<int>(std::lround(part * (1 - kTint) + 255 * kTint)); };
-  const QColor full = ColourOf(colour);
+  const QColor full = QtColour(colour);
   return QColor(light(full.red()), light(full.green()), light(full.blue()));
 }
 
@@ -99,7 +96,7 @@ class PicturePainter {
   QPen PenOf(const Pen& pen) const {
     const double width = pen.width * style_.dot;
     // Whole dots, so that a line is as dark wherever it lies.
-    QPen drawn(ColourOf(pen.colour), ink_ != nullptr ? std::max(1.0, std::round(width)) : width);
+    QPen drawn(QtColour(pen.colour), ink_ != nullptr ? std::max(1.0, std::round(width)) : width);
     drawn.setStyle(StyleOf(pen.style));
     drawn.setCapStyle(pen.style == LineStyle::Solid ? Qt::RoundCap : Qt::FlatCap);
     return drawn;
@@ -183,7 +180,7 @@ class PicturePainter {
   void PaintTexts(const FigurePicture::Texts& group) {
     const double height = group.height * style_.scale;
     if (!(height >= kSmallestText)) return;
-    painter_.setPen(ColourOf(group.colour));
+    painter_.setPen(QtColour(group.colour));
     if (group.angle == 0) {
       PaintUpright(group, height, [this](QPointF origin) { return At(origin); });
       return;

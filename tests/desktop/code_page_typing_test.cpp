@@ -87,6 +87,16 @@ TEST_F(CodePageTypingTest, NamesTakeThemToo) {
   }
 }
 
+TEST_F(CodePageTypingTest, TheSubtitleOfAConversionTakesThemToo) {
+  Script().Expect(QStringLiteral("ToZOR2"), [](QWidget& dialog) {
+    auto* const subtitle = Child<QLineEdit>(&dialog, "subtitle");
+    Compose(subtitle, "梁〜柱");
+    EXPECT_EQ(TextIn(subtitle), "梁～柱");
+    static_cast<QDialog&>(dialog).reject();
+  });
+  Choose("mnuFileItem(7)");
+}
+
 TEST_F(CodePageTypingTest, ASearchFindsThemInAListing) {
   ReplaceTextFile(Documents() + "text", "一\r\n二～三\r\n");
   ShowText(kPrintListing, /*preview=*/false, Documents() + "text");
