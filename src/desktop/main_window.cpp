@@ -236,6 +236,8 @@ MainWindow::MainWindow() {
 }
 
 MainWindow::~MainWindow() {
+  // The focus moves on while the widgets of this window go.
+  disconnect(qApp, nullptr, this, nullptr);
   // The area goes first: its windows speak to this one when the front one changes.
   delete takeCentralWidget();
   InstallWindows({});
