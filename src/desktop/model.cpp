@@ -69,10 +69,10 @@ constexpr std::array<std::string_view, 8> kCaptions = {
     "Ｓ断面算定用モデル図", "ＲＣ断面算定用モデル図"};
 
 bool IsResult(int kind) {
-  return kind >= kDisplacementFigure && kind <= kMomentFigure;
+  return SourceOf(kind) == FigureSource::Analysis;
 }
 bool IsRatio(int kind) {
-  return kind >= kSteelRatioFigure;
+  return SourceOf(kind) == FigureSource::Design;
 }
 
 /// The button that stands for the figure in sight.
@@ -272,7 +272,7 @@ void Model::Show(int kind) {
   if (!read_ || files_.Changed()) ReadData();
   ReadResults();
   ShowCaption();
-  const bool oblique = figure.model.IsGrid() && kind >= kDisplacementFigure;
+  const bool oblique = figure.model.IsGrid() && SourceOf(kind) != FigureSource::Tables;
   // The part in sight stays in sight from one figure to the next.
   Redraw(!drawn_ || oblique != oblique_ ? kRedrawAll : kDataUnchanged);
   oblique_ = oblique;
@@ -319,7 +319,7 @@ void Model::ShowTyped(const TypedRows& typed) {
   typed_ = typed;
   read_ = false;
   // Half a table is no fault yet.
-  ShowFigure(drawn_ && !IsRatio(Kind()) && !IsResult(Kind()) ? Kind() : kModelFigure, Asked::No);
+  ShowFigure(drawn_ && SourceOf(Kind()) == FigureSource::Tables ? Kind() : kModelFigure, Asked::No);
 }
 
 void Model::FollowOptions() {

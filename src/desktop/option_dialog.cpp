@@ -43,8 +43,14 @@ void TakeRows(Rows& rows, const std::vector<std::string>& taken) {
 }  // namespace
 
 OptionSet OptionSetOf(int kind) {
-  if (kind >= kSteelRatioFigure) return OptionSet::Design;
-  return kind >= kDisplacementFigure ? OptionSet::Analysis : OptionSet::Model;
+  switch (SourceOf(kind)) {
+    case FigureSource::Design:
+      return OptionSet::Design;
+    case FigureSource::Analysis:
+      return OptionSet::Analysis;
+    default:
+      return OptionSet::Model;
+  }
 }
 
 OptionDialog::OptionDialog(OptionSet set, QWidget* parent) : QDialog(parent), set_(set) {

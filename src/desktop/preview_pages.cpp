@@ -166,7 +166,7 @@ std::optional<std::string_view> FigurePreview::ReadData() {
   if (std::ranges::any_of(chosen_, NeedsResults) && !LoadFigureResults(model, AnalysisPath))
     return kNoFittingResults;
   const auto ratios = std::ranges::find_if(chosen_, [](const SelectedFigure& figure) {
-    return figure.kind >= kSteelRatioFigure && figure.kind <= kRcRatioFigure;
+    return SourceOf(figure.kind) == FigureSource::Design;
   });
   if (ratios != chosen_.end() && !LoadFigureRatios(model, ratios->kind, AnalysisPath))
     return "断面算定の結果がありません";

@@ -154,18 +154,17 @@ struct KindOfFigure {
   std::string_view unit, unitSI;                    // of the values in it
   std::string_view routine;                         // that a fault names
   void (*draw)(Plot&, const Figure&, LabelField&);  // null: nothing stands on the frame, or loads
-  bool hasCase;
 };
 
 constexpr std::array<KindOfFigure, 8> kKinds = {{
-    {{}, layer::kModel, {}, {}, {}, nullptr, false},
-    {"荷重ﾁｪｯｸ図", layer::kLoad, "(単位:t)", "(単位:kN)", {}, nullptr, true},
-    {"変位図", layer::kDisplacement, {}, {}, "DrawDisplacementData", DrawDisplacementData, true},
-    {"軸力図", layer::kForce, "(単位:t)", "(単位:kN)", "DrawNormalData", DrawNormalData, true},
-    {"せん断力図", layer::kShear, "(単位:t)", "(単位:kN)", "DrawNormalShearData", DrawNormalShearData, true},
-    {"ﾓｰﾒﾝﾄ図", layer::kMoment, "(単位:t･m)", "(単位:kN･m)", "DrawMomentData", DrawMomentData, true},
-    {"Ｓ断面算定用モデル図", layer::kModel, {}, {}, "DrawRatioData", DrawRatioData, false},
-    {"ＲＣ断面算定用モデル図", layer::kModel, {}, {}, "DrawRatioData", DrawRatioData, false},
+    {{}, layer::kModel, {}, {}, {}, nullptr},
+    {"荷重ﾁｪｯｸ図", layer::kLoad, "(単位:t)", "(単位:kN)", {}, nullptr},
+    {"変位図", layer::kDisplacement, {}, {}, "DrawDisplacementData", DrawDisplacementData},
+    {"軸力図", layer::kForce, "(単位:t)", "(単位:kN)", "DrawNormalData", DrawNormalData},
+    {"せん断力図", layer::kShear, "(単位:t)", "(単位:kN)", "DrawNormalShearData", DrawNormalShearData},
+    {"ﾓｰﾒﾝﾄ図", layer::kMoment, "(単位:t･m)", "(単位:kN･m)", "DrawMomentData", DrawMomentData},
+    {"Ｓ断面算定用モデル図", layer::kModel, {}, {}, "DrawRatioData", DrawRatioData},
+    {"ＲＣ断面算定用モデル図", layer::kModel, {}, {}, "DrawRatioData", DrawRatioData},
 }};
 
 const KindOfFigure& KindOf(int kind) {
@@ -197,7 +196,7 @@ void DrawTitle(Plot& plot, const Figure& figure, int kind, LabelField& labels) {
   const bool loads = kind == kLoadCheck;
   const std::string title = "タイトル：" + figure.model.title + "   (" + figure.model.name + ")";
   std::string name(shown.name);
-  if (shown.hasCase) name += "  荷重ｹｰｽ=" + std::to_string(figure.loadCase);
+  if (HasLoadCase(kind)) name += "  荷重ｹｰｽ=" + std::to_string(figure.loadCase);
   // Loads stand as they were entered, results in the unit of the output.
   const std::string_view unit =
       IsSI(loads ? figure.model.inUnit : figure.model.outUnit) ? shown.unitSI : shown.unit;
@@ -239,9 +238,9 @@ void DrawFigure(Plot& plot, std::string_view control, Figure& figure, int kind, 
   plot.DrawLayer = layer::kTitle;
   DrawTitle(plot, figure, kind, labels);
   plot.DrawLayer = layer::kModel;
-  const bool ratios = shown.draw == DrawRatioData;
+  const bool ratios = SourceOf(kind) == FigureSource::Design;
   if (!DrawMembers(plot, figure, labels, figure.options.element.visible && !ratios)) return;
-  if (kind == kModelFigure || kind == kLoadCheck) DrawHinges(plot, figure);
+  if (SourceOf(kind) == FigureSource::Tables) DrawHinges(plot, figure);
   DrawNodes(plot, figure, labels);
 
   plot.DrawLayer = shown.layer;
@@ -269,7 +268,7 @@ void PrepareFigure(Plot& plot, std::string_view control, Figure& figure, int kin
   plot.Begin();
   figure.cellWidth = plot.surface.width;
   figure.cellHeight = plot.surface.height;
-  figure.oblique = figure.model.IsGrid() && kind >= kDisplacementFigure;
+  figure.oblique = figure.model.IsGrid() && SourceOf(kind) != FigureSource::Tables;
   MarkShownNodes(figure);
   MarkShownElements(figure);
   PlaceNodes(figure);

@@ -7,25 +7,13 @@
 #include <string_view>
 #include <vector>
 
+#include "graphics/figure_kinds.h"
 #include "graphics/figure_model.h"
 #include "graphics/figure_options.h"
 #include "graphics/plot.h"
 #include "graphics/view.h"
 
 namespace zorlan {
-
-/// Kinds of figure, as `DiagramType` has them. The two ratio figures belong to the openers `DesListS`,
-/// `DesListRC`.
-enum FigureKind : int {
-  kModelFigure,
-  kLoadCheck,
-  kDisplacementFigure,
-  kAxialFigure,
-  kShearFigure,
-  kMomentFigure,
-  kSteelRatioFigure,
-  kRcRatioFigure,
-};
 
 /// A figure and its view, as its form keeps them from one redraw to the next.
 struct Figure {

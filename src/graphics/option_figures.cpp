@@ -89,14 +89,10 @@ FigureOptions FigureOptionsOf(const AnalysisOptions& options) {
 }
 
 FigureOptions FigureOptionsInForce(int kind) {
-  switch (kind) {
-    case kDisplacementFigure:
-    case kAxialFigure:
-    case kShearFigure:
-    case kMomentFigure:
+  switch (SourceOf(kind)) {
+    case FigureSource::Analysis:
       return FigureOptionsOf(DispOptionAna);
-    case kSteelRatioFigure:
-    case kRcRatioFigure:
+    case FigureSource::Design:
       return FigureOptionsOf(DispOptionDesgn);
     default:
       return FigureOptionsOf(DispOption);

@@ -8,7 +8,8 @@
 #include "base/settings_file.h"
 #include "base/text.h"
 #include "base/text_file.h"
-#include "graphics/frame_figure.h"
+#include "graphics/figure_kinds.h"
+#include "graphics/view.h"
 #include "model/model_state.h"
 
 namespace zorlan {
@@ -16,10 +17,6 @@ namespace {
 
 constexpr std::string_view kHandedFile = "SelctLC.Txt", kKeptFile = "AllPrnSet.txt";
 constexpr int kBatchMark = -1, kChecked = -1;
-
-bool HasCases(int kind) {
-  return kind >= kLoadCheck && kind <= kMomentFigure;
-}
 
 std::string PathOf(std::string_view file) {
   return AppPath + std::string(file);
@@ -75,7 +72,7 @@ void TakeTypes(Numbers& numbers, FigureSelection& selection) {
 
 std::optional<std::string_view> SelectionFault(const FigureSelection& selection) {
   if (!selection.batch) {
-    if (HasCases(selection.figureKind) && selection.cases.empty()) return kNoCase;
+    if (HasLoadCase(selection.figureKind) && selection.cases.empty()) return kNoCase;
     return std::nullopt;
   }
   const bool any = std::any_of(selection.types.begin(), selection.types.end(),
@@ -158,7 +155,7 @@ std::vector<SelectedFigure> SelectedFigures(const FigureSelection& selection) {
     for (std::size_t k = 0; k < selection.types.size(); ++k)
       for (const int loadCase : selection.types[k].cases)
         if (selection.types[k].checked) figures.push_back({static_cast<int>(k) + 1, loadCase});
-  } else if (HasCases(selection.figureKind)) {
+  } else if (HasLoadCase(selection.figureKind)) {
     for (const int loadCase : selection.cases) figures.push_back({selection.figureKind, loadCase});
   } else {
     figures.push_back({selection.figureKind, 1});

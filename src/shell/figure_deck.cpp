@@ -18,33 +18,23 @@
 namespace zorlan {
 namespace {
 
-/// What a kind of figure takes from the result folder.
-enum class Source { Deck, Forces, Ratios };
-
 struct KindWord {
   std::string_view word;
   int kind;
-  Source source;
 };
 constexpr std::array kKindWords = {
-    KindWord{"model", kModelFigure, Source::Deck},
-    KindWord{"load", kLoadCheck, Source::Deck},
-    KindWord{"displacement", kDisplacementFigure, Source::Forces},
-    KindWord{"axial", kAxialFigure, Source::Forces},
-    KindWord{"shear", kShearFigure, Source::Forces},
-    KindWord{"moment", kMomentFigure, Source::Forces},
-    KindWord{"steel", kSteelRatioFigure, Source::Ratios},
-    KindWord{"rc", kRcRatioFigure, Source::Ratios},
+    KindWord{"model", kModelFigure},
+    KindWord{"load", kLoadCheck},
+    KindWord{"displacement", kDisplacementFigure},
+    KindWord{"axial", kAxialFigure},
+    KindWord{"shear", kShearFigure},
+    KindWord{"moment", kMomentFigure},
+    KindWord{"steel", kSteelRatioFigure},
+    KindWord{"rc", kRcRatioFigure},
 };
 
-Source SourceOf(int kind) {
-  for (const KindWord& known : kKindWords)
-    if (known.kind == kind) return known.source;
-  return Source::Deck;
-}
-
 void LoadResults(FigureModel& model, const SelectedFigure& choice) {
-  const Source source = SourceOf(choice.kind);
+  const FigureSource source = SourceOf(choice.kind);
   const auto load = [&](auto read, std::string_view complaint) {
     try {
       read();
@@ -52,10 +42,11 @@ void LoadResults(FigureModel& model, const SelectedFigure& choice) {
       throw Fault(DeckPath() + " ： " + std::string(complaint) + "（" + fault.what() + "）");
     }
   };
-  if (source == Source::Forces) load([&] { ReadFigureResults(model, ResultFolder()); }, kNoFittingResults);
-  if (source == Source::Ratios)
+  if (source == FigureSource::Analysis)
+    load([&] { ReadFigureResults(model, ResultFolder()); }, kNoFittingResults);
+  if (source == FigureSource::Design)
     load([&] { ReadFigureRatios(model, choice.kind, ResultFolder()); }, "断面算定の結果がありません");
-  if (source != Source::Deck) TellOfStaleResults(RatioFileOf(choice.kind));
+  if (source != FigureSource::Tables) TellOfStaleResults(RatioFileOf(choice.kind));
 }
 
 /// Does a part of the work that tells the user when there can be no figure.

@@ -93,10 +93,6 @@ void AddForces(std::vector<PickFact>& facts, const Figure& figure, int index) {
   add("ﾓｰﾒﾝﾄＪ", exchanged ? moment.start : moment.end, true);
 }
 
-bool ShowsResults(int kind) {
-  return kind >= kDisplacementFigure && kind <= kMomentFigure;
-}
-
 }  // namespace
 
 std::string PickHeading(const Pick& pick) {
@@ -112,7 +108,7 @@ std::vector<PickFact> PickFacts(const Figure& figure, const Pick& pick) {
     const FigureNode& node = model.nodes[index];
     std::vector<PickFact> facts = NodeFacts(node, node.x, node.y, model.IsGrid());
     if (node.rollerAngle != 0) facts.push_back(RollerFact(node.rollerAngle));
-    if (ShowsResults(figure.DiagramType)) AddDisplacements(facts, figure, pick.index);
+    if (SourceOf(figure.DiagramType) == FigureSource::Analysis) AddDisplacements(facts, figure, pick.index);
     return facts;
   }
   if (index >= model.elements.size()) return {};
@@ -123,7 +119,7 @@ std::vector<PickFact> PickFacts(const Figure& figure, const Pick& pick) {
     const FigureNode& j = model.nodes[static_cast<std::size_t>(element.rowJ)];
     facts.push_back({"要素の長さ", FormatNumber(std::hypot(j.x - i.x, j.y - i.y), kLength)});
   }
-  if (ShowsResults(figure.DiagramType)) AddForces(facts, figure, pick.index);
+  if (SourceOf(figure.DiagramType) == FigureSource::Analysis) AddForces(facts, figure, pick.index);
   if (index < model.ratios.size() && !std::isnan(model.ratios[index]))
     facts.push_back({"判定値", FormatNumber(model.ratios[index], kResult)});
   return facts;

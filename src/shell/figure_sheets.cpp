@@ -89,12 +89,8 @@ FigureSheets SheetsOf(const PrinterRec& printer, std::vector<SelectedFigure> fig
   return sheets;
 }
 
-bool HasLoadCase(int kind) {
-  return kind >= kLoadCheck && kind <= kMomentFigure;
-}
-
 bool NeedsResults(const SelectedFigure& figure) {
-  return figure.kind >= kDisplacementFigure && figure.kind <= kMomentFigure;
+  return SourceOf(figure.kind) == FigureSource::Analysis;
 }
 
 void LoadDisplayOptions() {

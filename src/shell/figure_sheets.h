@@ -29,8 +29,6 @@ struct FigureSheets {
 /// The sheets of these printer settings.
 FigureSheets SheetsOf(const PrinterRec& printer, std::vector<SelectedFigure> figures, int layout);
 
-/// Whether a kind of figure is of one load case.
-bool HasLoadCase(int kind);
 /// Whether a figure is drawn from results of the analysis.
 bool NeedsResults(const SelectedFigure& figure);
 
