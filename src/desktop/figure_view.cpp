@@ -17,7 +17,6 @@
 namespace zorlan {
 namespace {
 
-constexpr double kTwipsPerPixel = 15;
 constexpr double kNotch = 120;         // of a wheel
 constexpr double kKeyStep = 0.125;     // of the widget's side, an arrow key
 constexpr double kQuick = 12;          // ms: what is drawn within these is drawn at once while it moves

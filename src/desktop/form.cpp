@@ -14,6 +14,7 @@
 #include <QStatusBar>
 
 #include "desktop/scroll_content.h"
+#include "graphics/plot_target.h"
 #include "render/qt_text.h"
 #include "shell/projects.h"
 #include "shell/settings.h"
@@ -23,7 +24,6 @@ namespace zorlan {
 namespace {
 
 constexpr int kHintTime = 5000;  // ms: a line is read
-constexpr int kTwipsPerPixel = 15;
 constexpr QPoint kCascadeStart(1700, -250);
 constexpr QPoint kCascadeStep(100, 250);
 constexpr int kCascadeOffset = 28;     // pixels: a title bar

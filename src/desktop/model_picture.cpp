@@ -14,8 +14,6 @@
 namespace zorlan {
 namespace {
 
-constexpr double kTwipsPerPixel = 15;
-
 /// A picture without its texts: they would be too many for its size.
 class Drawing final : public PlotTarget {
  public:

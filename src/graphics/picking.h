@@ -17,7 +17,7 @@ struct Pick {
   int number = 0;  // of the table
 };
 
-inline constexpr double kPickTolerance = 10 * 15;  // ten pixels of the screen
+inline constexpr double kPickTolerance = 10 * kTwipsPerPixel;
 
 /// The nearest shown node within the tolerance, or the nearest shown member, or nothing.
 std::optional<Pick> PickNode(const Figure& figure, Point at, double tolerance = kPickTolerance);

@@ -27,6 +27,7 @@ inline constexpr double kTwipsPerInch = 1440;
 inline constexpr double kTwipsPerCm = kTwipsPerInch / 2.54;
 inline constexpr double kTwipsPerMm = kTwipsPerCm / 10;
 inline constexpr double kTwipsPerPoint = 20;
+inline constexpr double kTwipsPerPixel = 15;  // of the screen, 96 to the inch (TwipsPerPixelX)
 
 /// How a line or a circle is drawn. The width counts dots; a surface shows a dot in the measure that suits it
 /// (a pixel of 96 to the inch on the screen, a finer one on paper).
@@ -41,7 +42,6 @@ struct Surface {
   bool page = false;             // a printed page: margins and cells; else the screen
   double width = 0, height = 0;  // of the whole page, or of the visible area (ScaleWidth, ScaleHeight)
   double marginLeft = 0, marginTop = 0, marginRight = 0, marginBottom = 0;  // of a page
-  double twipsPerPixel = 15;                                                // TwipsPerPixelX
 };
 
 /// Text is measured by rule and not by a font file, so that a figure is the same on every machine: a
