@@ -61,7 +61,12 @@ class DeckHeld {
 /// Tells what the file of the deck in hand isn't, and what of it is read otherwise than it may be meant.
 /// False for one with contents that are no deck.
 bool TellOfDeck(DeckUse use) {
-  const std::string bytes = ReadBytes(DeckPath());
+  std::string bytes;
+  try {
+    bytes = ReadBytes(DeckPath());
+  } catch (const Fault&) {
+    return true;  // the command itself can't read it either, and tells why
+  }
   if (IsBlankDeck(bytes)) return true;
   if (const std::string why = WhyNoDeck(bytes); !why.empty()) {
     Tell(DeckPath() + " ： " + why);

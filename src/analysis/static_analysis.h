@@ -44,7 +44,7 @@ struct AnalysisReport {
   bool deckRead = false;
   int nodes = 0, elements = 0, cases = 0;
   Road road = Road::InMemory;
-  std::vector<CaseTrust> trust;  // a case each, of the in-program solver
+  std::vector<CaseTrust> trust;  // a case each
 };
 const AnalysisReport& LastAnalysis();
 

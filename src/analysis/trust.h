@@ -28,7 +28,8 @@ struct CaseTrust {
 /// A residual above this share of the case's largest load term, or of 1 t where that is less, is lost; a
 /// difference of the sums above this share of all loads or reactions, or of 1 t, is one.
 inline constexpr double kLostResidual = 1e-6;
-/// The same for a case that came back in the companion's printed columns.
+/// The same for a case that came back in the companion's printed columns, by its largest load, end force or
+/// reaction.
 inline constexpr double kLostPrintedResidual = 1e-4;
 
 /// What a judgement must know beside the equations.

@@ -58,8 +58,8 @@ EndValues ShearFromStart(const StressRecord& record, bool exchanged, bool grid) 
 }
 
 bool HasOrdinates(double G, double greatestOfAll) {
-  constexpr double kRounding = 1e-10;
-  return G > kRounding * greatestOfAll;
+  constexpr double kRounding = 1e-10, kLeast = 1e-9;
+  return G > std::max(kLeast, kRounding * greatestOfAll);
 }
 
 double DiagramScale(double height, double Vvkei, double G) {

@@ -60,7 +60,8 @@ EndValues AxialFromStart(const StressRecord& record, bool exchanged);
 EndValues ShearFromStart(const StressRecord& record, bool exchanged, bool grid);
 
 /// Whether a diagram with this greatest absolute value has ordinates, beside the greatest of all forces and
-/// moments (t, t*m): what the solution's rounding leaves where nothing is has none.
+/// moments (t, t*m) of the case: what the solution's rounding leaves where nothing is has none, nor has a
+/// milligram, which is all that rounding leaves where no member has a force.
 bool HasOrdinates(double G, double greatestOfAll);
 
 /// Model units per unit of a result: the greatest absolute value G becomes `height` twips at `Vvkei` model

@@ -140,8 +140,9 @@ struct ShownMember {
 /// None where that case is without such stress.
 std::vector<ShownMember> ShownMembers(const Figure& figure, Greatest greatest) {
   std::vector<ShownMember> shown;
-  const double G = GreatestStress(figure, {figure.loadCase, figure.loadCase}, greatest);
-  if (!HasOrdinates(G, GreatestStress(figure, ScaledCases(figure), GreatestOfAll))) return shown;
+  const CaseRange shownCase = {figure.loadCase, figure.loadCase};
+  const double G = GreatestStress(figure, shownCase, greatest);
+  if (!HasOrdinates(G, GreatestStress(figure, shownCase, GreatestOfAll))) return shown;
   const std::vector<FigureElement>& elements = figure.model.elements;
   for (std::size_t e = 0; e < elements.size() && e < figure.shown.size(); ++e) {
     if (figure.shown[e] == 0) continue;

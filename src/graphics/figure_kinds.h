@@ -21,8 +21,8 @@ enum FigureKind : int {
 enum class FigureSource { Tables, Analysis, Design };
 
 constexpr FigureSource SourceOf(int kind) {
-  if (kind >= kSteelRatioFigure) return FigureSource::Design;
-  return kind >= kDisplacementFigure ? FigureSource::Analysis : FigureSource::Tables;
+  if (kind == kSteelRatioFigure || kind == kRcRatioFigure) return FigureSource::Design;
+  return kind >= kDisplacementFigure && kind <= kMomentFigure ? FigureSource::Analysis : FigureSource::Tables;
 }
 
 /// Whether a kind of figure is of one load case.

@@ -6,9 +6,8 @@
 // DESGNEST.PRM   the mark of the version, then the rows of the design set
 // LOADEST1.PRM   the rows of the analysis set, heights of displacement, axial force and moment, decimals of
 //                axial force, shear and moment, height of shear, the two colours, the flag
-// LOADEST.PRM    the older form of it: without height of shear and colours, with or without the flag; a file
-// of
-//                this name that holds the newer values is read for them
+// LOADEST.PRM    the older form of it: without height of shear and colours, with or without the flag; a
+//                file of this name that holds the newer values is read for them
 //
 // A value is a line, texts in double quotes. What a file lacks, or what can't be meant, is the default; a
 // viewing range is taken whole or not at all.

@@ -1,7 +1,6 @@
 #include "model/deck_notes.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <optional>
 

@@ -47,7 +47,7 @@ std::string Formatted(double value, const NumberPattern& pattern) {
 std::string ColumnText(const TableRow& row, const ListColumn& column) {
   switch (column.kind) {
     case ListColumn::Kind::Whole:
-      return Formatted(Whole(row, column.cell), column.pattern);
+      return Formatted(std::trunc(ReadReal(Cell(row, column.cell))), column.pattern);
     case ListColumn::Kind::Number:
       return Formatted(ReadReal(Cell(row, column.cell)), column.pattern);
     case ListColumn::Kind::Typed:
@@ -189,10 +189,10 @@ std::string InputList::GroupLines() const {
   if (rows.empty()) return {};
   std::string text = std::string(kGroupHead) + std::string(kLineEnd);
   for (const TableRow& row : rows) {
-    text += Formatted(Whole(row, 1), kGroupNumber);
+    text += Formatted(std::trunc(ReadReal(Cell(row, 1))), kGroupNumber);
     for (int node = 1; node < static_cast<int>(row.cells.size()); ++node) {
       if (node > 1 && node % kGroupNodesInLine == 1) text.append(kLineEnd).append(kGroupIndent);
-      text += Formatted(Whole(row, node + 1), kGroupNode);
+      text += Formatted(std::trunc(ReadReal(Cell(row, node + 1))), kGroupNode);
     }
     text += kLineEnd;
   }

@@ -331,21 +331,31 @@ TEST_F(DiagramTest, WhatRoundingLeavesBesideTheGreatForcesHasNoOrdinates) {
   EXPECT_FALSE(Draw(DrawMomentData).empty());
 }
 
-// A member of a thousandth of a tonne in a model as small is no rounding.
-TEST_F(DiagramTest, TheForcesOfASmallModelAreDrawnHoweverSmall) {
-  AddMember({1, 5}, {5, 5}, {.axialI = -5e-11, .momentI = 4e-10, .axialJ = 5e-11, .shearI = 1e-10});
+// Milligrams: a model as small has forces as small.
+TEST_F(DiagramTest, TheForcesOfASmallModelAreDrawn) {
+  AddMember({1, 5}, {5, 5}, {.axialI = -5e-9, .momentI = 4e-8, .axialJ = 5e-9, .shearI = 1e-8});
   EXPECT_NEAR(Draw(DrawMomentData).at(0).y2, 3560, 1e-3);
   EXPECT_NEAR(Draw(DrawNormalData).at(0).y2, 3560, 1e-3);
   EXPECT_NEAR(Draw(DrawNormalShearData).at(0).y2, 3560, 1e-3);
 }
 
-// Which cases say what is small: those that have a part in the scale.
-TEST_F(DiagramTest, ACaseOfRoundingBesideALoadedOneDrawsNothingUnlessItCountsAlone) {
-  AddMember({1, 5}, {5, 5}, {.momentI = 1e-12});
+// A cantilever that is warmed has no forces but what rounding leaves; neither scale makes a picture of it.
+TEST_F(DiagramTest, ACaseOfNothingButRoundingDrawsNothing) {
+  AddMember({1, 5}, {5, 5}, {.axialI = 1.4e-14, .momentI = 1e-12, .shearI = 1e-14});
   figure_.model.maxLoadCase = 2;
   figure_.model.StressTable.push_back({.momentI = 5});
-  EXPECT_TRUE(Draw(DrawMomentData).empty());
-  figure_.options.ScaleOverAllCases = false;
+  for (const bool allCases : {true, false}) {
+    figure_.options.ScaleOverAllCases = allCases;
+    for (const Routine routine : {DrawMomentData, DrawNormalData, DrawNormalShearData})
+      EXPECT_TRUE(Draw(routine).empty()) << allCases;
+  }
+}
+
+// What is small is measured in the case that is shown.
+TEST_F(DiagramTest, AForceOfThisCaseIsNoRoundingBesideAnotherCase) {
+  AddMember({1, 5}, {5, 5}, {.momentI = 1});
+  figure_.model.maxLoadCase = 2;
+  figure_.model.StressTable.push_back({.momentI = 1e12});
   EXPECT_FALSE(Draw(DrawMomentData).empty());
 }
 

@@ -102,6 +102,11 @@ TEST(InputList, NodesOfAFrameShowTheirSprings) {
 }
 
 // An integer field is cut when it is read: the list shows the number that is used.
+TEST(InputList, AWholeNumberBeyondAnyTableIsShownAsItWasTyped) {
+  EXPECT_THAT(InputListText(Tables({{"CONT", "1,1,0,0"}, {"NODE", "12345678901,0,3,0,0,0"}})),
+              testing::HasSubstr("12345678901"));
+}
+
 TEST(InputList, WholeNumbersAreShownAsTheyAreRead) {
   const ModelTables tables = Tables({{"NODE", "2.6,0,3,0.9,1.6,-0.7\n3,4,3.9996,0,0,0"},
                                      {"ELEM", "1.9,2.6,3,0.7,1.5,1.9,2.7"},
