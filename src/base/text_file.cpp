@@ -150,14 +150,16 @@ bool FolderExists(std::string_view path) {
 }
 
 std::optional<std::string> FindName(const std::string& folder, std::string_view name) {
-  const std::string wanted = UpperCase(name);
+  // A name that another program gave may hold characters that are turned into our own where names are typed.
+  const auto plain = [](std::string_view text) { return UpperCase(WithOwnCharacters(text)); };
+  const std::string wanted = plain(name);
   std::optional<std::string> found;
   std::error_code error;  // a folder that can't be looked into has no such name
   fs::directory_iterator entry(NativePath(folder), error);
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
     const std::string known = PathText(entry->path().filename());
     if (known == name) return known;
-    if (UpperCase(known) == wanted && (!found || known < *found)) found = known;
+    if (plain(known) == wanted && (!found || known < *found)) found = known;
   }
   return found;
 }

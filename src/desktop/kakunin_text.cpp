@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <QBoxLayout>
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QLabel>
@@ -133,6 +134,8 @@ void frmKakuninText::Load(bool keepPlace) {
   QString text, note;
   try {
     text = TextOf(file_.Path());
+    if (!file_.Path().empty() && !FileExists(file_.Path()))
+      note = QFileInfo(ToQt(file_.Path())).fileName() + QStringLiteral(" はありません");
   } catch (const std::exception& fault) {
     note = ToQt(fault.what());
     file_.Forget();

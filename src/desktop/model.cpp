@@ -257,8 +257,7 @@ void Model::Noting(Asked asked, Act act) {
   if (asked == Asked::Yes) return act();
   const Hush hush;
   act();
-  fault_ =
-      ToQt(hush.Message()).section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QStringLiteral("　"));
+  fault_ = OneLine(ToQt(hush.Message()));
   ShowNote();
 }
 

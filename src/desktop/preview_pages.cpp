@@ -47,9 +47,8 @@ void PaintOnDots(QPainter& painter, const FigurePicture& picture, const QSizeF& 
   painter.restore();
 }
 
-/// The first two lines of a message beside each other.
-QString OneLine(const QString& message) {
-  return message.section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QLatin1String("　"));
+QString NameOf(const ShownFile& file) {
+  return ToQt(file.Path().substr(file.Path().rfind('/') + 1));
 }
 
 /// Of the model in hand, which may have no name yet.
@@ -77,11 +76,10 @@ ListingPages::ListingPages(int flag, const std::string& path) : flag_(flag) {
 
 bool ListingPages::HasChanged() const {
   // The input list's scratch file also takes the deck of a check: the list stays as it was made.
-  return file_.Changed() && (flag_ != kPrintInputList || !tried_);
+  return file_.Changed() && (flag_ != kPrintInputList || !read_);
 }
 
 QString ListingPages::Read() {
-  tried_ = true;
   ShownFile file = file_;
   file.Look(file_.Path());
   const bool there = FileExists(file.Path());
@@ -90,7 +88,9 @@ QString ListingPages::Read() {
   text_ = std::move(text);
   file_ = file;
   there_ = there;
-  return {};
+  read_ = true;
+  if (there_ || file_.Path().empty()) return {};
+  return NameOf(file_) + QStringLiteral(" はありません");
 }
 
 void ListingPages::Clear() {
@@ -102,7 +102,7 @@ void ListingPages::Clear() {
 
 QString ListingPages::Caption() const {
   if (flag_ == kPrintInputList) return QStringLiteral("入力ファイル　") + ModelName();
-  return ToQt(file_.Path().substr(file_.Path().rfind('/') + 1));
+  return NameOf(file_);
 }
 
 void ListingPages::LayOut() {
@@ -165,9 +165,8 @@ std::optional<std::string_view> FigurePreview::ReadData() {
   if (model.nodes.empty()) return "表示するモデルがありません";
   if (std::ranges::any_of(chosen_, NeedsResults) && !LoadFigureResults(model, AnalysisPath))
     return kNoFittingResults;
-  const auto ratios = std::ranges::find_if(chosen_, [](const SelectedFigure& figure) {
-    return SourceOf(figure.kind) == FigureSource::Design;
-  });
+  const auto ratios = std::ranges::find_if(
+      chosen_, [](const SelectedFigure& figure) { return SourceOf(figure.kind) == FigureSource::Design; });
   if (ratios != chosen_.end() && !LoadFigureRatios(model, ratios->kind, AnalysisPath))
     return "断面算定の結果がありません";
   sheets_.figures = chosen_;

@@ -88,7 +88,7 @@ class ListingPages final : public PreviewPages {
   int flag_;
   ShownFile file_;
   std::string text_;
-  bool tried_ = false, there_ = false;  // it has been read, or found faulty; there was a file
+  bool read_ = false, there_ = false;  // it has been read; there was a file
   TextPages pages_;                     // points into the text
 };
 

@@ -158,7 +158,8 @@ void frmPrnText::LayOut(PageView::Place place) {
   note_->setVisible(!note_->text().isEmpty());
   const int count = Count();
   const QSize sheet = pages_->Sheet();
-  view_->SetGrey(PrinterSettings.colourMode != kColour);  // as it will be printed
+  // As it will be printed; who has no printer hasn't chosen either, and a PDF is in colour.
+  view_->SetGrey(!PrinterSettings.name.empty() && PrinterSettings.colourMode != kColour);
   view_->SetPages(
       count, sheet.width(), sheet.height(),
       [this](QPainter& painter, int page) { pages_->Paint(painter, page); }, place);

@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStackedWidget>
-#include <QStatusBar>
 #include <QTabBar>
 
 #include "base/host.h"

@@ -15,4 +15,9 @@ inline std::string FromQt(const QString& text) {
   return text.toStdString();
 }
 
+/// The first two lines of a message beside each other.
+inline QString OneLine(const QString& message) {
+  return message.section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QStringLiteral("　"));
+}
+
 }  // namespace zorlan

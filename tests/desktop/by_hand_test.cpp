@@ -348,6 +348,11 @@ TEST_F(ByHandTest, APreviewInBlackAndWhiteHasNoColours) {
   Settle();
   EXPECT_GT(colours(), 0);
   PrinterSettings.colourMode = kMonochrome;
+  PrinterSettings.name = "";
+  qobject_cast<frmPrnText*>(OpenForm("frmPrnText"))->LayOut();
+  Settle();
+  EXPECT_GT(colours(), 0) << "there is no printer";
+  PrinterSettings.name = "LP-1";
   qobject_cast<frmPrnText*>(OpenForm("frmPrnText"))->LayOut();
   Settle();
   EXPECT_EQ(colours(), 0);

@@ -53,11 +53,14 @@ TEST_F(ListingsTest, TheReaderShowsTheTextUnderItsHeading) {
   EXPECT_EQ(Child<QPlainTextEdit>(reader, "text")->toPlainText(), QStringLiteral("一行目\n  二行目\n"));
 }
 
-TEST_F(ListingsTest, AMissingFileIsAnEmptyTextAndAnEmptyPreview) {
+TEST_F(ListingsTest, AMissingFileIsAnEmptyTextAndAnEmptyPreviewThatNamesIt) {
   ShowText(kPrintListing, /*preview=*/false, Documents() + "nothing");
   EXPECT_EQ(Child<QPlainTextEdit>(OpenForm("frmKakuninText"), "text")->toPlainText(), QString());
+  EXPECT_EQ(Child<QLabel>(OpenForm("frmKakuninText"), "note")->text(),
+            QStringLiteral("nothing はありません"));
   ShowText(kPrintListing, /*preview=*/true, Documents() + "nothing");
   EXPECT_EQ(Child<QSpinBox>(OpenForm("frmPrnText"), "page")->maximum(), 0);
+  EXPECT_EQ(Child<QLabel>(OpenForm("frmPrnText"), "note")->text(), QStringLiteral("nothing はありません"));
   EXPECT_FALSE(Child<QPushButton>(OpenForm("frmPrnText"), "print")->isEnabled());
 }
 

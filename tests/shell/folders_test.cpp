@@ -44,6 +44,13 @@ TEST_F(FoldersTest, NameIsFoundCaseAsideTheExactOneFirst) {
   EXPECT_EQ(FindName(In("none"), "H.CSV"), std::nullopt);
 }
 
+// Typed names take the code page's own characters; another program may have named the folder.
+TEST_F(FoldersTest, ANameOfForeignCharactersIsFoundByItsOwnOnes) {
+  Write(In("a/案〜１.inp"), "");
+  EXPECT_EQ(FindName(In("a"), "案～１.INP"), "案〜１.inp");
+  EXPECT_EQ(FindName(In("a"), "案-１.inp"), std::nullopt);
+}
+
 TEST_F(FoldersTest, PathInAFolderIsThatOfTheNameItHas) {
   Write(In("a/H.csv"), "");
   EXPECT_EQ(PathIn(In("a/"), "H.CSV"), In("a/H.csv"));
