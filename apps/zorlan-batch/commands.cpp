@@ -127,7 +127,7 @@ ExitCode Csv(const Request& request) {
       WriteCsvFiles(request.csvFolder, request.csvName.empty() ? CsvBaseName() : request.csvName);
   if (!result.written) return kFailed;
   for (const std::string& path : result.paths) PrintError("  " + path);
-  TellOfStaleResults();
+  TellResultRemark();
   return kDone;
 }
 

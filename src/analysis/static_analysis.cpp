@@ -236,8 +236,8 @@ const AnalysisReport& LastAnalysis() {
   return Report;
 }
 
-std::string VerdictOnResults() {
-  const std::string text = ReadTextFileIfAny(AnalysisPath + kVerdictFile).value_or("");
+std::string VerdictOnResults(const std::string& folder) {
+  const std::string text = ReadTextFileIfAny(folder + kVerdictFile).value_or("");
   std::string_view rest = text;
   return std::string(TakeLine(rest).value_or(std::string_view()));
 }

@@ -48,9 +48,9 @@ struct AnalysisReport {
 };
 const AnalysisReport& LastAnalysis();
 
-/// What must be said of the results in AnalysisPath, in a few words; empty: nothing. It is kept beside them,
-/// in the first line of the file DOUBTS, which sound results don't have, so that a model opened again still
+/// What must be said of the results in a folder, in a few words; empty: nothing. It is kept beside them, in
+/// the first line of the file DOUBTS, which sound results don't have, so that a model opened again still
 /// tells it.
-std::string VerdictOnResults();
+std::string VerdictOnResults(const std::string& folder);
 
 }  // namespace zorlan

@@ -46,7 +46,7 @@ void LoadResults(FigureModel& model, const SelectedFigure& choice) {
     load([&] { ReadFigureResults(model, ResultFolder()); }, kNoFittingResults);
   if (source == FigureSource::Design)
     load([&] { ReadFigureRatios(model, choice.kind, ResultFolder()); }, "断面算定の結果がありません");
-  if (source != FigureSource::Tables) TellOfStaleResults(RatioFileOf(choice.kind));
+  if (source != FigureSource::Tables) TellResultRemark(RatioFileOf(choice.kind));
 }
 
 /// Does a part of the work that tells the user when there can be no figure.

@@ -11,7 +11,6 @@
 #include "base/host.h"
 #include "base/number.h"
 #include "base/text_file.h"
-#include "model/model_state.h"
 #include "model/table_file.h"
 #include "shell/menu.h"
 #include "shell/projects.h"
@@ -97,14 +96,14 @@ std::string_view StaleWords(std::string_view designFile) {
   return !designFile.empty() && IsStale(designFile) ? kStaleDesign : std::string_view();
 }
 
-void TellOfStaleResults(std::string_view designFile) {
-  const std::string_view words = StaleWords(designFile);
-  if (!words.empty()) Tell(DeckPath() + " ： " + std::string(words));
+std::string ResultRemark(std::string_view designFile, const std::string& folder) {
+  if (const std::string_view stale = StaleWords(designFile); !stale.empty()) return std::string(stale);
+  return HasForces(folder) ? VerdictOnResults(folder) : "";
 }
 
-std::string ResultRemark(std::string_view designFile) {
-  if (const std::string_view stale = StaleWords(designFile); !stale.empty()) return std::string(stale);
-  return HasForces() ? VerdictOnResults() : "";
+void TellResultRemark(std::string_view designFile) {
+  const std::string remark = ResultRemark(designFile, ResultFolder());
+  if (!remark.empty()) Tell(DeckPath() + " ： " + remark);
 }
 
 ModelStatus CurrentModelStatus() {

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "model/model_state.h"
+
 namespace zorlan {
 
 /// Of what the results in the analysis folder are: there are none, of the model before it was changed, typed
@@ -20,12 +22,12 @@ std::vector<std::string_view> StaleResultFiles();
 /// design whose file in the result folder is named. Empty where they are of the model as it stands, and where
 /// there are none.
 std::string_view StaleWords(std::string_view designFile = {});
-/// Tells them with the deck's name, where nobody sees the status.
-void TellOfStaleResults(std::string_view designFile = {});
 
-/// What must be said beside the results: that they are stale, in the words above, or can't be trusted. Empty:
-/// nothing.
-std::string ResultRemark(std::string_view designFile = {});
+/// What must be said beside the results in a folder: that they are stale, in the words above, or can't be
+/// trusted. Empty: nothing.
+std::string ResultRemark(std::string_view designFile = {}, const std::string& folder = AnalysisPath);
+/// Tells it of the stored results with the deck's name, where nobody sees the status.
+void TellResultRemark(std::string_view designFile = {});
 
 /// Short texts for the user; an empty one has nothing to say.
 struct ModelStatus {

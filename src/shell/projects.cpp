@@ -145,9 +145,9 @@ const ModelPlace& Origin() {
   return OriginInHand;
 }
 
-bool HasForces() {
+bool HasForces(const std::string& folder) {
   std::error_code missing;
-  const auto length = std::filesystem::file_size(NativePath(AnalysisPath + "FT031"), missing);
+  const auto length = std::filesystem::file_size(NativePath(folder + "FT031"), missing);
   return !missing && length > 0;
 }
 

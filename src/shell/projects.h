@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/model_state.h"
+
 namespace zorlan {
 
 /// Where a model lies, part by part as in DataPath, ProjectName and ModelFile.
@@ -41,8 +43,8 @@ extern ResultFiles Results;
 void LookAtResults();
 /// The listing alone: a command has removed it.
 void LookAtListing();
-/// Whether the analysis folder holds forces now: FT031 is there and not empty.
-bool HasForces();
+/// Whether a folder of results holds forces now: FT031 is there and not empty.
+bool HasForces(const std::string& folder = AnalysisPath);
 
 /// The main window's caption: title and model, as the commands have set it.
 const std::string& MainCaption();

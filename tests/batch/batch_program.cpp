@@ -154,6 +154,13 @@ std::string CantileverDeck() {
   return LongCantileverDeck(2, 1);
 }
 
+std::string HiddenMechanismDeck() {
+  return "@CONT\n1,1,0,0\n@UNIT\n1,1,9.80665,0\n"
+         "@NODE\n1,0,0,1,1,0\n2,3,0.7,0,0,0\n3,7,1.9,0,1,0\n4,9,4.1,0,0,0\n"
+         "@ELEM\n1,1,2,0,1,1\n2,2,3,1,0,1\n3,3,4,0,0,1\n@SECT\n1,0,100,20000,0,0,1,205000,79000\n"
+         "@PLOD\n1,2,0,-10,0\n1,4,0,-10,0\n";
+}
+
 std::string LongCantileverDeck(int nodes, int cases) {
   std::string text =
       "@TITL\n片持梁\n@SUBT\n\n@CONT\n1," + std::to_string(cases) + ",0,0\n@UNIT\n1,1,9.80665,0\n@NODE\n";

@@ -66,6 +66,10 @@ class BatchProgram {
 /// A cantilever of 4 m with a load at its end: the smallest deck that has everything.
 std::string CantileverDeck();
 
+/// Three members in a row, pinned where they fall: rounding hides the mechanism from the solver, so that
+/// there are results, and they can't be trusted.
+std::string HiddenMechanismDeck();
+
 /// Nodes in a row, 1 m apart, fixed at the first one, loaded at the last, in so many cases.
 std::string LongCantileverDeck(int nodes, int cases);
 

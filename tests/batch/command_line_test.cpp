@@ -259,6 +259,18 @@ TEST(BatchCsv, ResultsOlderThanTheDeckAreToldAndWritten) {
   EXPECT_THAT(result.err, HasSubstr("model.inp ： 解析結果は変更前のものです"));
 }
 
+TEST(BatchCsv, ResultsThatCannotBeTrustedAreToldAndWritten) {
+  const BatchProgram program;
+  program.Deck("model.inp", HiddenMechanismDeck());
+  program.Deck("sound.inp", CantileverDeck());
+  ASSERT_EQ(program.Run({"analyze", "model.inp", "sound.inp"}).exitCode, 0);
+  const BatchResult result = program.Run({"csv", "model.inp", "sound.inp", "--folder", "."});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_THAT(result.err, HasSubstr("model.inp ： 解析結果は信頼できません"));
+  EXPECT_THAT(result.err, Not(HasSubstr("sound.inp ： 解析結果")));
+  EXPECT_TRUE(program.Exists("model_D.CSV"));
+}
+
 // Each deck's results are its own: what a former deck of the command left doesn't serve the next.
 TEST(BatchCsv, NeverTakesTheResultsOfTheDeckBefore) {
   const BatchProgram program;

@@ -156,6 +156,24 @@ TEST_F(BatchFigure, ResultsOlderThanTheDeckAreToldAndDrawn) {
   EXPECT_THAT(Draw("rc", "e.dxf").err, HasSubstr("梁.inp ： 断面算定の結果は変更前のものです"));
 }
 
+TEST_F(BatchFigure, ResultsThatCannotBeTrustedAreToldAndDrawn) {
+  program_.Deck("梁.inp", HiddenMechanismDeck());
+  ASSERT_EQ(program_.Run({"analyze", "梁.inp"}).exitCode, 0);
+  program_.File("梁.ANA/SIG_RC", "0.2\r\n");
+  const struct {
+    const char *kind, *file;
+  } figures[] = {{"moment", "a.dxf"}, {"displacement", "b.svg"}, {"rc", "c.tmp"}};
+  for (const auto& [kind, file] : figures) {
+    const BatchResult result = Draw(kind, file);
+    EXPECT_EQ(result.exitCode, 0) << file;
+    EXPECT_THAT(result.err, HasSubstr("梁.inp ： 解析結果は信頼できません")) << file;
+    EXPECT_TRUE(program_.Exists(file));
+  }
+  EXPECT_THAT(Draw("load", "d.dxf").err, IsEmpty());
+  program_.Shell("touch -d '1 hour' 梁.inp");
+  EXPECT_THAT(Draw("moment", "e.dxf").err, AllOf(HasSubstr("変更前"), Not(HasSubstr("信頼"))));
+}
+
 TEST_F(BatchFigure, ADesignWithoutARatioIsAFailureAndLeavesNoFile) {
   for (const std::string& bytes :
        {std::string(), std::string("\x00\xFF\x81\x12", 4), std::string("abc\r\n1\r\n")})

@@ -104,6 +104,31 @@ TEST_F(ModelStatusTest, ADesignOlderThanTheDeckIsToldBesideResultsThatAreNot) {
   EXPECT_EQ(StaleWords(), "解析結果は変更前のものです");
 }
 
+TEST_F(ModelStatusTest, StoredResultsThatCannotBeTrustedAreToldWhereNobodySeesTheStatus) {
+  std::vector<std::string> told;
+  Host host;
+  host.message = [&told](std::string_view text, std::string_view) { told.emplace_back(text); };
+  InstallHost(host);
+  StoreForces(1);
+  TellResultRemark();
+  EXPECT_EQ(told, std::vector<std::string>());
+  ReplaceTextFile(ResultFolder() + "DOUBTS", "解析結果は信頼できません\r\n荷重ケース 1\r\n");
+  EXPECT_EQ(ResultRemark(), "") << "those in the analysis folder have no doubts";
+  TellResultRemark();
+  TellResultRemark("SIG_RC");
+  StoreForces(-1);
+  TellResultRemark();
+  const std::string untrusted = DeckPath() + " ： 解析結果は信頼できません";
+  EXPECT_EQ(told,
+            (std::vector<std::string>{untrusted, untrusted, DeckPath() + " ： 解析結果は変更前のものです"}));
+  told.clear();
+  RemoveFile(ResultFolder() + "FT031");  // a run that was killed while it removed results
+  RemoveFile(AnalysisPath + "FT031");
+  TellResultRemark("SIG_RC");
+  EXPECT_EQ(told, std::vector<std::string>());
+  InstallHost({});
+}
+
 TEST_F(ModelStatusTest, TheNumberOfLoadCasesIsSaidAsANumber) {
   InpModel.ModelCode = 1;
   InpModel.MaxLoadCase = 2;
