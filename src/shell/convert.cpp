@@ -272,6 +272,13 @@ bool ConsentsToFolder(const std::string& folder) {
                             Buttons::YesNo) == Answer::Yes;
 }
 
+/// Removes what was computed of the deck that stood there. Where that fails the new deck stands all the same.
+void RemoveFormerResults(const ModelPlace& place) try {
+  RemoveStoredResults(place);
+} catch (const Fault& fault) {
+  Tell(fault.what());
+}
+
 }  // namespace
 
 OldModel ReadOldModel(const std::string& folder) {
@@ -307,7 +314,7 @@ bool ConvertOldModel(const std::string& folder, const std::string& deckPath, std
   const Conversion conversion = ConvertedDeck(ReadOldModel(folder), subtitle);
   MakeFolder(target);
   ReplaceTextFile(deckPath, conversion.deck);
-  RemoveStoredResults({target, "", PathText(NativePath(deckPath).filename())});
+  RemoveFormerResults({target, "", PathText(NativePath(deckPath).filename())});
   if (!conversion.notes.empty()) Tell(Joined(conversion.notes));
   return true;
 } catch (const Fault& fault) {

@@ -39,7 +39,8 @@ Conversion ConvertedDeck(const OldModel& model, std::string_view subtitle = {});
 
 /// Converts the model in `folder` into the deck at `deckPath`, and answers whether it stands. A missing
 /// target folder is made if the user consents. Results and listing of a deck that stood there go once the new
-/// one stands. What fails is told to the user, and a deck that is already there then stays as it was.
+/// one stands; those that can't be removed are told. What fails before that is told to the user, and a deck
+/// that is already there then stays as it was.
 bool ConvertOldModel(const std::string& folder, const std::string& deckPath, std::string_view subtitle = {});
 
 }  // namespace zorlan

@@ -370,6 +370,16 @@ TEST_F(ConvertOldModelTest, TheResultsOfTheDeckThatWasThereGoWithIt) {
   EXPECT_FALSE(FileExists(ListingPath()));
 }
 
+TEST_F(ConvertOldModelTest, ResultsThatCannotBeRemovedAreToldBesideTheNotesAndTheDeckStands) {
+  WriteDeck("@TITL\n前のモデル\n");
+  MakeFolder(ListingPath());  // no file that could be removed
+  ReplaceBytes(ListingPath() + "/kept", "x");
+  WriteOld("ft077", "率 50%\n");
+  EXPECT_TRUE(ConvertOldModel(OldFolder(), DeckPath()));
+  EXPECT_THAT(messages_, ElementsAre(HasSubstr(ListingPath()), HasSubstr("ft077")));
+  EXPECT_THAT(Read(DeckPath()), testing::StartsWith("@TITL   %タイトル\n率"));
+}
+
 TEST_F(ConvertOldModelTest, AFolderWithoutAnOldModelIsToldAndReplacesNothing) {
   WriteDeck("@TITL\n良いモデル\n");
   WriteOld("model.inp", "");
