@@ -59,8 +59,9 @@ void LoadDeck();
 /// file RawModel is empty and all else stays as it was. With `checkMode` the input check's messages are
 /// written to `InputErr.txt` in the work folder, in place of a former check's. A row with too few fields is
 /// dropped, and a spring against a direction without spring code is zeroed, in either mode. Throws Fault with
-/// file, line and words for a number that doesn't fit 16 bits, a value out of range, or a table beyond its
-/// limit; RawModel is empty then, and InpModel, CalcModel and the units stay as they were.
+/// file and line, in the work folder table and row, and words for a number that doesn't fit 16 bits, a value
+/// out of range, or a table beyond its limit; RawModel is empty then, and InpModel, CalcModel and the units
+/// stay as they were.
 void ReadDeck(const std::string& path, bool checkMode = true);
 
 /// Arrays at their limits, contents kept.

@@ -12,6 +12,7 @@
 #include "model/input_check.h"
 #include "model/model_state.h"
 #include "model/number_rows.h"
+#include "model/table_file.h"
 
 namespace zorlan {
 namespace {
@@ -327,6 +328,26 @@ void ConvertForcesFromSI(ModelRec& model, double g) {
   }
 }
 
+/// Where a line of a deck's text is, in words. A deck in the work folder is the tables joined, which the user
+/// knows by their rows.
+std::string PlaceOfLine(const std::string& path, std::string_view text, int lineNumber) {
+  std::string section;
+  int row = 0;
+  for (int n = 0; n < lineNumber; ++n) {
+    const std::string_view line = TakeLine(text).value_or(std::string_view());
+    const std::string_view content = DeckLine(line);
+    if (!NoSpc(line).empty()) ++row;  // an empty line is no row of a table, a comment is one
+    if (!content.starts_with('@')) continue;
+    section = UpperCase(content.substr(1));
+    row = 0;
+  }
+  if (!WorkPath.empty() && path.starts_with(WorkPath))
+    for (const TableName& table : kTables)
+      if (table.key == section)
+        return std::string(table.comment.substr(1)) + " " + std::to_string(row) + "行目";
+  return path + " （" + std::to_string(lineNumber) + "行目）";
+}
+
 }  // namespace
 
 void ConvertToAnalysisUnits(ModelRec& model, double g) {
@@ -370,7 +391,7 @@ void ReadDeck(const std::string& path, bool checkMode) {
     }
   } catch (const Fault& fault) {
     writeMessages();
-    throw Fault(path + " （" + std::to_string(lineNumber) + "行目） ： " + fault.what());
+    throw Fault(PlaceOfLine(path, text, lineNumber) + " ： " + fault.what());
   }
 
   RawModel = reader.TakeModel();

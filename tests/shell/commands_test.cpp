@@ -224,9 +224,10 @@ TEST_F(CommandsTest, CheckStopsAtAFormThatRefuses) {
 }
 
 TEST_F(CommandsTest, CheckOfATableThatCannotBeReadIsReported) {
-  Write(WorkPath + "NODE", "99999,0,0,0,0,0\n");
+  Write(WorkPath + "NODE", "1,0,0,1,1,1\n\n99999,0,0,0,0,0\n");
   CheckInput();
-  EXPECT_THAT(told, ElementsAre(HasSubstr("99999")));
+  EXPECT_THAT(told, ElementsAre(testing::AllOf(HasSubstr("節点データ 2行目 ： 第1項目 「99999」"),
+                                               testing::Not(HasSubstr("TmpFile")))));
 }
 
 TEST_F(CommandsTest, CheckShowsWhatItFoundAheadOfARowThatEndsIt) {
