@@ -248,10 +248,11 @@ void FormArea::BringToFront(Form* form) {
 void FormArea::Show(std::unique_ptr<Form> made) {
   Qt::WindowFlags bar = Qt::SubWindow;  // with all its buttons
   if (made->KeepsItsSize()) bar |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
-  auto* const frame = new FormFrame(viewport(), bar);
+  auto* const frame = new FormFrame;
   Form* const form = made.release();
   frame->setWidget(form);
-  addSubWindow(frame, bar);
+  addSubWindow(frame);
+  frame->setWindowFlags(bar);  // behind the area, which adds the menu of the system with its icon
   frame->setAttribute(Qt::WA_DeleteOnClose);
   frame->setStyle(frameStyle_.get());
   frame->setWindowIcon(window()->windowIcon());

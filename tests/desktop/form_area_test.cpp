@@ -85,6 +85,18 @@ TEST_F(FormAreaTest, AFormThatIsMaximizedBecauseTheOneBeforeWasIsNotKeptSo) {
   EXPECT_FALSE(place.maximized);
 }
 
+TEST_F(FormAreaTest, TheBarOfAFormThatKeepsItsSizeHasRoomForItsTitleAlone) {
+  OpenSample(QStringLiteral("連続梁"));
+  const Qt::WindowFlags menu = FrameOf(OpenForm("frmInputMenu"))->windowFlags();
+  EXPECT_TRUE(menu.testFlag(Qt::WindowTitleHint));
+  EXPECT_FALSE(menu.testFlag(Qt::WindowSystemMenuHint)) << "with it come the icon and the buttons";
+  EXPECT_FALSE(menu.testFlag(Qt::WindowMaximizeButtonHint));
+  const Qt::WindowFlags nodes = FrameOf(OpenNodes())->windowFlags();
+  for (const Qt::WindowType button : {Qt::WindowSystemMenuHint, Qt::WindowMinimizeButtonHint,
+                                      Qt::WindowMaximizeButtonHint, Qt::WindowCloseButtonHint})
+    EXPECT_TRUE(nodes.testFlag(button)) << button;
+}
+
 TEST_F(FormAreaTest, AFormOfOneRowIsNeverSmallerThanItsContent) {
   OpenSample(QStringLiteral("連続梁"));
   SaveWindowPlace("InpCONT", {10, 10, 120, 60, false});
