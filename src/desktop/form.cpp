@@ -259,14 +259,21 @@ void FormArea::Show(std::unique_ptr<Form> made) {
   frame->installEventFilter(this);
   connect(frame, &QMdiSubWindow::windowStateChanged, this,
           [this, frame](Qt::WindowStates before, Qt::WindowStates now) {
-            if ((before ^ now) & Qt::WindowMaximized)
-              frame->SetCarried(now.testFlag(Qt::WindowMaximized) && frame != front_);
+            if ((before ^ now) & Qt::WindowMaximized) NoteMaximized(frame, now.testFlag(Qt::WindowMaximized));
             if ((before ^ now) & (Qt::WindowMaximized | Qt::WindowMinimized)) GiveKeys();
           });
   ScrollWhereTooLarge(*form, RoomInFrame());
   Place(frame, FromQt(form->objectName()));
   frame->show();
   form->setFocus();
+}
+
+void FormArea::NoteMaximized(FormFrame* frame, bool maximized) {
+  frame->SetCarried(maximized && frame != front_);
+  // The toolkit hands the state on to whatever comes to the front: a form that keeps its size is put right as
+  // soon as the toolkit has done with it.
+  if (maximized && FormIn(frame)->KeepsItsSize())
+    QMetaObject::invokeMethod(frame, &QWidget::showNormal, Qt::QueuedConnection);
 }
 
 void FormArea::GiveKeys() {

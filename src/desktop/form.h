@@ -145,6 +145,7 @@ class FormArea : public QMdiArea {
   QSize RoomInFrame() const;  // for a form
   /// The form in front takes the keys, when it has come there or its frame has changed its size.
   void GiveKeys();
+  void NoteMaximized(FormFrame* frame, bool maximized);
   void Place(FormFrame* frame, const std::string& name);
   /// Gives two frames places that don't overlap, if there is room for both.
   void Part(FormFrame* frame, FormFrame* kept) const;

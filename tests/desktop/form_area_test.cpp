@@ -97,6 +97,21 @@ TEST_F(FormAreaTest, TheBarOfAFormThatKeepsItsSizeHasRoomForItsTitleAlone) {
     EXPECT_TRUE(nodes.testFlag(button)) << button;
 }
 
+TEST_F(FormAreaTest, AFormThatKeepsItsSizeIsNotMaximizedBecauseTheOneBeforeWas) {
+  OpenSample(QStringLiteral("連続梁"));
+  const QMdiSubWindow* const menu = FrameOf(OpenForm("frmInputMenu"));
+  const QRect place = menu->geometry();
+  FrameOf(OpenForm("Model"))->showMaximized();
+  TableWindow* const nodes = OpenNodes();
+  ASSERT_TRUE(FrameOf(nodes)->isMaximized());
+  CloseOf(nodes);
+  CloseOf(OpenForm("Model"));
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  ASSERT_EQ(Window().Forms().activeSubWindow(), menu);
+  EXPECT_FALSE(menu->isMaximized());
+  EXPECT_EQ(menu->geometry(), place);
+}
+
 TEST_F(FormAreaTest, AFormOfOneRowIsNeverSmallerThanItsContent) {
   OpenSample(QStringLiteral("連続梁"));
   SaveWindowPlace("InpCONT", {10, 10, 120, 60, false});
