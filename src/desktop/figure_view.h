@@ -51,7 +51,8 @@ class FigureView : public QWidget {
   std::optional<QPointF> MarkedPlace() const;
 
   QSize sizeHint() const override { return {860, 560}; }
-  QSize minimumSizeHint() const override { return {160, 120}; }
+  /// Low: in a small window the lines of tools above it come first.
+  QSize minimumSizeHint() const override { return {160, 1}; }
 
  signals:
   /// A click, with what lies under it.

@@ -65,6 +65,14 @@ class FiguresTest : public DesktopTest {
     QApplication::sendEvent(&View(), &event);
   }
   void Key(Qt::Key key) { QTest::keyClick(&View(), key); }
+  /// The window's content gets this size.
+  void Resize(const QSize& size) {
+    QWidget* const frame = Window()->parentWidget();
+    frame->resize(frame->size() + size - Window()->size());
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    ASSERT_EQ(Window()->size(), size);
+  }
+  QWidget* Bar() { return Window()->findChild<QToolButton*>()->parentWidget(); }
   bool PanelIsShown() { return Child<QWidget>(&View(), "pickPanel")->isVisible(); }
   QString Panel() { return Child<QLabel>(&View(), "pickHeading")->text(); }
   QString Facts() { return Child<QLabel>(&View(), "pickFacts")->text(); }
@@ -74,6 +82,14 @@ TEST_F(FiguresTest, OpeningAModelShowsItsFigure) {
   ASSERT_NE(Window(), nullptr);
   EXPECT_EQ(FromQt(Window()->windowTitle()), "入力データモデル図");
   EXPECT_EQ(Shown().model.nodes.size(), 9u);
+}
+
+TEST_F(FiguresTest, InASmallWindowTheBarIsWholeAndTheFigureHasTheRest) {
+  Resize({240, 155});
+  ASSERT_GT(Bar()->heightForWidth(240), 155 / 2) << "or there is room for both anyway";
+  EXPECT_EQ(Bar()->height(), Bar()->heightForWidth(Bar()->width()));
+  EXPECT_EQ(View().y(), Bar()->height());
+  EXPECT_GT(View().height(), 0);
 }
 
 TEST_F(FiguresTest, EveryFigureOpensFromTheMenu) {
