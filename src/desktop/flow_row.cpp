@@ -1,8 +1,17 @@
 #include "desktop/flow_row.h"
 
 #include <algorithm>
+#include <QFrame>
 
 namespace zorlan {
+namespace {
+
+bool IsSeparator(const QLayoutItem* item) {
+  const auto* const frame = qobject_cast<const QFrame*>(item->widget());
+  return frame != nullptr && frame->frameShape() == QFrame::VLine;
+}
+
+}  // namespace
 
 FlowRow::~FlowRow() {
   for (QLayoutItem* const item : items_) delete item;
@@ -49,26 +58,34 @@ void FlowRow::setGeometry(const QRect& place) {
 }
 
 int FlowRow::LayOut(const QRect& place, bool move) const {
+  const auto leaveOut = [&](QLayoutItem* item) {
+    if (move) item->setGeometry(QRect(place.topLeft(), QSize(0, item->sizeHint().height())));
+  };
   int y = place.y();
-  for (auto first = items_.begin(); first != items_.end();) {
+  std::vector<QLayoutItem*> line;
+  for (auto next = items_.begin(); next != items_.end();) {
     // One line: as many as there is room for, and one at least.
-    int width = 0, height = 0;
-    auto end = first;
-    for (; end != items_.end(); ++end) {
-      if ((*end)->isEmpty()) continue;
-      const QSize size = (*end)->sizeHint();
-      if (width > 0 && width + size.width() > place.width()) break;
-      width += size.width() + Gap();
-      height = std::max(height, size.height());
+    line.clear();
+    for (int width = 0; next != items_.end(); ++next) {
+      if ((*next)->isEmpty()) continue;
+      if (line.empty() && IsSeparator(*next)) {
+        leaveOut(*next);
+        continue;
+      }
+      const int wanted = (*next)->sizeHint().width();
+      if (!line.empty() && width + wanted > place.width()) break;
+      width += wanted + Gap();
+      line.push_back(*next);
     }
-    int x = place.x();
-    for (; first != end; ++first) {
-      if ((*first)->isEmpty()) continue;
-      const QSize size = (*first)->sizeHint();
-      if (move) (*first)->setGeometry(QRect(QPoint(x, y + (height - size.height()) / 2), size));
+    for (; !line.empty() && IsSeparator(line.back()); line.pop_back()) leaveOut(line.back());
+    int x = place.x(), height = 0;
+    for (const QLayoutItem* const item : line) height = std::max(height, item->sizeHint().height());
+    for (QLayoutItem* const item : line) {
+      const QSize size = item->sizeHint();
+      if (move) item->setGeometry(QRect(QPoint(x, y + (height - size.height()) / 2), size));
       x += size.width() + Gap();
     }
-    y += height + (end == items_.end() ? 0 : Gap());
+    y += height + (next == items_.end() ? 0 : Gap());
   }
   return y - place.y();
 }

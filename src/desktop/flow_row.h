@@ -1,4 +1,5 @@
-// A row of widgets that goes on in the next line where it is longer than its window is wide.
+// A row of widgets that goes on in the next line where it is longer than its window is wide. A separator that
+// would begin or end a line is left out.
 #pragma once
 
 #include <QLayout>

@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QFrame>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -90,6 +91,31 @@ TEST_F(FiguresTest, InASmallWindowTheBarIsWholeAndTheFigureHasTheRest) {
   EXPECT_EQ(Bar()->height(), Bar()->heightForWidth(Bar()->width()));
   EXPECT_EQ(View().y(), Bar()->height());
   EXPECT_GT(View().height(), 0);
+}
+
+TEST_F(FiguresTest, ASeparatorOfTheBarStandsBetweenTwoToolsOfItsLine) {
+  int shown = 0, leftOut = 0;
+  for (int width = 200; width <= 460; width += 10) {
+    Resize({width, 300});
+    for (const QFrame* const line : Bar()->findChildren<QFrame*>()) {
+      if (line->frameShape() != QFrame::VLine) continue;
+      if (line->width() == 0) {
+        ++leftOut;
+        continue;
+      }
+      ++shown;
+      bool before = false, behind = false;
+      for (const QToolButton* const tool : Bar()->findChildren<QToolButton*>()) {
+        if (!tool->isVisible() || tool->y() > line->geometry().bottom() ||
+            tool->geometry().bottom() < line->y())
+          continue;
+        (tool->x() < line->x() ? before : behind) = true;
+      }
+      EXPECT_TRUE(before && behind) << width << ": " << line->x() << ", " << line->y();
+    }
+  }
+  EXPECT_GT(shown, 0);
+  EXPECT_GT(leftOut, 0);
 }
 
 TEST_F(FiguresTest, EveryFigureOpensFromTheMenu) {
