@@ -152,8 +152,12 @@ void Form::NoteEdit() {
   TheWindows().refresh();
 }
 
-bool Form::CanUndo() const {
+bool Form::TakesEdits() const {
   return HasGrid() || IsTableForm(FromQt(objectName()));
+}
+
+bool Form::CanUndo() const {
+  return TakesEdits();
 }
 
 bool Form::CanRedo() const {

@@ -56,6 +56,9 @@ class Form : public QWidget {
   /// Whether it holds what isn't committed to the model's tables.
   virtual bool IsChanged() const { return false; }
 
+  /// Whether the Edit menu has something to work on.
+  bool TakesEdits() const;
+
   /// Whether its edits have a step to take back, or one that was taken back. A box of text knows it alone.
   virtual bool CanUndo() const;
   virtual bool CanRedo() const;

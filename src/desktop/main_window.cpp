@@ -85,12 +85,6 @@ const Form* FormInFront(const FormArea& forms) {
   return front == nullptr ? nullptr : qobject_cast<const Form*>(front->widget());
 }
 
-/// Whether the Edit menu has something to work on.
-bool HasGridInFront(const FormArea& forms) {
-  const Form* const form = FormInFront(forms);
-  return form != nullptr && (form->HasGrid() || IsTableForm(FromQt(form->objectName())));
-}
-
 template <SheetKind kind>
 void OpenSheet(MainWindow& window) {
   OpenSectionTable(window, kind);
@@ -297,8 +291,8 @@ void MainWindow::ComeToFront(const QString& deck) {
 
 void MainWindow::Refresh() {
   setWindowTitle(ToQt(MainCaption()));
-  MenuFacts facts = CurrentMenuFacts(HasGridInFront(*forms_));
   const Form* const front = FormInFront(*forms_);
+  MenuFacts facts = CurrentMenuFacts(front != nullptr && front->TakesEdits());
   facts.undo = front != nullptr && front->CanUndo();
   facts.redo = front != nullptr && front->CanRedo();
   menu_->Update(facts);
