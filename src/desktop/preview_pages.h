@@ -89,7 +89,7 @@ class ListingPages final : public PreviewPages {
   ShownFile file_;
   std::string text_;
   bool read_ = false, there_ = false;  // it has been read; there was a file
-  TextPages pages_;                     // points into the text
+  TextPages pages_;                    // points into the text
 };
 
 /// Figures of the model in hand in the cells of their pages. They follow its tables and results.
